@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "os/types.h"
+
+namespace os {
+
+enum class PathKind { Missing, File, Directory };
+
+/// What a path names (GetFileAttributesW); Missing for every failure. Any thread.
+[[nodiscard]] PathKind QueryPath(const std::wstring& path);
+
+/// Creates one folder; its parent must exist (CreateDirectoryW). Any thread.
+Status CreateFolder(const std::wstring& path);
+
+/// Copies a file, overwriting the target (CopyFileW). Any thread; blocks for the length of the copy.
+Status OverwriteByCopy(const std::wstring& from, const std::wstring& to);
+
+/// The folder of application data common to all users, such as "C:\ProgramData" (SHGetFolderPathW,
+/// CSIDL_COMMON_APPDATA). Empty when the system cannot tell. Any thread.
+[[nodiscard]] std::optional<std::wstring> CommonAppDataFolder();
+
+/// The full path of this program's file, at most 260 characters (GetModuleFileNameW). Any thread.
+[[nodiscard]] std::wstring OwnProgramPath();
+
+/// A file version: four numbers, most significant first (VS_FIXEDFILEINFO).
+struct FileVersion {
+  std::uint16_t major = 0, minor = 0, build = 0, revision = 0;
+};
+
+/// The fixed file version in a program's version resource (GetFileVersionInfoW, VerQueryValueW "\"); empty when the
+/// file has none or cannot be read. Any thread; a file read.
+[[nodiscard]] std::optional<FileVersion> ReadFileVersion(const std::wstring& path);
+
+}  // namespace os

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+
+#include "os/types.h"
+
+namespace os {
+
+/// A kernel object the process holds open (HANDLE).
+enum class KernelObject : std::uint64_t { None = 0 };
+void CloseKernelObject(KernelObject object) noexcept;
+using Mutex = Owned<KernelObject, CloseKernelObject>;
+using Event = Owned<KernelObject, CloseKernelObject>;
+
+struct NamedMutex {
+  Mutex mutex;                  // empty when it could not be created at all
+  bool alreadyExisted = false;  // somebody else holds one of this name (ERROR_ALREADY_EXISTS)
+};
+
+/// Creates or opens a named mutex without owning it (CreateMutexW, then GetLastError).
+[[nodiscard]] NamedMutex CreateNamedMutex(const wchar_t* name);
+
+/// Opens an existing named event for changing it (OpenEventW, EVENT_MODIFY_STATE); empty when there is none.
+[[nodiscard]] Event OpenNamedEvent(const wchar_t* name);
+
+/// Signals an event, or takes the signal back (SetEvent, ResetEvent). Any thread.
+void SignalEvent(const Event& event);
+void ResetEvent(const Event& event);
+
+}  // namespace os

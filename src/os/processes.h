@@ -1,0 +1,104 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "os/types.h"
+
+namespace os {
+
+// ---- Sessions and user tokens ----
+
+struct Session {
+  std::uint32_t id = 0;
+  std::uint32_t state = 0;  // WTS_CONNECTSTATE_CLASS
+};
+inline constexpr std::uint32_t kSessionActive = 0;  // WTSActive
+
+/// The sessions of this machine in the system's order (WTSEnumerateSessionsW, version 1). Any thread.
+[[nodiscard]] Result<std::vector<Session>> Sessions();
+
+/// An access token (HANDLE).
+enum class TokenHandle : std::uint64_t { None = 0 };
+void CloseToken(TokenHandle token) noexcept;
+using Token = Owned<TokenHandle, CloseToken>;
+
+/// The token of the user signed in to a session (WTSQueryUserToken). Needs system rights. Any thread.
+[[nodiscard]] Result<Token> SessionUserToken(std::uint32_t sessionId);
+
+/// This process's own token, opened to adjust its privileges (OpenProcessToken, TOKEN_ADJUST_PRIVILEGES | TOKEN_QUERY).
+[[nodiscard]] Result<Token> OwnToken();
+
+/// Enables a privilege in a token (LookupPrivilegeValueW, AdjustTokenPrivileges); fails also when the token does not
+/// hold it (ERROR_NOT_ALL_ASSIGNED).
+Status EnablePrivilege(const Token& token, const wchar_t* privilege);
+
+/// True when this process runs as the system account (own token's user is the well-known LocalSystem SID).
+[[nodiscard]] bool RunsAsSystem();
+
+/// Lets the calling thread act with a user's rights until it is reverted (ImpersonateLoggedOnUser, RevertToSelf).
+Status Impersonate(const Token& token);
+void RevertToOwnRights();
+
+// ---- Starting programs as the user ----
+
+/// An environment block (CreateEnvironmentBlock, DestroyEnvironmentBlock).
+enum class EnvironmentHandle : std::uint64_t { None = 0 };
+void DestroyEnvironment(EnvironmentHandle environment) noexcept;
+using Environment = Owned<EnvironmentHandle, DestroyEnvironment>;
+
+/// A user's environment, on top of this process's own (CreateEnvironmentBlock, inherit TRUE). Any thread.
+[[nodiscard]] Result<Environment> CreateEnvironment(const Token& token);
+
+/// A process (HANDLE).
+enum class ProcessHandle : std::uint64_t { None = 0 };
+void CloseProcess(ProcessHandle process) noexcept;
+using Process = Owned<ProcessHandle, CloseProcess>;
+
+/// Starts a program as a user (CreateProcessAsUserW): no security attributes, no handle inheritance,
+/// CREATE_UNICODE_ENVIRONMENT | NORMAL_PRIORITY_CLASS, no current directory, STARTUPINFOW zero but for `cb` and the
+/// desktop. An empty `commandLine` passes none. The thread handle is closed at once. Any thread; milliseconds.
+[[nodiscard]] Result<Process> StartAsUser(const Token& token, const std::wstring& program,
+                                          const std::wstring& commandLine, const Environment& environment,
+                                          const wchar_t* desktop);
+
+enum class WaitOutcome { Ended, TimedOut, Failed };
+struct ProcessWait {
+  WaitOutcome outcome;
+  std::uint32_t error = 0;  // of a failed wait
+};
+
+/// Waits until a process ends, at most `timeoutMs` milliseconds (WaitForSingleObject).
+[[nodiscard]] ProcessWait WaitForProcess(const Process& process, std::uint32_t timeoutMs);
+
+/// The exit code of an ended process (GetExitCodeProcess).
+[[nodiscard]] std::optional<std::uint32_t> ProcessExitCode(const Process& process);
+
+/// The full path of a process's program, at most 259 characters (OpenProcess with PROCESS_QUERY_LIMITED_INFORMATION,
+/// QueryFullProcessImageNameW). Empty when the process is gone or may not be asked. Any thread.
+[[nodiscard]] std::wstring ProcessImagePath(std::uint32_t processId);
+
+// ---- Packaged applications ----
+
+/// Joins the calling thread to COM, apartment-threaded (CoInitializeEx, COINIT_APARTMENTTHREADED).
+Status JoinCom();
+
+/// The application activation manager (IApplicationActivationManager).
+enum class ActivationHandle : std::uint64_t { None = 0 };
+void ReleaseActivation(ActivationHandle manager) noexcept;
+using ActivationManager = Owned<ActivationHandle, ReleaseActivation>;
+
+/// Creates the activation manager (CoCreateInstance, CLSCTX_LOCAL_SERVER). After JoinCom, on the same thread.
+[[nodiscard]] Result<ActivationManager> CreateActivationManager();
+
+/// Activates a packaged application by its application user model id (ActivateApplication, AO_NONE); an empty
+/// `argument` passes none. Blocks until the application is started, seconds at worst.
+Status ActivateApplication(const ActivationManager& manager, const std::wstring& appUserModelId,
+                           const std::wstring& argument);
+
+/// Opens nothing through the shell (ShellExecuteW without a file, SW_SHOW); a result above 32 is a success.
+std::int64_t ShellOpenNothing();
+
+}  // namespace os

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <functional>
+
+namespace os {
+
+/// Starts a thread that runs `body` and ends with it; nobody joins it (CreateThread, then CloseHandle).
+/// `name` shows in debuggers (SetThreadDescription where the system has it). False when no thread can be made.
+/// Any thread. An exception must not leave `body`.
+bool StartThread(const wchar_t* name, std::function<void()> body);
+
+/// A lock that may be held across door calls (CRITICAL_SECTION); the same thread may take it more than once.
+/// Fits std::lock_guard. Any thread; blocks while another thread holds it.
+class Lock {
+ public:
+  Lock();
+  ~Lock();
+  Lock(const Lock&) = delete;
+  Lock& operator=(const Lock&) = delete;
+
+  void lock();
+  void unlock();
+
+ private:
+  struct State;
+  State* state_;
+};
+
+}  // namespace os
