@@ -40,7 +40,7 @@ Status EnablePrivilege(const Token& token, const wchar_t* privilege);
 
 /// Lets the calling thread act with a user's rights until it is reverted (ImpersonateLoggedOnUser, RevertToSelf).
 Status Impersonate(const Token& token);
-void RevertToOwnRights();
+void RevertToOwnRights() noexcept;
 
 // ---- Starting programs as the user ----
 

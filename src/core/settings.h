@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+
+#include "core/process_wide.h"
+
+namespace tessaview {
+
+/// The power settings as they stand now: what the system said last, and the user's choices.
+struct Settings {
+  std::uint32_t acLineStatus = 0;          // 0 battery, 1 mains, 255 unknown
+  std::uint32_t batterySaverOn = 0;        // 1 while Windows' battery saver is on
+  std::uint32_t PowerSaving = 0;           // 1 when the user allows dimming on battery
+  std::uint32_t UserBacklightValue = 0;    // the user's backlight level on mains, firmware units
+  std::uint32_t UserBacklightValueDC = 0;  // the same on battery
+};
+
+extern ProcessWide<Settings> gSettings;
+
+/// Power saving on battery is wanted: `PowerSaving` of the settings file was 1, or the UI said so since.
+extern ProcessWide<bool> gPowerSavingEnabled;
+
+/// Takes the user's choices from the settings file into `gSettings` and `gPowerSavingEnabled`.
+void LoadSettings();
+
+/// Stores the user's choice about power saving, in memory and in the settings file.
+void StorePowerSaving(bool wanted);
+
+/// Stores a backlight level for mains or battery, whichever the machine runs on, in memory and in the settings file.
+/// Anything but a known mains supply counts as battery.
+void StoreBacklight(std::int32_t level);
+
+}  // namespace tessaview

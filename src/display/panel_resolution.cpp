@@ -1,0 +1,33 @@
+#include "display/panel_resolution.h"
+
+#include <utility>
+
+#include "core/trace_log.h"
+#include "display/panel_info.h"
+#include "os/displays.h"
+
+namespace tessaview {
+namespace {
+
+bool IsTurnedByQuarter(std::uint32_t orientation) {
+  return orientation == 1 || orientation == 3;
+}
+
+}  // namespace
+
+void SetCPanelResolution(std::int32_t width, std::int32_t height) {
+  Log(L"Set Resolution = %d * %d \n", width, height);
+  const auto panel = gPanelDisplayInfo.get().cPanel;
+  if (!panel.isFound) return;
+  auto mode = os::CurrentDisplaySettings(panel.gdiDeviceName);
+  if (!mode) return;
+  if (width != 0 || height != 0) {
+    mode->width = static_cast<std::uint32_t>(width);
+    mode->height = static_cast<std::uint32_t>(height);
+  } else if (IsTurnedByQuarter(mode->orientation)) {
+    std::swap(mode->width, mode->height);
+  }
+  os::ChangeDisplaySettings(panel.gdiDeviceName, *mode, os::kCdsUpdateRegistry | os::kCdsGlobal);
+}
+
+}  // namespace tessaview

@@ -1,0 +1,177 @@
+#include "display/panel_search.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "core/letter_case.h"
+#include "core/numbers.h"
+#include "core/trace_log.h"
+#include "display/factory_ids.h"
+#include "os/displays.h"
+
+namespace tessaview {
+namespace {
+
+constexpr float kUnscaledDpi = 96.0F;
+
+/// A monitor of the desktop with its scale.
+struct MonitorEntry {
+  os::Monitor monitor;
+  float scale;
+};
+
+std::vector<MonitorEntry> ListMonitors() {
+  std::vector<MonitorEntry> entries;
+  for (auto& monitor : os::DesktopMonitors()) {
+    const float scale = static_cast<float>(os::MonitorDpi(monitor.handle)) / kUnscaledDpi;
+    entries.push_back({std::move(monitor), scale});
+  }
+  return entries;
+}
+
+/// The smallest scale of all monitors; 0 when there are none.
+float MinMonitorScale(const std::vector<MonitorEntry>& entries) {
+  float smallest = 0;
+  for (const auto& entry : entries) {
+    if (smallest == 0 || smallest > entry.scale) smallest = entry.scale;
+  }
+  return smallest;
+}
+
+/// A monitor device path in the form of the factory's ids: upper case, its parts separated by backslashes.
+std::wstring ComparisonCopy(const std::wstring& path) {
+  auto copy = UpperCased(path);
+  std::replace(copy.begin(), copy.end(), L'#', L'\\');
+  return copy;
+}
+
+/// Notes the path as the panel's if it carries the panel's id.
+bool MatchPanel(PanelInfo& panel, const os::DisplayPath& path, const std::wstring& monitorDevicePath,
+                const std::wstring& comparisonCopy) {
+  if (panel.hardwareId.empty() || comparisonCopy.find(panel.hardwareId) == std::wstring::npos) return false;
+  panel.isFound = true;
+  panel.gdiDeviceName = os::SourceGdiName(path);
+  panel.monitorDevicePath = monitorDevicePath;
+  return true;
+}
+
+void LogMatch(const std::wstring& comparisonCopy, const std::wstring& hardwareId) {
+  Log(L"%ls", comparisonCopy);
+  Log(L"%ls", hardwareId);
+}
+
+/// Matches every usable path with both panels: one path may be both, and a later match replaces an earlier one.
+void FindPanelPaths(PanelDisplayInfo& info) {
+  const auto active =
+      os::QueryDisplayConfiguration(os::DisplayQuery::OnlyActivePaths, os::DisplayQuery::OnlyActivePaths);
+  if (!active) return;
+  for (const auto& path : active->paths) {
+    const auto target = os::QueryTargetName(path).monitorDevicePath;
+    if (path.flags != os::kPathActive || !path.target.available) continue;
+    Log(L"Find target.monitorDevicePath = %ls", target);
+    const auto comparisonCopy = ComparisonCopy(target);
+    if (MatchPanel(info.bPanel, path, target, comparisonCopy)) {
+      Log(L"isBPanelFound = true");
+      LogMatch(comparisonCopy, info.bPanel.hardwareId);
+    }
+    if (MatchPanel(info.cPanel, path, target, comparisonCopy)) {
+      Log(L"isCPanelFound = true");
+      LogMatch(comparisonCopy, info.cPanel.hardwareId);
+    }
+  }
+}
+
+/// The panel that a GDI name belongs to, the B panel first; null for other displays.
+PanelInfo* PanelNamed(PanelDisplayInfo& info, const std::wstring& gdiName) {
+  for (auto* const panel : {&info.bPanel, &info.cPanel}) {
+    if (panel->isFound && gdiName == panel->gdiDeviceName) return panel;
+  }
+  return nullptr;
+}
+
+/// Divides as the panel views do: in single precision, truncated toward zero.
+std::int32_t Divide(std::int32_t pixels, float scale) {
+  return TruncateToInt32(static_cast<float>(pixels) / scale);
+}
+
+/// Positions are divided by the smallest scale, sizes by the monitor's own: the readers of this view count on that.
+void FillMonitorView(PanelInfo& panel, const MonitorEntry& entry, float minScale) {
+  const auto& rc = entry.monitor.monitor;
+  panel.monitor = entry.monitor.handle;
+  panel.scale = entry.scale;
+  panel.rcMonitorLeft = Divide(rc.left, minScale);
+  panel.rcMonitorTop = Divide(rc.top, minScale);
+  panel.rcMonitorWidth = Divide(rc.right - rc.left, entry.scale);
+  panel.rcMonitorHeight = Divide(rc.bottom - rc.top, entry.scale);
+}
+
+void FillMonitorViews(PanelDisplayInfo& info, const std::vector<MonitorEntry>& entries) {
+  const float gMinMonitorScale = MinMonitorScale(entries);
+  for (const auto& entry : entries) {
+    auto* const panel = PanelNamed(info, entry.monitor.device);
+    if (panel == nullptr) continue;
+    FillMonitorView(*panel, entry, gMinMonitorScale);
+    const auto left = panel->rcMonitorLeft, top = panel->rcMonitorTop;
+    const auto width = panel->rcMonitorWidth, height = panel->rcMonitorHeight;
+    if (panel == &info.bPanel) {
+      Log(L"bPanelrcMonitorLeft = %d, bPanelrcMonitorTop = %d, bPanelrcMonitorWidth = %d, bPanelrcMonitorHeight = %d",
+          left, top, width, height);
+    } else {
+      Log(L"cPanelrcMonitorLeft = %d, cPanelrcMonitorTop = %d, cPanelrcMonitorWidth = %d, cPanelrcMonitorHeight = %d",
+          left, top, width, height);
+    }
+  }
+}
+
+void FillSettingsView(PanelInfo& panel, const os::DisplaySettings& settings) {
+  panel.dmPositionX = settings.x;
+  panel.dmPositionY = settings.y;
+  panel.dmPelsWidth = static_cast<std::int32_t>(settings.width);
+  panel.dmPelsHeight = static_cast<std::int32_t>(settings.height);
+  panel.displayFrequency = settings.frequency;
+  panel.displayOrientation = settings.orientation;
+}
+
+void FillSettingsViews(PanelDisplayInfo& info) {
+  for (std::uint32_t index = 0; const auto name = os::DisplayDeviceName(index); ++index) {
+    const auto settings = os::CurrentDisplaySettings(*name);
+    if (!settings) continue;
+    auto* const panel = PanelNamed(info, *name);
+    if (panel == nullptr) continue;
+    FillSettingsView(*panel, *settings);
+    const auto [x, y, width, height] = panel->SettingsView();
+    if (panel == &info.bPanel) {
+      Log(L"bPaneldmPositionX = %d, bPaneldmPositionY = %d, bPaneldmPelsWidth = %d, bPaneldmPelsHeight = %d", x, y,
+          width, height);
+    } else {
+      Log(L"cPaneldmPositionX = %d, cPaneldmPositionY = %d, cPaneldmPelsWidth = %d, cPaneldmPelsHeight = %d", x, y,
+          width, height);
+    }
+  }
+}
+
+PanelsFound Found(const PanelDisplayInfo& info) {
+  if (info.bPanel.isFound) return info.cPanel.isFound ? PanelsFound::Both : PanelsFound::OnlyB;
+  return info.cPanel.isFound ? PanelsFound::OnlyC : PanelsFound::None;
+}
+
+}  // namespace
+
+ProcessWide<PanelDisplayInfo> gPanelDisplayInfo;
+
+PanelsFound EnumDisplayDevice() {
+  Log(L"EnumDisplayDevice Start");
+  PanelDisplayInfo info;
+  if (GetRegDevicePath(info)) {
+    const auto monitors = ListMonitors();
+    FindPanelPaths(info);
+    FillMonitorViews(info, monitors);
+    FillSettingsViews(info);
+  } else {
+    Log(L"InitGetInfoFromReg failed, return DeviceNotFound.");
+  }
+  gPanelDisplayInfo.set(info);
+  return Found(info);
+}
+
+}  // namespace tessaview

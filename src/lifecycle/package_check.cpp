@@ -1,0 +1,47 @@
+#include "lifecycle/package_check.h"
+
+#include <cstdint>
+
+#include "core/trace_log.h"
+#include "display/panel_geometry.h"
+#include "lifecycle/program_folder.h"
+#include "lifecycle/user_session.h"
+#include "os/clock.h"
+
+namespace tessaview {
+namespace {
+
+constexpr const wchar_t* kCheckTool = L"NorvTessaviewCheck.exe";
+constexpr int kMostAttempts = 20;
+constexpr int kReportedAttempt = 19;
+constexpr std::uint32_t kPauseMs = 500;
+
+constexpr std::uint32_t kNotInstalled = 0, kInstalled = 1;  // exit codes of the check tool
+
+}  // namespace
+
+bool RunPackageCheck() {
+  InitialDisplayUntilCPanelShows();
+
+  const auto tool = PathBesideProgram(kCheckTool);
+  std::uint32_t exitCode = kNotInstalled;  // a run that does not end in time leaves the verdict of the one before
+  for (int attempt = 1; attempt <= kMostAttempts; ++attempt) {
+    const bool started = CreateProcessWithUserLevel(tool, exitCode);
+    if (started && exitCode == kInstalled) {
+      Log(L" Found Package \n");
+      return true;
+    }
+    if (!started) {
+      Log(L" CreateProcessWithUserLevel Fail \n");
+    } else if (exitCode == kNotInstalled) {
+      Log(L" No Found Package \n");
+    } else {
+      Log(L" PackageCheck Fail , ExitCode = %d \n", exitCode);
+    }
+    os::Sleep(kPauseMs);
+    if (attempt == kReportedAttempt && started && exitCode == kNotInstalled) RecordUsage(L"NOT_EXIST_UWP");
+  }
+  return false;
+}
+
+}  // namespace tessaview

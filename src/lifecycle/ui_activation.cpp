@@ -1,0 +1,47 @@
+#include "lifecycle/ui_activation.h"
+
+#include "core/trace_log.h"
+#include "os/processes.h"
+#include "os/threads.h"
+
+namespace tessaview {
+namespace {
+
+constexpr std::int64_t kHighestShellError = 32;  // ShellExecuteW answers more on success
+
+void ShellOpenInstead() {
+  const auto result = os::ShellOpenNothing();
+  if (result > kHighestShellError) {
+    Log(L"ShellExecute sucessed\n");
+  } else {
+    Log(L"ShellExecute failed, return value:%d\n Use AUMID launch. \n", static_cast<int>(result));
+  }
+}
+
+}  // namespace
+
+void LaunchByAumid(const std::wstring& appUserModelId, const std::wstring& argument) {
+  if (appUserModelId.empty()) return ShellOpenInstead();
+
+  Log(L"ShellExecute Failed, Use AUMID Launch.\n");
+  if (!os::JoinCom()) {
+    Log(L"CoInitializeEx Failed\n");
+    return;
+  }
+  const auto manager = os::CreateActivationManager();
+  if (!manager) {
+    Log(L"CoCreateInstance Failed\n");
+    return;
+  }
+  if (os::ActivateApplication(*manager, appUserModelId, argument)) {
+    Log(L"AppActivationMgr->ActivateApplication Sucessed\n");
+  } else {
+    Log(L"AppActivationMgr->ActivateApplication Failed\n");
+  }
+}
+
+void StartUiLaunchThread() {
+  os::StartThread(L"UI launch", [] { LaunchByAumid(kUiAppUserModelId, kStartedByService); });
+}
+
+}  // namespace tessaview

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "os/processes.h"
+
+namespace tessaview {
+
+/// The session the user sits before: the first active one, 0 when there is none or the system cannot tell.
+[[nodiscard]] std::uint32_t ActiveSession();
+
+/// Starts a program as the active user on the interactive desktop; an empty `commandLine` passes none. Failures are
+/// logged. Any thread; milliseconds.
+[[nodiscard]] std::optional<os::Process> StartInUserSession(const std::wstring& program,
+                                                            const std::wstring& commandLine = L"");
+
+/// Runs a program as the active user and waits up to 5 seconds for it. False when it could not be started. On true,
+/// `exitCode` is the program's, or left as it was when the program did not end in time.
+bool CreateProcessWithUserLevel(const std::wstring& program, std::uint32_t& exitCode);
+
+}  // namespace tessaview

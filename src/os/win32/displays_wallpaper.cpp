@@ -1,0 +1,46 @@
+// The monitors as the desktop-wallpaper object counts them.
+#include <shobjidl.h>
+
+#include "os/displays.h"
+#include "os/win32/com_pointer.h"
+#include "os/win32/win32_support.h"
+
+namespace os {
+namespace {
+
+struct TaskMemoryFreer {
+  void operator()(void* memory) const noexcept { CoTaskMemFree(memory); }
+};
+using TaskText = std::unique_ptr<wchar_t, TaskMemoryFreer>;
+
+using Wallpaper = win32::ComPointer<IDesktopWallpaper>;
+
+Wallpaper CreateWallpaper() {
+  void* object = nullptr;
+  if (FAILED(CoCreateInstance(CLSID_DesktopWallpaper, nullptr, CLSCTX_ALL, IID_IDesktopWallpaper, &object))) return {};
+  return Wallpaper(static_cast<IDesktopWallpaper*>(object));
+}
+
+std::wstring MonitorPathAt(IDesktopWallpaper& wallpaper, UINT index) {
+  wchar_t* path = nullptr;
+  wallpaper.GetMonitorDevicePathAt(index, &path);
+  const TaskText owned(path);
+  return path == nullptr ? std::wstring() : std::wstring(path);
+}
+
+}  // namespace
+
+std::vector<std::wstring> WallpaperMonitorPaths() {
+  std::vector<std::wstring> paths;
+  // A thread that has joined COM in another way is served as well.
+  (void)CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+  const Wallpaper wallpaper = CreateWallpaper();
+  if (!wallpaper) return paths;
+
+  UINT count = 0;
+  if (FAILED(wallpaper->GetMonitorDevicePathCount(&count))) return paths;
+  for (UINT index = 0; index < count; ++index) paths.push_back(MonitorPathAt(*wallpaper, index));
+  return paths;
+}
+
+}  // namespace os

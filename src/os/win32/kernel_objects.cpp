@@ -1,0 +1,29 @@
+#include "os/kernel_objects.h"
+
+#include "os/win32/win32_support.h"
+
+namespace os {
+
+void CloseKernelObject(KernelObject object) noexcept {
+  CloseHandle(win32::ToNative<HANDLE>(object));
+}
+
+NamedMutex CreateNamedMutex(const wchar_t* name) {
+  const HANDLE mutex = CreateMutexW(nullptr, FALSE, name);
+  const bool alreadyExisted = mutex != nullptr && GetLastError() == ERROR_ALREADY_EXISTS;
+  return {Mutex(win32::ToDoor<KernelObject>(mutex)), alreadyExisted};
+}
+
+Event OpenNamedEvent(const wchar_t* name) {
+  return Event(win32::ToDoor<KernelObject>(OpenEventW(EVENT_MODIFY_STATE, FALSE, name)));
+}
+
+void SignalEvent(const Event& event) {
+  SetEvent(win32::ToNative<HANDLE>(event.get()));
+}
+
+void ResetEvent(const Event& event) {
+  ::ResetEvent(win32::ToNative<HANDLE>(event.get()));
+}
+
+}  // namespace os

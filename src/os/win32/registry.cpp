@@ -1,0 +1,64 @@
+#include "os/registry.h"
+
+#include <algorithm>
+
+#include "os/win32/win32_support.h"
+
+namespace os {
+namespace {
+
+struct KeyCloser {
+  void operator()(HKEY key) const noexcept { RegCloseKey(key); }
+};
+using Key = std::unique_ptr<HKEY__, KeyCloser>;
+
+Key OpenMachineKey(const std::wstring& path, REGSAM access) {
+  HKEY key = nullptr;
+  if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, access, &key) != ERROR_SUCCESS) return {};
+  return Key(key);
+}
+
+}  // namespace
+
+std::optional<std::wstring> ReadRegistryText(const std::wstring& key, const wchar_t* value, std::size_t bufferBytes) {
+  const Key opened = OpenMachineKey(key, KEY_READ);
+  if (!opened) return {};
+
+  std::vector<wchar_t> text(bufferBytes / sizeof(wchar_t));
+  auto size = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+  DWORD type = REG_NONE;
+  const LSTATUS code =
+      RegQueryValueExW(opened.get(), value, nullptr, &type, reinterpret_cast<BYTE*>(text.data()), &size);
+  if (code != ERROR_SUCCESS || type != REG_SZ) return {};
+  text.resize(std::min(text.size(), size / sizeof(wchar_t)));
+  return win32::TextOf(text);
+}
+
+std::optional<Bytes> ReadRegistryBytes(const std::wstring& key, const wchar_t* value) {
+  const Key opened = OpenMachineKey(key, KEY_READ | KEY_WOW64_64KEY);
+  if (!opened) return {};
+
+  DWORD type = REG_NONE;
+  DWORD size = 0;
+  if (RegQueryValueExW(opened.get(), value, nullptr, &type, nullptr, &size) != ERROR_SUCCESS) return {};
+  if (type != REG_BINARY) return {};
+
+  Bytes bytes(size);
+  if (RegQueryValueExW(opened.get(), value, nullptr, &type, bytes.data(), &size) != ERROR_SUCCESS) return {};
+  if (type != REG_BINARY) return {};
+  bytes.resize(std::min<std::size_t>(bytes.size(), size));
+  return bytes;
+}
+
+Status WriteRegistryText(const std::wstring& key, const wchar_t* value, const std::wstring& text) {
+  HKEY created = nullptr;
+  const LSTATUS code = RegCreateKeyExW(HKEY_LOCAL_MACHINE, key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr,
+                                       &created, nullptr);
+  if (code != ERROR_SUCCESS) return Error{static_cast<std::uint32_t>(code)};
+  const Key opened(created);
+  const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+  return win32::DoneOrCode(static_cast<ULONG>(RegSetValueExW(
+      opened.get(), value, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()), static_cast<DWORD>(bytes))));
+}
+
+}  // namespace os

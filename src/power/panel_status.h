@@ -1,0 +1,20 @@
+#pragma once
+
+#include "core/process_wide.h"
+
+namespace tessaview {
+
+/// The UI was last told that the panel is shown ("POWERON"), not that it is not ("POWEROFF").
+extern ProcessWide<bool> isTessaviewPowerOn;
+
+/// Refreshes panels and projection mode, then tells the UI "POWERON" or "POWEROFF": on means chosen on, extended and
+/// landscape. Without a recorded choice nothing is sent. Blocks for up to about 3 seconds while the C panel appears.
+void Update_UI_Status();
+
+/// Refreshes panels and projection mode, then tells the UI "CLOSEMASK" if the panel is to be shown. Blocks likewise.
+void Update_UI_Mask_Status();
+
+/// Tells the UI that the panel is not shown any more, whatever the user's choice.
+void TellPanelOff();
+
+}  // namespace tessaview

@@ -1,0 +1,78 @@
+#include "touch/raw_input.h"
+
+#include "core/service_state.h"
+#include "core/trace_log.h"
+#include "os/trace.h"
+#include "touch/hid_usages.h"
+#include "touch/touch_pad.h"
+
+namespace tessaview {
+namespace {
+
+constexpr std::uint16_t kWholePage = 0;  // with page-only registration the usage is left open
+
+std::optional<std::vector<os::RawDevice>> ListRawDevices() {
+  const auto count = os::RawInputDeviceCount();
+  if (!count) {
+    Log(L"Get number of devices failed\n");
+    return std::nullopt;
+  }
+  auto devices = os::RawInputDevices(*count);
+  if (devices) return std::move(*devices);
+  if (devices.error() == os::kOutOfMemory) {
+    Log(L"Initialization malloc space of pRawInputDeviceList failed\n");
+  } else {
+    Log(L"Get pRawInputDeviceList failed\n");
+  }
+  return std::nullopt;
+}
+
+void NoteIfTouchDevice(os::RawDevice device, const os::HidCapabilities& capabilities) {
+  if (capabilities.usagePage != kDigitizerPage) return;
+  if (capabilities.usage == kUsageTouchScreen) {
+    gRawTouchScreen.set(device);
+    Log(L"Get Rawinput hDevice of CPanel_TouchScreen successed\n");
+  } else if (capabilities.usage == kUsageTouchPad) {
+    gRawTouchPad.set(device);
+    Log(L"Get Rawinput hDevice of CPanel_TouchPad successed\n");
+  }
+}
+
+/// Notes the raw device if it is a touch collection of the controller. What cannot be opened is somebody else's.
+void Inspect(os::RawDevice device, const TouchPad& pad) {
+  const auto collection = os::OpenHid(os::RawDevicePath(device));
+  if (!collection) return;
+  const auto ids = os::QueryHidAttributes(*collection);
+  if (!ids) return;
+  Log(L"VID = 0x%x, PID = 0x%x\n", ids->vendorId, ids->productId);
+  if (ids->vendorId != pad.vendorId || ids->productId != pad.productId) return;
+  if (const auto capabilities = os::QueryHidCapabilities(*collection)) NoteIfTouchDevice(device, *capabilities);
+}
+
+}  // namespace
+
+ProcessWide<os::RawDevice> gRawTouchScreen;
+ProcessWide<os::RawDevice> gRawTouchPad;
+
+bool RegisterCPanelRawInput() {
+  if (!gTouchPadFound.get()) {
+    os::WriteDebugText(L"Connect failed! RegisterRawInputDevice failed.\n");
+    return false;
+  }
+  const auto devices = ListRawDevices();
+  if (!devices) return false;
+  for (const auto device : *devices) Inspect(device, gTouchPad.get());
+  const auto registered =
+      os::RegisterRawInput(kDigitizerPage, kWholePage, os::kRawInputPageOnly | os::kRawInputSink, gServiceWindow.get());
+  if (!registered) os::WriteDebugText(L"Can't register raw input device\n");
+  return static_cast<bool>(registered);
+}
+
+bool UnregisterCPanelRawInput() {
+  const auto removed = os::RegisterRawInput(kDigitizerPage, kWholePage, os::kRawInputRemove | os::kRawInputPageOnly,
+                                            os::WindowHandle::None);
+  if (!removed) Log(L"RegisterRawInputDevices error = %d (0x%X) \n", removed.error(), removed.error());
+  return static_cast<bool>(removed);
+}
+
+}  // namespace tessaview

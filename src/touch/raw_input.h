@@ -1,0 +1,19 @@
+#pragma once
+
+#include "core/process_wide.h"
+#include "os/hid.h"
+
+namespace tessaview {
+
+/// The C panel's touch screen and touch pad as raw input devices; None until they were found.
+extern ProcessWide<os::RawDevice> gRawTouchScreen;
+extern ProcessWide<os::RawDevice> gRawTouchPad;
+
+/// Finds the controller's raw input devices and has the digitizer page delivered to the service window, also while
+/// another window is in front. False when the touch pad is not connected or the system refuses. Any thread.
+bool RegisterCPanelRawInput();
+
+/// Ends the delivery. False, with a log line, when the system refuses.
+bool UnregisterCPanelRawInput();
+
+}  // namespace tessaview

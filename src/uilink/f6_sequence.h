@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+
+#include "core/process_wide.h"
+
+namespace tessaview {
+
+/// Where a sequence of F6 presses leaves the machine.
+enum class F6Mode : std::uint32_t { Panel = 0, TouchPad = 1, AllOff = 2 };
+
+extern ProcessWide<bool> gF6PanelOn;               // the C panel counted as on when the sequence began
+extern ProcessWide<std::uint32_t> gF6SwitchCount;  // presses in the current sequence
+extern ProcessWide<F6Mode> gF6Result;              // of the current sequence; Panel between sequences
+extern ProcessWide<bool> gTouchPadEnabled;         // as the hot-key component reported last
+
+/// Each press goes one mode on, round and round, from the mode the sequence began in: the panel, the touch pad, or
+/// neither.
+[[nodiscard]] F6Mode ModeAfter(F6Mode start, std::uint32_t presses);
+
+/// A press of F6 (hot-key 0x6B): the first one of a sequence notes whether the panel is on.
+void OnF6Press();
+
+/// The end of an F6 sequence (hot-key 0xF9): turns the presses into a mode, and does what `action` says the component
+/// wants of the panel; 2 = off, other numbers nothing. Blocks for up to about 3 seconds while displays settle.
+void OnF6SequenceEnd(std::int64_t action);
+
+}  // namespace tessaview

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+
+#include "os/service_window.h"
+
+namespace tessaview {
+
+/// Notes suspend, resume and status changes in the log (WM_POWERBROADCAST but for settings). Main thread.
+void OnPowerBroadcast(std::uint32_t event);
+
+/// Follows a change of a power setting: power source and battery saver set the backlight. Main thread.
+void OnPowerSetting(os::PowerSetting setting, std::uint32_t value);
+
+}  // namespace tessaview
