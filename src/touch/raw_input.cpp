@@ -4,7 +4,7 @@
 #include "core/trace_log.h"
 #include "os/trace.h"
 #include "touch/hid_usages.h"
-#include "touch/touch_pad.h"
+#include "touch/touch_pad_state.h"
 
 namespace tessaview {
 namespace {

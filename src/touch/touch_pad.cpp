@@ -5,6 +5,7 @@
 
 #include "os/trace.h"
 #include "touch/touch_pad_search.h"
+#include "touch/touch_pad_state.h"
 
 namespace tessaview {
 namespace {
@@ -20,9 +21,6 @@ os::Bytes ModeReport(std::uint32_t length) {
 }
 
 }  // namespace
-
-ProcessWide<TouchPad> gTouchPad;
-ProcessWide<bool> gTouchPadFound;
 
 bool FindTouchPadHid() {
   auto pad = gTouchPad.get();

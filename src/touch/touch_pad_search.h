@@ -1,6 +1,6 @@
 #pragma once
 
-#include "touch/touch_pad.h"
+#include "touch/touch_pad_state.h"
 
 namespace tessaview {
 
