@@ -29,7 +29,8 @@ std::optional<Bytes> Control(const Device& device, std::uint32_t code, BytesView
 
 Status WriteFirmwareVariable(const wchar_t* name, const wchar_t* guid, BytesView value) {
   Bytes copy(value.begin(), value.end());  // the call takes it as writable
-  return win32::DoneOrLastError(SetFirmwareEnvironmentVariableW(name, guid, copy.data(), static_cast<DWORD>(copy.size())));
+  return win32::DoneOrLastError(
+      SetFirmwareEnvironmentVariableW(name, guid, copy.data(), static_cast<DWORD>(copy.size())));
 }
 
 }  // namespace os

@@ -19,8 +19,8 @@ DeviceInterface ReadInterface(const DeviceList& devices, SP_DEVICE_INTERFACE_DAT
   auto* detail = reinterpret_cast<SP_DEVICE_INTERFACE_DETAIL_DATA_W*>(buffer.data());
   detail->cbSize = sizeof(SP_DEVICE_INTERFACE_DETAIL_DATA_W);
   found.node.cbSize = sizeof found.node;
-  found.hasDetail = SetupDiGetDeviceInterfaceDetailW(devices.get(), &listed, detail, found.detailSize, nullptr,
-                                                     &found.node) != FALSE;
+  found.hasDetail =
+      SetupDiGetDeviceInterfaceDetailW(devices.get(), &listed, detail, found.detailSize, nullptr, &found.node) != FALSE;
   if (found.hasDetail) found.path = TextOf({detail->DevicePath, (buffer.size() - kPathOffset) / sizeof(wchar_t)});
   return found;
 }
@@ -37,8 +37,8 @@ std::vector<DeviceInterface> ReadInterfaces(const DeviceList& devices, const GUI
   std::vector<DeviceInterface> interfaces;
   SP_DEVICE_INTERFACE_DATA listed{};
   listed.cbSize = sizeof listed;
-  for (DWORD index = 0;
-       SetupDiEnumDeviceInterfaces(devices.get(), nullptr, &interfaceClass, index, &listed) != FALSE; ++index) {
+  for (DWORD index = 0; SetupDiEnumDeviceInterfaces(devices.get(), nullptr, &interfaceClass, index, &listed) != FALSE;
+       ++index) {
     interfaces.push_back(ReadInterface(devices, listed));
   }
   return interfaces;

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <windows.h>
-
 #include <setupapi.h>
+#include <windows.h>
 
 #include <memory>
 #include <optional>
@@ -19,7 +18,7 @@ using DeviceList = std::unique_ptr<void, DeviceListCloser>;
 
 /// One present interface: its path and the device node behind it.
 struct DeviceInterface {
-  DWORD detailSize = 0;   // bytes of its detail, 0 when the system names no size
+  DWORD detailSize = 0;    // bytes of its detail, 0 when the system names no size
   bool hasDetail = false;  // path and node below were read
   std::wstring path;
   SP_DEVINFO_DATA node{};

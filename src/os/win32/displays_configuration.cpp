@@ -118,8 +118,8 @@ std::wstring SourceGdiName(const DisplayPath& path) {
 TargetName QueryTargetName(const DisplayPath& path) {
   const auto name = DeviceInfo<DISPLAYCONFIG_TARGET_DEVICE_NAME>(DISPLAYCONFIG_DEVICE_INFO_GET_TARGET_NAME,
                                                                  path.target.adapter, path.target.id);
-  return {win32::TextOf(name.monitorDevicePath), win32::TextOf(name.monitorFriendlyDeviceName),
-          name.edidManufactureId, name.edidProductCodeId};
+  return {win32::TextOf(name.monitorDevicePath), win32::TextOf(name.monitorFriendlyDeviceName), name.edidManufactureId,
+          name.edidProductCodeId};
 }
 
 }  // namespace os

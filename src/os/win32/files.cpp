@@ -1,12 +1,12 @@
 #include "os/files.h"
 
 // shlobj.h and winver.h rely on windows.h having been read.
-#include "os/win32/win32_support.h"
-
 #include <shlobj.h>
 #include <winver.h>
 
 #include <array>
+
+#include "os/win32/win32_support.h"
 
 namespace os {
 

@@ -27,8 +27,7 @@ Result<bool> IsSetupComplete() {
 }
 
 SetupWait WaitForSetup(void (*onCompleted)()) {
-  const auto registerWait =
-      win32::FindSystemFunction<RegisterOobeWait>(kLibrary, "RegisterWaitUntilOOBECompleted");
+  const auto registerWait = win32::FindSystemFunction<RegisterOobeWait>(kLibrary, "RegisterWaitUntilOOBECompleted");
   void* wait = nullptr;
   if (registerWait == nullptr) return SetupWait::None;
   if (registerWait(OnOobeCompleted, reinterpret_cast<void*>(onCompleted), &wait) == FALSE) return SetupWait::None;

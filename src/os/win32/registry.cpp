@@ -52,8 +52,8 @@ std::optional<Bytes> ReadRegistryBytes(const std::wstring& key, const wchar_t* v
 
 Status WriteRegistryText(const std::wstring& key, const wchar_t* value, const std::wstring& text) {
   HKEY created = nullptr;
-  const LSTATUS code = RegCreateKeyExW(HKEY_LOCAL_MACHINE, key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr,
-                                       &created, nullptr);
+  const LSTATUS code =
+      RegCreateKeyExW(HKEY_LOCAL_MACHINE, key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &created, nullptr);
   if (code != ERROR_SUCCESS) return Error{static_cast<std::uint32_t>(code)};
   const Key opened(created);
   const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);

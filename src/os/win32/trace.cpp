@@ -1,16 +1,16 @@
 #include "os/trace.h"
 
 // evntprov.h relies on windows.h having been read.
-#include "os/win32/win32_support.h"
-
 #include <evntprov.h>
 
 #include <cstring>
 
+#include "os/win32/win32_support.h"
+
 namespace os {
 namespace {
 
-constexpr std::uint32_t kProviderTraits = 2;    // EventProviderSetTraits
+constexpr std::uint32_t kProviderTraits = 2;      // EventProviderSetTraits
 constexpr std::uint32_t kTypeProviderTraits = 2;  // EVENT_DATA_DESCRIPTOR_TYPE_PROVIDER_METADATA
 constexpr std::uint32_t kTypeEventMetadata = 1;   // EVENT_DATA_DESCRIPTOR_TYPE_EVENT_METADATA
 constexpr std::uint32_t kTypePlainData = 0;
@@ -51,7 +51,8 @@ Result<TraceProvider> RegisterTraceProvider(const Guid& id, TraceEnableCallback 
 Status SetTraceProviderTraits(TraceProvider provider, BytesView traits) {
   Bytes copy(traits.begin(), traits.end());  // the call takes it as writable
   return win32::DoneOrCode(EventSetInformation(static_cast<REGHANDLE>(provider),
-      static_cast<EVENT_INFO_CLASS>(kProviderTraits), copy.data(), static_cast<ULONG>(copy.size())));
+                                               static_cast<EVENT_INFO_CLASS>(kProviderTraits), copy.data(),
+                                               static_cast<ULONG>(copy.size())));
 }
 
 std::uint32_t WriteTraceEvent(TraceProvider provider, const TraceEventDescriptor& descriptor, BytesView providerTraits,

@@ -1,0 +1,45 @@
+#include "kit/journal.h"
+
+#include <algorithm>
+#include <thread>
+
+namespace lab {
+
+void Journal::Add(std::wstring line) {
+  if (onLine_) onLine_(line);
+  const std::lock_guard lock(mutex_);
+  lines_.push_back(std::move(line));
+  added_.notify_all();
+}
+
+std::size_t Journal::Mark() const {
+  const std::lock_guard lock(mutex_);
+  return lines_.size();
+}
+
+std::vector<std::wstring> Journal::Since(std::size_t mark) const {
+  const std::lock_guard lock(mutex_);
+  return {lines_.begin() + static_cast<std::ptrdiff_t>(std::min(mark, lines_.size())), lines_.end()};
+}
+
+bool Journal::HasLine(const std::wstring& text, std::size_t mark) const {
+  const auto first = lines_.begin() + static_cast<std::ptrdiff_t>(std::min(mark, lines_.size()));
+  return std::any_of(first, lines_.end(),
+                     [&](const std::wstring& line) { return line.find(text) != std::wstring::npos; });
+}
+
+bool Journal::WaitFor(const std::wstring& text, std::size_t mark, std::chrono::milliseconds patience) const {
+  std::unique_lock lock(mutex_);
+  return added_.wait_for(lock, patience, [&] { return HasLine(text, mark); });
+}
+
+bool Eventually(const std::function<bool()>& condition, std::chrono::milliseconds patience) {
+  const auto end = std::chrono::steady_clock::now() + patience;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() >= end) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
+  return true;
+}
+
+}  // namespace lab

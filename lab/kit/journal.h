@@ -1,0 +1,45 @@
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <cstddef>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace lab {
+
+/// How long a story or a test waits for something that the controller should do. Generous: a busy machine is no failure.
+inline constexpr std::chrono::milliseconds kPatience{10000};
+
+/// What one party of the laptop said or was told, line by line, in order. Any thread.
+class Journal {
+ public:
+  /// `onLine` is called for each line as it comes, on the thread that adds it; may be empty.
+  explicit Journal(std::function<void(const std::wstring&)> onLine = {}) : onLine_(std::move(onLine)) {}
+
+  void Add(std::wstring line);
+
+  /// The number of lines so far: where a later search may begin.
+  [[nodiscard]] std::size_t Mark() const;
+
+  [[nodiscard]] std::vector<std::wstring> Since(std::size_t mark) const;
+
+  /// Waits until a line from `mark` on contains `text`; false when none came in time.
+  [[nodiscard]] bool WaitFor(const std::wstring& text, std::size_t mark = 0,
+                             std::chrono::milliseconds patience = kPatience) const;
+
+ private:
+  [[nodiscard]] bool HasLine(const std::wstring& text, std::size_t mark) const;
+
+  std::function<void(const std::wstring&)> onLine_;
+  mutable std::mutex mutex_;
+  mutable std::condition_variable added_;
+  std::vector<std::wstring> lines_;
+};
+
+/// Looks every few milliseconds until `condition` holds; false when it did not in time.
+[[nodiscard]] bool Eventually(const std::function<bool()>& condition, std::chrono::milliseconds patience = kPatience);
+
+}  // namespace lab

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+#include "os/service_window.h"
+
+namespace sim {
+
+class Laptop;
+
+/// The laptop that is switched on. There is one at a time; without one the program ends with a message.
+[[nodiscard]] Laptop& Machine();
+
+/// Stands for one door function: its address is the function's identity.
+struct DoorKey {
+  char unused = 0;
+};
+template <auto Function>
+inline constexpr DoorKey kDoorKey{};
+
+/// What the test arranged for one call of a door function.
+class DoorCall {
+ public:
+  DoorCall() = default;
+  DoorCall(std::optional<std::uint32_t> error, std::optional<std::size_t> longestAnswer)
+      : error_(error), longestAnswer_(longestAnswer) {}
+
+  /// The call shall fail, with the system error code `error`.
+  [[nodiscard]] bool failed() const { return error_.has_value(); }
+  [[nodiscard]] std::uint32_t error() const { return error_.value_or(0); }
+
+  /// The length of an answer that has `full` bytes or elements: full, unless the test asked for a shorter one.
+  [[nodiscard]] std::size_t Shortened(std::size_t full) const { return std::min(full, longestAnswer_.value_or(full)); }
+
+ private:
+  std::optional<std::uint32_t> error_;
+  std::optional<std::size_t> longestAnswer_;
+};
+
+/// The first step of every door function that may block or fail: unwinds the thread when the laptop is being switched
+/// off, takes the time the test asked for, counts the call and looks up its fault. Not for the closing functions,
+/// which must not throw.
+DoorCall EnterDoor(const DoorKey& function);
+
+template <auto Function>
+DoorCall Enter() {
+  return EnterDoor(kDoorKey<Function>);
+}
+
+/// Queues something for the controller's service window; it is called on the thread of its message loop, in turn with
+/// the posted messages. Lost while there is no such window.
+void PostToServiceWindow(std::function<void(const os::ServiceWindowEvents&)> message);
+
+}  // namespace sim

@@ -1,0 +1,148 @@
+#include <algorithm>
+
+#include "os/displays.h"
+#include "sim/door_call.h"
+#include "sim/laptop.h"
+
+namespace os {
+namespace {
+
+using sim::Machine;
+using sim::Screen;
+
+constexpr std::uint32_t kInsufficientBuffer = 122;
+constexpr std::size_t kLongestMonitorPath = 127, kLongestFriendlyName = 63;
+constexpr std::int32_t kTaskbarHeight = 40;
+
+// Handles tell the screen by its place in the list.
+MonitorHandle HandleOf(std::size_t index) { return static_cast<MonitorHandle>(0x10001 + 2 * index); }
+
+Monitor MonitorOf(const Screen& screen, std::size_t index) {
+  Monitor monitor{.handle = HandleOf(index), .monitor = screen.Area(), .work = screen.Area()};
+  if (screen.IsPrimary()) {
+    monitor.flags = 1;
+    monitor.work.bottom -= kTaskbarHeight;
+  }
+  monitor.device = screen.gdiName;
+  return monitor;
+}
+
+bool HasOwnPicture(const Screen& screen) { return screen.HasArea() && !Machine().displays.MirrorsFirst(screen); }
+
+std::uint16_t EdidWord(const Bytes& edid, std::size_t at) {
+  return at + 1 < edid.size() ? static_cast<std::uint16_t>(edid[at] | edid[at + 1] << 8) : std::uint16_t{0};
+}
+
+}  // namespace
+
+Result<DisplayConfiguration> QueryDisplayConfiguration(DisplayQuery sizes, DisplayQuery query) {
+  const auto call = sim::Enter<&QueryDisplayConfiguration>();
+  if (call.failed()) return Error{call.error()};
+  const auto& displays = Machine().displays;
+  const auto room = displays.Paths(sizes != DisplayQuery::AllPaths).size();
+  DisplayConfiguration configuration;
+  configuration.paths = displays.Paths(query != DisplayQuery::AllPaths);
+  configuration.modes = displays.Modes();
+  if (configuration.paths.size() > room) return Error{kInsufficientBuffer};
+  configuration.paths.resize(call.Shortened(configuration.paths.size()));
+  if (query == DisplayQuery::DatabaseCurrent) configuration.topology = displays.topology;
+  return configuration;
+}
+
+std::int32_t ChangeDisplayConfiguration(const std::vector<DisplayPath>& paths, const std::vector<DisplayMode>& modes,
+                                        std::uint32_t flags) {
+  const auto call = sim::Enter<&ChangeDisplayConfiguration>();
+  if (call.failed()) return static_cast<std::int32_t>(call.error());
+  return Machine().displays.ChangeConfiguration(paths, modes, flags);
+}
+
+std::wstring SourceGdiName(const DisplayPath& path) {
+  const auto call = sim::Enter<&SourceGdiName>();
+  if (call.failed()) return {};
+  const auto* screen = Machine().displays.FindSource(path);
+  return screen == nullptr ? std::wstring() : screen->gdiName;
+}
+
+TargetName QueryTargetName(const DisplayPath& path) {
+  const auto call = sim::Enter<&QueryTargetName>();
+  if (call.failed()) return {};
+  const auto* screen = Machine().displays.FindTarget(path);
+  if (screen == nullptr) return {};
+  return {.monitorDevicePath = screen->devicePath.substr(0, kLongestMonitorPath),
+          .friendlyName = screen->friendlyName.substr(0, kLongestFriendlyName),
+          .edidManufactureId = EdidWord(screen->edid, 8),
+          .edidProductCode = EdidWord(screen->edid, 10)};
+}
+
+std::vector<Monitor> DesktopMonitors() {
+  const auto call = sim::Enter<&DesktopMonitors>();
+  if (call.failed()) return {};
+  const auto& screens = Machine().displays.Screens();
+  std::vector<Monitor> monitors;
+  for (std::size_t i = 0; i < screens.size(); ++i) {
+    if (HasOwnPicture(screens[i])) monitors.push_back(MonitorOf(screens[i], i));
+  }
+  monitors.resize(call.Shortened(monitors.size()));
+  return monitors;
+}
+
+std::uint32_t MonitorDpi(MonitorHandle monitor) {
+  constexpr std::uint32_t kUnknown = 96;
+  const auto call = sim::Enter<&MonitorDpi>();
+  if (call.failed()) return kUnknown;
+  const auto& screens = Machine().displays.Screens();
+  for (std::size_t i = 0; i < screens.size(); ++i) {
+    if (HandleOf(i) == monitor && HasOwnPicture(screens[i])) return screens[i].dpi;
+  }
+  return kUnknown;
+}
+
+std::optional<std::wstring> DisplayDeviceName(std::uint32_t index) {
+  const auto call = sim::Enter<&DisplayDeviceName>();
+  const auto& screens = Machine().displays.Screens();
+  if (call.failed() || index >= screens.size()) return std::nullopt;
+  return screens[index].gdiName;
+}
+
+std::optional<DisplaySettings> CurrentDisplaySettings(const std::wstring& gdiName) {
+  const auto call = sim::Enter<&CurrentDisplaySettings>();
+  if (call.failed()) return std::nullopt;
+  const auto* screen = Machine().displays.FindGdiName(gdiName);
+  if (screen == nullptr) return std::nullopt;
+  if (!Machine().displays.MirrorsFirst(*screen)) return screen->Settings();
+  return DisplaySettings{.fields = screen->Settings().fields};
+}
+
+std::int32_t ChangeDisplaySettings(const std::wstring& gdiName, const DisplaySettings& settings, std::uint32_t flags) {
+  constexpr std::int32_t kFailed = -1;  // DISP_CHANGE_FAILED
+  const auto call = sim::Enter<&ChangeDisplaySettings>();
+  if (call.failed()) return kFailed;
+  return Machine().displays.ChangeSettings(gdiName, settings, flags);
+}
+
+std::vector<MonitorDevice> MonitorDevices() {
+  const auto call = sim::Enter<&MonitorDevices>();
+  if (call.failed()) return {};
+  std::vector<MonitorDevice> devices;
+  for (const auto& screen : Machine().displays.Screens()) {
+    if (!screen.plugged) continue;
+    devices.push_back(
+        {screen.instanceId, screen.devicePath, screen.adapterInstanceId, screen.busNumber, screen.address});
+  }
+  devices.resize(call.Shortened(devices.size()));
+  return devices;
+}
+
+std::vector<std::wstring> WallpaperMonitorPaths() {
+  const auto call = sim::Enter<&WallpaperMonitorPaths>();
+  if (call.failed()) return {};
+  const auto& displays = Machine().displays;
+  if (displays.wallpaperPaths) return *displays.wallpaperPaths;
+  std::vector<std::wstring> paths;
+  for (const auto& screen : displays.Screens()) {
+    if (screen.OnDesktop()) paths.push_back(screen.devicePath);
+  }
+  return paths;
+}
+
+}  // namespace os

@@ -1,0 +1,142 @@
+#include <algorithm>
+
+#include "os/hid.h"
+#include "sim/door_call.h"
+#include "sim/laptop.h"
+
+namespace os {
+namespace {
+
+using sim::HidCollection;
+using sim::Machine;
+
+constexpr std::uint32_t kInsufficientBuffer = 122;
+
+Status Outcome(std::uint32_t error) {
+  if (error != 0) return Error{error};
+  return Done{};
+}
+
+HidInterface InterfaceOf(const HidCollection& collection) {
+  const bool isRead = collection.detail == HidInterface::Detail::Read;
+  return {collection.detail, isRead ? collection.path : std::wstring()};
+}
+
+std::vector<RawDevice> WorkingRawDevices() {
+  std::vector<RawDevice> devices;
+  for (const auto& collection : Machine().touch.Collections()) {
+    if (collection.Works()) devices.push_back(collection.raw);
+  }
+  return devices;
+}
+
+}  // namespace
+
+std::optional<std::vector<HidInterface>> HidInterfaces() {
+  const auto call = sim::Enter<&HidInterfaces>();
+  if (call.failed()) return std::nullopt;
+  std::vector<HidInterface> interfaces;
+  for (const auto& collection : Machine().touch.Collections()) {
+    if (collection.Works()) interfaces.push_back(InterfaceOf(collection));
+  }
+  interfaces.resize(call.Shortened(interfaces.size()));
+  return interfaces;
+}
+
+void CloseHid(HidHandle device) noexcept { Machine().touch.Close(device); }
+
+Result<HidDevice> OpenHid(const std::wstring& path) {
+  const auto call = sim::Enter<&OpenHid>();
+  if (call.failed()) return Error{call.error()};
+  const auto device = Machine().touch.Open(path);
+  if (!device) return Error{device.error()};
+  return HidDevice(*device);
+}
+
+std::optional<HidAttributes> QueryHidAttributes(const HidDevice& device) {
+  const auto call = sim::Enter<&QueryHidAttributes>();
+  const auto* collection = Machine().touch.Find(device.get());
+  if (call.failed() || collection == nullptr || !collection->attributesReadable) return std::nullopt;
+  return collection->attributes;
+}
+
+std::optional<HidCapabilities> QueryHidCapabilities(const HidDevice& device) {
+  const auto call = sim::Enter<&QueryHidCapabilities>();
+  const auto* collection = Machine().touch.Find(device.get());
+  if (call.failed() || collection == nullptr || !collection->hasPreparsedData) return std::nullopt;
+  auto capabilities = collection->capabilities;
+  capabilities.inputValueCaps = static_cast<std::uint16_t>(collection->inputValues.size());
+  capabilities.outputValueCaps = static_cast<std::uint16_t>(collection->outputValues.size());
+  return capabilities;
+}
+
+std::vector<HidValue> HidInputValues(const HidDevice& device) {
+  const auto call = sim::Enter<&HidInputValues>();
+  const auto* collection = Machine().touch.Find(device.get());
+  if (call.failed() || collection == nullptr || !collection->hasPreparsedData) return {};
+  return collection->inputValues;
+}
+
+std::vector<HidValue> HidOutputValues(const HidDevice& device) {
+  const auto call = sim::Enter<&HidOutputValues>();
+  const auto* collection = Machine().touch.Find(device.get());
+  if (call.failed() || collection == nullptr || !collection->hasPreparsedData) return {};
+  return collection->outputValues;
+}
+
+bool WriteHidReport(const HidDevice& device, BytesView report) {
+  const auto call = sim::Enter<&WriteHidReport>();
+  return !call.failed() && Machine().touch.Write(device.get(), report);
+}
+
+Result<std::uint32_t> RawInputDeviceCount() {
+  const auto call = sim::Enter<&RawInputDeviceCount>();
+  if (call.failed()) return Error{call.error()};
+  return static_cast<std::uint32_t>(WorkingRawDevices().size());
+}
+
+Result<std::vector<RawDevice>> RawInputDevices(std::uint32_t count) {
+  const auto call = sim::Enter<&RawInputDevices>();
+  if (call.failed()) return Error{call.error()};
+  auto devices = WorkingRawDevices();
+  if (devices.size() > count) return Error{kInsufficientBuffer};
+  devices.resize(call.Shortened(devices.size()));
+  return devices;
+}
+
+std::wstring RawDevicePath(RawDevice device) {
+  const auto call = sim::Enter<&RawDevicePath>();
+  if (call.failed()) return {};
+  const auto& collections = Machine().touch.Collections();
+  const auto isIt = [=](const HidCollection& collection) { return collection.raw == device && collection.Works(); };
+  const auto found = std::find_if(collections.begin(), collections.end(), isIt);
+  return found == collections.end() ? std::wstring() : found->path;
+}
+
+Status RegisterRawInput(std::uint16_t usagePage, std::uint16_t usage, std::uint32_t flags, WindowHandle target) {
+  const auto call = sim::Enter<&RegisterRawInput>();
+  if (call.failed()) return Error{call.error()};
+  return Outcome(Machine().touch.RegisterRawInput({usagePage, usage, flags, target}));
+}
+
+void CloseHidNodes(HidNodesHandle nodes) noexcept { Machine().touch.Close(nodes); }
+
+Result<HidNodes> OpenHidNodes() {
+  const auto call = sim::Enter<&OpenHidNodes>();
+  if (call.failed()) return Error{call.error()};
+  return HidNodes(Machine().touch.OpenNodes());
+}
+
+std::vector<std::wstring> FirstHardwareIds(const HidNodes& nodes) {
+  const auto call = sim::Enter<&FirstHardwareIds>();
+  if (call.failed()) return {};
+  return Machine().touch.FirstHardwareIds(nodes.get());
+}
+
+Status EnableHidNode(const HidNodes& nodes, std::size_t index, bool enable) {
+  const auto call = sim::Enter<&EnableHidNode>();
+  if (call.failed()) return Error{call.error()};
+  return Outcome(Machine().touch.SwitchNode(nodes.get(), index, enable));
+}
+
+}  // namespace os

@@ -1,0 +1,31 @@
+#include "sim/faults.h"
+
+namespace sim {
+
+void Faults::Clear(Behaviour& behaviour) {
+  behaviour = Behaviour{.calls = behaviour.calls, .failure = {}, .delayMs = 0, .longestAnswer = {}};
+}
+
+void Faults::ClearAll() {
+  for (auto& [function, behaviour] : behaviours_) Clear(behaviour);
+}
+
+std::uint32_t Faults::Begin(const DoorKey& function) {
+  auto& behaviour = at(function);
+  ++behaviour.calls;
+  return behaviour.delayMs;
+}
+
+DoorCall Faults::Outcome(const DoorKey& function) {
+  auto& [calls, failure, delayMs, longestAnswer] = at(function);
+  if (!failure) return {std::nullopt, longestAnswer};
+  if (failure->after > 0) {
+    --failure->after;
+    return {std::nullopt, longestAnswer};
+  }
+  const auto error = failure->error;
+  if (failure->times && --*failure->times == 0) failure.reset();
+  return {error, longestAnswer};
+}
+
+}  // namespace sim

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "os/files.h"
+#include "os/types.h"
+#include "sim/registry.h"
+#include "sim/settings_view.h"
+
+namespace sim {
+
+/// One folder that was asked for.
+struct FolderCreation {
+  std::wstring path;
+  std::uint32_t error = 0;  // 0, or why it was refused
+};
+
+/// One copy that was asked for.
+struct FileCopy {
+  std::wstring from, to;
+  bool asUser = false;  // the copying thread acted as the signed-in user
+  std::uint32_t error = 0;
+};
+
+/// The laptop's drives: folders and files, found without regard to case. A new one holds Windows, the system profile
+/// and the controller's own program; the settings folder and file are not there yet.
+class FileSystem {
+ public:
+  FileSystem();
+
+  /// The folder of application data common to all users; without a value the system cannot tell.
+  std::optional<std::wstring> commonAppData = L"C:\\ProgramData";
+  std::wstring ownProgram = L"C:\\Program Files\\NORV\\Tessaview\\TessaviewService.exe";
+
+  /// Adds a folder with all folders above it.
+  void AddFolder(const std::wstring& path);
+  /// Adds or replaces a file, with the folders above it.
+  void AddFile(const std::wstring& path, os::Bytes content = {});
+  void AddTextFile(const std::wstring& path, const std::wstring& text);
+  void AddProgram(const std::wstring& path, const os::FileVersion& version);
+  void SetReadOnly(const std::wstring& path, bool readOnly = true);
+  /// Removes a file, or a folder with all it holds.
+  void Remove(const std::wstring& path);
+
+  [[nodiscard]] os::PathKind Kind(const std::wstring& path) const;
+  [[nodiscard]] std::optional<os::Bytes> Content(const std::wstring& path) const;
+  /// A file's text: UTF-16 after its byte-order mark, one byte a character otherwise.
+  [[nodiscard]] std::optional<std::wstring> Text(const std::wstring& path) const;
+  [[nodiscard]] std::optional<os::FileVersion> Version(const std::wstring& path) const;
+
+  /// What programs do; each answers 0 or a system error code.
+  std::uint32_t CreateFolder(const std::wstring& path);
+  std::uint32_t Copy(const std::wstring& from, const std::wstring& to, bool asUser);
+  std::uint32_t WriteText(const std::wstring& path, const std::wstring& text);
+
+  [[nodiscard]] const std::vector<FolderCreation>& FolderCreations() const { return folderCreations_; }
+  [[nodiscard]] const std::vector<FileCopy>& Copies() const { return copies_; }
+
+  /// The controller's settings file.
+  [[nodiscard]] SettingsView Settings() { return SettingsView(*this); }
+
+ private:
+  struct Entry {
+    bool isFolder = false, readOnly = false;
+    os::Bytes content;
+    std::optional<os::FileVersion> version;
+  };
+  [[nodiscard]] const Entry* Find(const std::wstring& path) const;
+  [[nodiscard]] std::uint32_t WriteRefusal(const std::wstring& path) const;
+  std::uint32_t TryCreateFolder(const std::wstring& path);
+  std::uint32_t TryCopy(const std::wstring& from, const std::wstring& to);
+
+  std::map<std::wstring, Entry, IgnoreCase> entries_;
+  std::vector<FolderCreation> folderCreations_;
+  std::vector<FileCopy> copies_;
+};
+
+}  // namespace sim

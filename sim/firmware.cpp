@@ -1,0 +1,102 @@
+#include "sim/firmware.h"
+
+#include <algorithm>
+
+#include "sim/text.h"
+
+namespace sim {
+namespace {
+
+constexpr std::uint32_t kControlCode = 0x0022240C;
+constexpr std::uint32_t kReadTag = 0x53545344;   // "DSTS"
+constexpr std::uint32_t kWriteTag = 0x53564544;  // "DEVS"
+constexpr std::size_t kHeaderSize = 8, kReadArguments = 4, kWriteArguments = 8;
+constexpr std::uint32_t kFirstGenerationBit = 4;
+
+std::uint32_t Word(os::BytesView bytes, std::size_t at) {
+  std::uint32_t word = 0;
+  for (std::size_t i = 0; i < 4; ++i) word |= static_cast<std::uint32_t>(bytes[at + i]) << 8 * i;
+  return word;
+}
+
+bool Has(os::BytesView raw, std::uint32_t tag, std::size_t arguments) {
+  return raw.size() == kHeaderSize + arguments && Word(raw, 0) == tag && Word(raw, 4) == arguments;
+}
+
+FirmwareRequest Decode(std::uint32_t code, os::BytesView raw, std::size_t replySize) {
+  FirmwareRequest request{code, {raw.begin(), raw.end()}, replySize};
+  const bool reads = Has(raw, kReadTag, kReadArguments), writes = Has(raw, kWriteTag, kWriteArguments);
+  if (code != kControlCode || !reads && !writes) return request;
+  request.method = reads ? FirmwareRequest::Method::Read : FirmwareRequest::Method::Write;
+  request.id = Word(raw, 8);
+  if (writes) request.value = Word(raw, 12);
+  return request;
+}
+
+}  // namespace
+
+std::uint32_t Firmware::Register(std::uint32_t id) const {
+  const auto found = registers_.find(id);
+  return found == registers_.end() ? 0 : found->second;
+}
+
+void Firmware::SetGeneration(int generation) {
+  SetRegister(kGeneration, generation == 1 ? kFirstGenerationBit : 0);
+}
+
+std::vector<std::uint32_t> Firmware::Writes(std::uint32_t id) const {
+  std::vector<std::uint32_t> values;
+  for (const auto& request : requests_) {
+    if (request.method == FirmwareRequest::Method::Write && request.id == id) values.push_back(request.value);
+  }
+  return values;
+}
+
+std::size_t Firmware::Reads(std::uint32_t id) const {
+  const auto reads = [=](const FirmwareRequest& request) {
+    return request.method == FirmwareRequest::Method::Read && request.id == id;
+  };
+  return static_cast<std::size_t>(std::count_if(requests_.begin(), requests_.end(), reads));
+}
+
+std::optional<os::DeviceHandle> Firmware::Open(const std::wstring& path) {
+  if (!driverInstalled || Lower(path) != L"\\\\.\\zrvacpi") return std::nullopt;
+  return handles_.Open({});
+}
+
+std::optional<os::Bytes> Firmware::Control(os::DeviceHandle device, std::uint32_t code, os::BytesView request,
+                                           std::size_t replySize) {
+  if (!driverInstalled || handles_.Find(device) == nullptr) return std::nullopt;
+  requests_.push_back(Decode(code, request, replySize));
+  if (requests_.back().method == FirmwareRequest::Method::Malformed) return std::nullopt;
+
+  const auto result = Perform(requests_.back());
+  os::Bytes reply(std::min(replyBytes, replySize));
+  for (std::size_t i = 0; i < std::min<std::size_t>(4, reply.size()); ++i) {
+    reply[i] = static_cast<std::uint8_t>(result >> 8 * i);
+  }
+  return reply;
+}
+
+/// Carries out a request and returns its result word: a register, or 1 for a write to one that exists.
+std::uint32_t Firmware::Perform(const FirmwareRequest& request) {
+  const auto found = registers_.find(request.id);
+  if (found == registers_.end()) return 0;
+  auto& stored = found->second;
+  if (request.method == FirmwareRequest::Method::Read) return stored;
+
+  switch (request.id) {
+    case kPower:
+      stored = request.value == 0 ? kPanelOff : kPanelOn;
+      break;
+    case kBacklight:  // a new level also brings a panel back that was off
+      stored = (stored & ~0xFFU) | (request.value & 0xFF);
+      SetRegister(kPower, kPanelOn);
+      break;
+    default:
+      stored = request.value;
+  }
+  return 1;
+}
+
+}  // namespace sim

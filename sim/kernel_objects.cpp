@@ -1,0 +1,28 @@
+#include "sim/kernel_objects.h"
+
+namespace sim {
+
+bool KernelObjects::HoldsMutex(const std::wstring& mutex) const {
+  bool holds = false;
+  handles_.ForEach([&](const Opened& opened) { holds = holds || (opened.isMutex && opened.name == mutex); });
+  return holds;
+}
+
+os::NamedMutex KernelObjects::CreateMutex(const std::wstring& name) {
+  const bool existed = heldElsewhere_.contains(name) || HoldsMutex(name);
+  return {.mutex = os::Mutex(handles_.Open({.name = name, .isMutex = true})), .alreadyExisted = existed};
+}
+
+os::Event KernelObjects::OpenEvent(const std::wstring& name) {
+  if (!events_.contains(name)) return os::Event();
+  return os::Event(handles_.Open({.name = name, .isMutex = false}));
+}
+
+void KernelObjects::SetEvent(os::KernelObject event, bool signalled) {
+  const auto* opened = handles_.Find(event);
+  if (opened == nullptr || opened->isMutex) return;
+  const auto found = events_.find(opened->name);
+  if (found != events_.end()) found->second = signalled;
+}
+
+}  // namespace sim

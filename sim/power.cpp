@@ -1,0 +1,60 @@
+#include "sim/power.h"
+
+#include "sim/laptop.h"
+
+namespace sim {
+
+using os::PowerSetting;
+
+void Power::Source(std::uint8_t acLineStatus) {
+  status_.acLineStatus = acLineStatus;
+  Change(PowerSetting::AcDcPowerSource, acLineStatus == 1 ? 0 : 1);
+  Broadcast(kStatusChange);
+}
+
+void Power::BatterySaver(bool on) {
+  status_.systemStatusFlag = on ? 1 : 0;
+  Change(PowerSetting::PowerSavingStatus, on ? 1 : 0);
+  Broadcast(kStatusChange);
+}
+
+void Power::SetDisplay(Display state) {
+  Change(PowerSetting::ConsoleDisplayState, static_cast<std::uint32_t>(state));
+}
+
+void Power::SetLidAction(LidAction action) {
+  Change(PowerSetting::LidCloseAction, static_cast<std::uint32_t>(action));
+}
+
+void Power::Change(PowerSetting setting, std::uint32_t value) {
+  auto& current = values_.at(static_cast<std::size_t>(setting));
+  if (current == value) return;
+  current = value;
+  Notify(setting, value);
+}
+
+void Power::Notify(PowerSetting setting, std::uint32_t value) {
+  Tell(setting, value);
+  Machine().Settle();
+}
+
+void Power::Tell(PowerSetting setting, std::uint32_t value) {
+  registrations_.ForEach([=](PowerSetting registered) {
+    if (registered != setting) return;
+    Machine().window.Send([=](const auto& events) { events.powerSetting(setting, value); });
+  });
+}
+
+void Power::Broadcast(std::uint32_t event) {
+  Machine().window.Send([=](const auto& events) { events.powerBroadcast(event); });
+  Machine().Settle();
+}
+
+os::PowerNotification Power::Register(PowerSetting setting) {
+  const auto value = values_.at(static_cast<std::size_t>(setting));
+  // A new registration hears the current value first.
+  Machine().window.Send([=](const auto& events) { events.powerSetting(setting, value); });
+  return registrations_.Open(setting);
+}
+
+}  // namespace sim

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "os/power.h"
+#include "os/service_window.h"
+#include "sim/handle_table.h"
+
+namespace sim {
+
+/// The power source, the battery saver, the lid and the built-in display. A change tells the service window whatever it
+/// asked to hear, and the laptop settles.
+class Power {
+ public:
+  static constexpr std::uint32_t kSuspend = 4, kResumeSuspend = 7, kStatusChange = 10, kResumeAutomatic = 18;  // PBT_*
+  enum class Display : std::uint32_t { Off, On, Dimmed };
+  enum class LidAction : std::uint32_t { DoNothing, Sleep, Hibernate, ShutDown, DisplayOff = 6 };
+
+  void Plug() { Source(1); }
+  void Unplug() { Source(0); }
+  /// The system cannot tell where the power comes from any more; nobody is told.
+  void SourceUnknown() { status_.acLineStatus = 255; }
+  void BatterySaver(bool on);
+  void OpenLid() { Change(os::PowerSetting::LidSwitchState, 1); }
+  void CloseLid() { Change(os::PowerSetting::LidSwitchState, 0); }
+  void SetDisplay(Display state);
+  void SetLidAction(LidAction action);
+
+  /// Broadcasts one of the PBT_* events.
+  void Broadcast(std::uint32_t event);
+
+  /// Tells the service window a value of a setting without a change, as the system may do at any time.
+  void Notify(os::PowerSetting setting, std::uint32_t value);
+
+  [[nodiscard]] os::PowerStatus Status() const { return status_; }
+  [[nodiscard]] std::size_t Registrations() const { return registrations_.size(); }
+
+  // ---- the door ----
+  os::PowerNotification Register(os::PowerSetting setting);
+  void Unregister(os::PowerNotification notification) { registrations_.Close(notification); }
+  void UnregisterAll() { registrations_.CloseAll(); }
+
+ private:
+  void Source(std::uint8_t acLineStatus);
+  void Change(os::PowerSetting setting, std::uint32_t value);
+  void Tell(os::PowerSetting setting, std::uint32_t value);
+
+  os::PowerStatus status_{.acLineStatus = 1, .systemStatusFlag = 0};
+  // By PowerSetting: display on, lid open, saver off, on mains, sleep when the lid closes.
+  std::array<std::uint32_t, 5> values_{1, 1, 0, 0, 1};
+  HandleTable<os::PowerNotification, os::PowerSetting> registrations_;
+};
+
+}  // namespace sim

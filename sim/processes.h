@@ -1,0 +1,81 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "os/processes.h"
+#include "sim/handle_table.h"
+
+namespace sim {
+
+/// How a program behaves that the controller may start.
+struct Program {
+  std::uint32_t exitCode = 0;
+  std::uint32_t runMs = 20;              // how long it runs
+  bool neverEnds = false;
+  std::uint32_t error = 0;               // other than 0: it cannot be started, with this system error code
+  std::deque<std::uint32_t> first = {};  // exit codes of its first runs, before `exitCode` holds
+  std::function<void()> onStart = {};    // what it does to the laptop; must not wait
+};
+
+/// One program start, as it was asked for.
+struct ProgramStart {
+  std::wstring program, commandLine, desktop;
+  std::uint32_t session = 0;             // of the token it was started with
+  std::uint32_t environmentSession = 0;  // of the user whose environment it was given
+};
+
+/// The running processes, the programs that can be started and what was started.
+class Processes {
+ public:
+  /// The programs that can be started, by file name ("NorvTessaviewCheck.exe"). A name not in here is not found.
+  Program& operator[](const std::wstring& fileName);
+  void Remove(const std::wstring& fileName);
+
+  [[nodiscard]] const std::vector<ProgramStart>& Starts() const { return starts_; }
+  /// How often a program was started, by file name.
+  [[nodiscard]] std::size_t StartsOf(const std::wstring& fileName) const;
+
+  /// A process that was there before or came by itself; returns its id.
+  std::uint32_t Run(const std::wstring& path);
+  void End(std::uint32_t processId);
+  /// Makes a process one that may not be asked for its program.
+  void Protect(std::uint32_t processId);
+  /// The id of a running process of this program; 0 when there is none.
+  [[nodiscard]] std::uint32_t IdOf(const std::wstring& path) const;
+
+  [[nodiscard]] std::size_t OpenHandles() const { return handles_.size(); }
+
+  // ---- the door ----
+  os::Result<os::Process> Start(ProgramStart start);
+  /// Whether the process of a handle has ended; nothing when the handle is not open.
+  [[nodiscard]] std::optional<bool> HasEnded(os::ProcessHandle handle);
+  [[nodiscard]] std::optional<std::uint32_t> ExitCode(os::ProcessHandle handle);
+  [[nodiscard]] std::wstring ImagePath(std::uint32_t processId) const;
+  void Close(os::ProcessHandle handle) noexcept { handles_.Close(handle); }
+  void CloseAll() { handles_.CloseAll(); }
+
+ private:
+  struct Running {
+    std::wstring path;
+    bool mayBeAsked = true;
+  };
+  struct Started {
+    std::uint32_t processId = 0;
+    std::optional<std::uint64_t> endsAtMs;  // none: never
+    std::uint32_t exitCode = 0;
+  };
+
+  std::uint32_t lastId_ = 4240;
+  std::map<std::uint32_t, Running> running_;
+  std::map<std::wstring, Program> programs_;
+  std::vector<ProgramStart> starts_;
+  HandleTable<os::ProcessHandle, Started> handles_;
+};
+
+}  // namespace sim

@@ -1,0 +1,83 @@
+#include "sim/registry.h"
+
+#include <algorithm>
+#include <cwctype>
+#include <utility>
+
+#include "core/utf16.h"
+
+namespace sim {
+namespace {
+
+template <class Number>
+os::Bytes LittleEndian(Number number) {
+  os::Bytes bytes(sizeof(Number));
+  for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::uint8_t>(number >> 8 * i);
+  return bytes;
+}
+
+}  // namespace
+
+bool IgnoreCase::operator()(const std::wstring& a, const std::wstring& b) const {
+  const auto before = [](wchar_t x, wchar_t y) { return std::towupper(x) < std::towupper(y); };
+  return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), before);
+}
+
+// The ids name single devices; only the model in front of the last backslash is the same on every laptop.
+Registry::Registry() {
+  SetText(kFactoryConfig, L"BPanelHardwareID", L"DISPLAY\\BOE0D53\\4&1B1F3FD7&0&UID8388688");
+  SetText(kFactoryConfig, L"CPanelHardwareID", L"DISPLAY\\TSB8888\\4&1B1F3FD7&0&UID8392784");
+}
+
+void Registry::SetText(const std::wstring& key, const std::wstring& value, const std::wstring& text) {
+  RegistryValue stored{RegistryValue::Type::Text, {}};
+  tessaview::AppendUtf16(stored.bytes, text);
+  stored.bytes.insert(stored.bytes.end(), 2, 0);
+  Set(key, value, std::move(stored));
+}
+
+void Registry::SetUnterminatedText(const std::wstring& key, const std::wstring& value, const std::wstring& text) {
+  RegistryValue stored{RegistryValue::Type::Text, {}};
+  tessaview::AppendUtf16(stored.bytes, text);
+  Set(key, value, std::move(stored));
+}
+
+void Registry::SetBytes(const std::wstring& key, const std::wstring& value, os::Bytes bytes) {
+  Set(key, value, {RegistryValue::Type::Binary, std::move(bytes)});
+}
+
+void Registry::SetDword(const std::wstring& key, const std::wstring& value, std::uint32_t number) {
+  Set(key, value, {RegistryValue::Type::Dword, LittleEndian(number)});
+}
+
+void Registry::SetQword(const std::wstring& key, const std::wstring& value, std::uint64_t number) {
+  Set(key, value, {RegistryValue::Type::Qword, LittleEndian(number)});
+}
+
+void Registry::Remove(const std::wstring& key, const std::wstring& value) {
+  const auto values = keys_.find(key);
+  if (values != keys_.end()) values->second.erase(value);
+}
+
+void Registry::RemoveKey(const std::wstring& key) {
+  keys_.erase(key);
+}
+
+const RegistryValue* Registry::Find(const std::wstring& key, const std::wstring& value) const {
+  const auto values = keys_.find(key);
+  if (values == keys_.end()) return nullptr;
+  const auto stored = values->second.find(value);
+  return stored == values->second.end() ? nullptr : &stored->second;
+}
+
+std::optional<std::wstring> Registry::Text(const std::wstring& key, const std::wstring& value) const {
+  const auto* stored = Find(key, value);
+  if (stored == nullptr || stored->type != RegistryValue::Type::Text) return std::nullopt;
+  return tessaview::ReadUtf16(stored->bytes);
+}
+
+void Registry::Set(const std::wstring& key, const std::wstring& value, RegistryValue stored) {
+  keys_[key][value] = std::move(stored);
+}
+
+}  // namespace sim

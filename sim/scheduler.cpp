@@ -1,0 +1,229 @@
+#include "sim/scheduler.h"
+
+#include <algorithm>
+#include <exception>
+#include <stdexcept>
+#include <utility>
+
+namespace sim {
+namespace {
+
+constexpr std::uint32_t kPollsWithoutTime = 100'000;     // door calls before a polling loop costs a millisecond
+constexpr std::uint64_t kLongestTestWaitMs = 3'600'000;  // a test that waits longer waits for nothing
+
+bool Never() {
+  return false;
+}
+
+}  // namespace
+
+thread_local Scheduler::Participant* Scheduler::self_ = nullptr;
+
+Scheduler::Scheduler(std::uint32_t seed, bool interleaving) : generator_(seed), interleaving_(interleaving) {
+  participants_.push_back(std::make_unique<Participant>());
+  participants_[0]->name = L"test";
+  current_ = self_ = participants_[0].get();
+}
+
+Scheduler::~Scheduler() {
+  self_ = nullptr;
+}
+
+std::uint32_t Scheduler::ThreadId() {
+  return self_ == nullptr ? 0 : self_->id;
+}
+
+bool Scheduler::TakesPart() const {
+  return self_ != nullptr;
+}
+
+// ---- Waiting ----
+
+bool Scheduler::MustUnwind() const {
+  return ended_ && !IsTest(*self_) && std::uncaught_exceptions() == 0;
+}
+
+bool Scheduler::WaitUntil(const Condition& ready, std::optional<std::uint64_t> deadlineMs, Patience patience) {
+  if (choosing_) throw std::logic_error("the machine's own actions must not wait");
+  if (MustUnwind()) throw ProcessEnded{};
+  if (ready() || (ended_ && !IsTest(*self_))) return ready();
+
+  if (IsTest(*self_)) {
+    TestWait(ready, deadlineMs.value_or(nowMs_ + kLongestTestWaitMs), !deadlineMs);
+    if (!deadlineMs && !ready()) throw std::runtime_error("the test's thread waits for something that never happens");
+    return ready();
+  }
+  self_->ready = ready;
+  self_->deadlineMs = deadlineMs;
+  self_->patience = patience;
+  HandOn();
+  if (MustUnwind()) throw ProcessEnded{};
+  return ready();
+}
+
+void Scheduler::Sleep(std::uint64_t ms) {
+  WaitUntil(Never, nowMs_ + ms);
+}
+
+void Scheduler::Checkpoint() {
+  if (choosing_ || IsTest(*self_)) return;
+  if (MustUnwind()) throw ProcessEnded{};
+  if (ended_) return;
+  if (++checkpointsSinceMove_ > kPollsWithoutTime) {
+    Sleep(1);
+  } else if (interleaving_ && generator_() % 4 == 0) {
+    HandOn();  // can run again at once, so this only gives others a chance
+  }
+}
+
+// ---- Threads ----
+
+bool Scheduler::StartThread(std::wstring name, std::function<void()> body) {
+  if (ended_) return false;
+  std::erase_if(participants_, [](const auto& participant) {
+    if (!participant->finished || participant.get() == self_) return false;
+    participant->thread.join();
+    return true;
+  });
+  auto& participant = *participants_.emplace_back(std::make_unique<Participant>());
+  participant.id = ++nextId_;
+  participant.name = std::move(name);
+  participant.thread = std::thread([this, &participant, body = std::move(body)] { ThreadMain(participant, body); });
+  return true;
+}
+
+void Scheduler::ThreadMain(Participant& self, const std::function<void()>& body) {
+  self_ = &self;
+  AwaitTurn(self);
+  try {
+    if (!ended_) body();
+  } catch (const ProcessEnded&) {
+    // Unwound, as asked.
+  }
+  self.finished = true;
+  GiveTurnTo(Next());
+}
+
+void Scheduler::After(std::uint64_t ms, std::function<void()> action) {
+  actions_.emplace(nowMs_ + ms, std::move(action));
+}
+
+// ---- Choosing who runs ----
+
+bool Scheduler::CanRun(const Participant& participant) const {
+  if (participant.finished) return false;
+  if (IsTest(participant)) return participant.ready && participant.ready();
+  if (ended_ || !participant.ready) return true;
+  return participant.ready() || (participant.deadlineMs && nowMs_ >= *participant.deadlineMs);
+}
+
+Scheduler::Participant* Scheduler::PickReady() {
+  std::vector<Participant*> ready;
+  for (const auto& participant : participants_) {
+    if (CanRun(*participant)) ready.push_back(participant.get());
+  }
+  return ready.empty() ? nullptr : ready[generator_() % ready.size()];
+}
+
+Scheduler::Participant& Scheduler::Next() {
+  choosing_ = true;
+  Participant& test = *participants_[0];
+  Participant* next = nullptr;
+  while (next == nullptr) {
+    RunDueActions();
+    next = PickReady();
+    if (next != nullptr) break;
+    // At one and the same time the test comes last: what is due is done when it looks.
+    const bool quiet = test.whenQuiet && !NextDeadline(true);
+    if (quiet || (test.deadlineMs && nowMs_ >= *test.deadlineMs)) {
+      next = &test;
+    } else {
+      MoveTimeTo(std::min(*test.deadlineMs, NextDeadline(false).value_or(*test.deadlineMs)));
+    }
+  }
+  choosing_ = false;
+  return *next;
+}
+
+std::optional<std::uint64_t> Scheduler::NextDeadline(bool boundedOnly) const {
+  std::optional<std::uint64_t> earliest;
+  const auto consider = [&earliest](std::uint64_t ms) { earliest = std::min(earliest.value_or(ms), ms); };
+  for (const auto& participant : participants_) {
+    if (participant->finished || IsTest(*participant) || !participant->deadlineMs) continue;
+    if (boundedOnly && participant->patience == Patience::Timer) continue;
+    consider(*participant->deadlineMs);
+  }
+  if (!actions_.empty()) consider(actions_.begin()->first);
+  return earliest;
+}
+
+void Scheduler::MoveTimeTo(std::uint64_t ms) {
+  nowMs_ = std::max(nowMs_, ms);
+  checkpointsSinceMove_ = 0;
+}
+
+void Scheduler::RunDueActions() {
+  while (!actions_.empty() && actions_.begin()->first <= nowMs_) {
+    const auto action = actions_.extract(actions_.begin());
+    action.mapped()();
+  }
+}
+
+// ---- The turn ----
+
+void Scheduler::GiveTurnTo(Participant& next) {
+  const std::lock_guard hold(mutex_);
+  current_ = &next;
+  next.turn.notify_one();
+}
+
+void Scheduler::AwaitTurn(Participant& self) {
+  std::unique_lock hold(mutex_);
+  self.turn.wait(hold, [this, &self] { return current_ == &self; });
+}
+
+void Scheduler::HandOn() {
+  Participant& self = *self_;
+  Participant& next = Next();
+  if (&next != &self) {
+    GiveTurnTo(next);
+    AwaitTurn(self);
+  }
+  self.ready = nullptr;
+  self.deadlineMs.reset();
+  self.patience = Patience::Bounded;
+  self.whenQuiet = false;
+}
+
+// ---- The test's thread ----
+
+void Scheduler::TestWait(Condition ready, std::uint64_t deadlineMs, bool whenQuiet) {
+  self_->ready = std::move(ready);
+  self_->deadlineMs = deadlineMs;
+  self_->whenQuiet = whenQuiet;
+  HandOn();
+}
+
+bool Scheduler::Settle(std::uint64_t limitMs) {
+  if (choosing_ || !IsTest(*self_)) return false;
+  const auto limit = nowMs_ + limitMs;
+  TestWait(Never, limit, true);
+  return !NextDeadline(true) && !PickReady();
+}
+
+void Scheduler::Advance(std::uint64_t ms) {
+  if (choosing_ || !IsTest(*self_)) return;
+  TestWait(Never, nowMs_ + ms, false);
+}
+
+void Scheduler::EndProcess() {
+  ended_ = true;
+  WaitUntil([this] {
+    return std::all_of(participants_.begin() + 1, participants_.end(),
+                       [](const auto& thread) { return thread->finished; });
+  });
+  for (auto thread = participants_.begin() + 1; thread != participants_.end(); ++thread) (*thread)->thread.join();
+  participants_.erase(participants_.begin() + 1, participants_.end());
+}
+
+}  // namespace sim

@@ -1,0 +1,124 @@
+#pragma once
+
+#include <condition_variable>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <random>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace sim {
+
+/// Thrown out of a door call when the simulated process is ended; ends the thread it reaches.
+struct ProcessEnded {};
+
+/// Virtual time and the threads that live in it.
+///
+/// Every thread of the controller is a real thread, but only the one that has the turn runs; all others wait for it.
+/// A thread hands the turn on when it waits or ends, and time stands still while any thread can run. When none can,
+/// time jumps to the next deadline. Who is next among those that can run is drawn from a seeded generator, so that one
+/// seed is one run. The test's own thread takes part and has the turn while the test's code runs. All data of the
+/// simulated laptop belongs to whoever has the turn and needs no lock.
+class Scheduler {
+ public:
+  /// The calling thread becomes the test's thread and has the turn.
+  Scheduler(std::uint32_t seed, bool interleaving);
+  ~Scheduler();
+  Scheduler(const Scheduler&) = delete;
+  Scheduler& operator=(const Scheduler&) = delete;
+
+  /// Virtual milliseconds since the laptop was switched on, starting well above zero.
+  [[nodiscard]] std::uint64_t NowMs() const { return nowMs_; }
+
+  // ---- for the thread that has the turn ----
+
+  using Condition = std::function<bool()>;
+  enum class Patience { Bounded, Timer };  // Timer: a wait that may last for ever, its deadline is a mere timer's
+
+  /// Waits until `ready` holds or the deadline is reached; returns whether it holds. Throws ProcessEnded when the
+  /// process is ended meanwhile. `ready` is asked often and must not wait.
+  bool WaitUntil(const Condition& ready, std::optional<std::uint64_t> deadlineMs = {},
+                 Patience patience = Patience::Bounded);
+  void Sleep(std::uint64_t ms);
+
+  /// A point where a running thread may lose the turn: when the process is ended, when interleaving was asked for, and
+  /// when it has run for suspiciously long without time passing (a loop that polls without sleeping).
+  void Checkpoint();
+
+  /// Starts a thread of the controller. It runs when it gets the turn. False when the process has ended.
+  bool StartThread(std::wstring name, std::function<void()> body);
+
+  /// Calls `action` in `ms` milliseconds; it must not wait. For what the machine does by itself.
+  void After(std::uint64_t ms, std::function<void()> action);
+
+  /// The id of the calling thread; 0 is the test's.
+  [[nodiscard]] static std::uint32_t ThreadId();
+
+  /// Whether the calling thread takes part in this laptop's life.
+  [[nodiscard]] bool TakesPart() const;
+
+  // ---- for the test's thread; without effect on any other ----
+
+  /// Runs until every thread waits without a time limit; gives up after `limitMs`. True when all wait.
+  bool Settle(std::uint64_t limitMs);
+
+  /// Runs exactly `ms` milliseconds, and everything that is due by then.
+  void Advance(std::uint64_t ms);
+
+  /// Ends the simulated process: unwinds and joins every thread of the controller.
+  void EndProcess();
+
+  /// The process may have threads again.
+  void BeginProcess() { ended_ = false; }
+
+  /// Called by the controller's main thread as its last act: no other thread of the process runs on.
+  void MarkEnded() { ended_ = true; }
+
+ private:
+  struct Participant {
+    std::uint32_t id = 0;
+    std::wstring name;
+    std::thread thread;
+    std::condition_variable turn;
+    Condition ready;  // empty: can always run
+    std::optional<std::uint64_t> deadlineMs;
+    Patience patience = Patience::Bounded;
+    bool whenQuiet = false;  // the test's thread: runs also once all others wait without a time limit
+    bool finished = false;
+  };
+
+  void ThreadMain(Participant& self, const std::function<void()>& body);
+  [[nodiscard]] bool IsTest(const Participant& participant) const { return &participant == participants_[0].get(); }
+  [[nodiscard]] bool CanRun(const Participant& participant) const;
+  Participant* PickReady();
+  Participant& Next();
+  [[nodiscard]] std::optional<std::uint64_t> NextDeadline(bool boundedOnly) const;
+  void MoveTimeTo(std::uint64_t ms);
+  void RunDueActions();
+  void GiveTurnTo(Participant& next);
+  void AwaitTurn(Participant& self);
+  void HandOn();
+  void TestWait(Condition ready, std::uint64_t deadlineMs, bool whenQuiet);
+  [[nodiscard]] bool MustUnwind() const;
+  static thread_local Participant* self_;
+
+  std::uint64_t nowMs_ = 600'000;
+  std::mt19937 generator_;
+  const bool interleaving_;
+  bool ended_ = false;
+  bool choosing_ = false;                   // inside Next(), where nothing may wait
+  std::uint32_t checkpointsSinceMove_ = 0;  // since time last moved
+  std::uint32_t nextId_ = 0;
+  std::vector<std::unique_ptr<Participant>> participants_;  // the first is the test's thread
+  std::multimap<std::uint64_t, std::function<void()>> actions_;
+
+  std::mutex mutex_;      // guards `current_` only
+  Participant* current_;  // who has the turn
+};
+
+}  // namespace sim

@@ -1,0 +1,122 @@
+#include "sim/sessions.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "sim/laptop.h"
+
+namespace sim {
+namespace {
+
+constexpr std::uint32_t kInvalidHandle = 6;      // ERROR_INVALID_HANDLE
+constexpr std::uint32_t kNoToken = 1008;         // ERROR_NO_TOKEN
+constexpr std::uint32_t kFileNotFound = 2;       // ERROR_FILE_NOT_FOUND
+constexpr std::uint32_t kNotAllAssigned = 1300;  // ERROR_NOT_ALL_ASSIGNED
+constexpr std::uint32_t kLocked = 7, kUnlocked = 8;  // WTS_SESSION_LOCK, WTS_SESSION_UNLOCK
+constexpr auto kLockScreenClass = L"Windows.UI.Core.CoreWindow";
+
+}  // namespace
+
+// ---- Stories ----
+
+void Sessions::SignOut() {
+  for (auto& session : all) {
+    if (session.state == kActive) session = {session.id, kDisconnected, false};
+  }
+}
+
+void Sessions::Lock() {
+  Machine().desktop.OpenInForeground({.className = kLockScreenClass,
+                                      .title = L"Windows Default Lock Screen",
+                                      .program = L"C:\\Windows\\SystemApps\\LockApp.exe"});
+  Tell(kLocked);
+}
+
+void Sessions::Unlock() {
+  Machine().desktop.CloseAll(kLockScreenClass);
+  Tell(kUnlocked);
+}
+
+void Sessions::Tell(std::uint32_t event) {
+  auto& laptop = Machine();
+  if (laptop.window.HearsOfSessions()) laptop.window.Post([=](const auto& events) { events.sessionChange(event); });
+  laptop.Settle();
+}
+
+void Sessions::End(std::uint32_t reason) {
+  Machine().window.Send([=](const auto& events) { events.queryEndSession(reason); });
+  Machine().Settle();
+}
+
+void Sessions::FinishSetup() {
+  setupComplete = true;
+  auto& laptop = Machine();
+  if (auto* const call = std::exchange(onSetup_, nullptr)) laptop.scheduler.StartThread(L"setup complete", call);
+  laptop.Settle();
+}
+
+// ---- Tokens and rights ----
+
+os::Result<os::Token> Sessions::UserToken(std::uint32_t sessionId) {
+  const auto found =
+      std::find_if(all.begin(), all.end(), [=](const SessionState& session) { return session.id == sessionId; });
+  if (found == all.end()) return os::Error{kFileNotFound};
+  if (!found->signedIn) return os::Error{kNoToken};
+  return os::Token(tokens_.Open({.session = sessionId}));
+}
+
+os::Status Sessions::EnablePrivilege(os::TokenHandle token, const wchar_t* privilege) {
+  const auto* of = tokens_.Find(token);
+  if (of == nullptr) return os::Error{kInvalidHandle};
+  if (of->session || missingPrivileges.contains(privilege)) return os::Error{kNotAllAssigned};
+  enabledPrivileges_.insert(privilege);
+  return os::Done{};
+}
+
+os::Status Sessions::Impersonate(os::TokenHandle token) {
+  if (!SessionOf(token)) return os::Error{kInvalidHandle};
+  impersonating_.insert(Scheduler::ThreadId());
+  return os::Done{};
+}
+
+void Sessions::Revert() {
+  impersonating_.erase(Scheduler::ThreadId());
+}
+
+bool Sessions::ImpersonatingNow() const {
+  return impersonating_.contains(Scheduler::ThreadId());
+}
+
+os::Result<os::Environment> Sessions::CreateEnvironment(os::TokenHandle token) {
+  const auto session = SessionOf(token);
+  if (!session) return os::Error{kInvalidHandle};
+  return os::Environment(environments_.Open(*session));
+}
+
+std::optional<std::uint32_t> Sessions::SessionOf(os::TokenHandle token) {
+  const auto* of = tokens_.Find(token);
+  return of == nullptr ? std::nullopt : of->session;
+}
+
+std::optional<std::uint32_t> Sessions::SessionOf(os::EnvironmentHandle environment) {
+  const auto* session = environments_.Find(environment);
+  return session == nullptr ? std::nullopt : std::optional(*session);
+}
+
+// ---- First sign-in ----
+
+os::SetupWait Sessions::WaitForSetup(void (*onCompleted)()) {
+  if (setupComplete) return os::SetupWait::None;
+  onSetup_ = onCompleted;
+  return static_cast<os::SetupWait>(1);
+}
+
+void Sessions::EndProcess() {
+  tokens_.CloseAll();
+  environments_.CloseAll();
+  enabledPrivileges_.clear();
+  impersonating_.clear();
+  onSetup_ = nullptr;
+}
+
+}  // namespace sim

@@ -1,0 +1,139 @@
+#include "sim/touch_controller.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "sim/text.h"
+
+namespace sim {
+namespace {
+
+constexpr std::uint32_t kFileNotFound = 2, kAccessDenied = 5, kInvalidParameter = 87, kNoSuchNode = 1168;
+
+// The beginning of the report after which the pad moves the cursor, its report id first.
+constexpr std::array<std::uint8_t, 12> kCursorMode{3, 0x00, 0x09, 0xA1, 0x00, 0x00, 0x0F, 0x00, 0x00, 0x00, 0x08, 0x70};
+
+bool TakesReport(const HidCollection& collection, os::BytesView report) {
+  if (report.empty() || report.size() != collection.capabilities.outputReportLength) return false;
+  const auto& values = collection.outputValues;
+  return std::any_of(values.begin(), values.end(), [&](const auto& value) { return value.reportId == report[0]; });
+}
+
+/// What the system checks of a registration before it takes it.
+bool IsPlausible(const RawInputRequest& request) {
+  const auto has = [&](std::uint32_t flag) { return (request.flags & flag) != 0; };
+  const bool hasTarget = request.target != os::WindowHandle::None;
+  if (request.usagePage == 0 || has(os::kRawInputPageOnly) == (request.usage != 0)) return false;
+  if (has(os::kRawInputRemove)) return !hasTarget;
+  return !has(os::kRawInputSink) || hasTarget;
+}
+
+}  // namespace
+
+TouchController::TouchController() {
+  Add(MakeMouse());
+  Add(MakeMediaKeys());
+  touchScreen_ = &Add(MakeTouchScreen());
+  touchPad_ = &Add(MakeTouchPad());
+  modeSwitch_ = &Add(MakeModeSwitch());
+}
+
+HidCollection& TouchController::Add(HidCollection collection) {
+  constexpr std::uint64_t kFirstRawHandle = 0x20001;
+  collection.raw = static_cast<os::RawDevice>(kFirstRawHandle + 2 * collections_.size());
+  collections_.push_back(std::move(collection));
+  return collections_.back();
+}
+
+bool TouchController::IsController(const HidCollection& collection) {
+  return collection.attributes.vendorId == kTouchVendor && collection.attributes.productId == kTouchProduct;
+}
+
+void TouchController::Arrived(HidCollection& collection) {
+  ++collection.arrivals;
+  if (IsController(collection)) inCursorMode_ = false;
+}
+
+void TouchController::Unplug() {
+  for (auto& collection : collections_) {
+    if (IsController(collection)) collection.plugged = false;
+  }
+}
+
+void TouchController::Plug() {
+  for (auto& collection : collections_) {
+    if (!IsController(collection) || std::exchange(collection.plugged, true)) continue;
+    Arrived(collection);
+  }
+}
+
+os::Result<os::HidHandle> TouchController::Open(const std::wstring& path) {
+  const auto isIt = [&](const HidCollection& c) { return c.Works() && Lower(c.path) == Lower(path); };
+  const auto found = std::find_if(collections_.begin(), collections_.end(), isIt);
+  if (found == collections_.end()) return os::Error{kFileNotFound};
+  if (found->exclusive) return os::Error{kAccessDenied};
+  return handles_.Open({&*found, found->arrivals});
+}
+
+const HidCollection* TouchController::Find(os::HidHandle device) {
+  const auto* open = handles_.Find(device);
+  if (open == nullptr || !open->collection->Works()) return nullptr;
+  return open->arrivals == open->collection->arrivals ? open->collection : nullptr;
+}
+
+bool TouchController::Write(os::HidHandle device, os::BytesView report) {
+  const auto* collection = Find(device);
+  if (collection == nullptr || !TakesReport(*collection, report)) return false;
+  outputReports_.emplace_back(report.begin(), report.end());
+  const bool isCursorMode =
+      report.size() >= kCursorMode.size() && std::equal(kCursorMode.begin(), kCursorMode.end(), report.begin());
+  if (isCursorMode && IsController(*collection)) inCursorMode_ = true;
+  return true;
+}
+
+std::uint32_t TouchController::RegisterRawInput(RawInputRequest request) {
+  request.error = IsPlausible(request) ? 0 : kInvalidParameter;
+  rawInputRequests_.push_back(request);
+  if (request.error != 0) return request.error;
+  const bool removes = (request.flags & os::kRawInputRemove) != 0;
+  const bool reachesAlways = (request.flags & os::kRawInputSink) != 0;
+  if (removes || !reachesAlways) sinks_.erase(request.usagePage);
+  if (!removes && reachesAlways) sinks_[request.usagePage] = request.target;
+  return 0;
+}
+
+os::HidNodesHandle TouchController::OpenNodes() {
+  std::vector<HidCollection*> nodes;
+  for (auto& collection : collections_) {
+    if (collection.plugged) nodes.push_back(&collection);  // a disabled node is still there
+  }
+  return nodeLists_.Open(std::move(nodes));
+}
+
+std::vector<std::wstring> TouchController::FirstHardwareIds(os::HidNodesHandle nodes) {
+  std::vector<std::wstring> ids;
+  const auto* list = nodeLists_.Find(nodes);
+  if (list == nullptr) return ids;
+  for (const auto* node : *list) ids.push_back(node->hardwareIds.empty() ? std::wstring() : node->hardwareIds[0]);
+  return ids;
+}
+
+std::uint32_t TouchController::SwitchNode(os::HidNodesHandle nodes, std::size_t index, bool enable) {
+  const auto* list = nodeLists_.Find(nodes);
+  if (list == nullptr || index >= list->size() || !(*list)[index]->plugged) return kNoSuchNode;
+  auto& node = *(*list)[index];
+  nodeSwitches_.push_back({node.hardwareIds.empty() ? std::wstring() : node.hardwareIds[0], enable});
+  const bool comesBack = enable && !node.enabled;
+  node.enabled = enable;
+  if (comesBack) Arrived(node);
+  return 0;
+}
+
+void TouchController::EndProcess() {
+  handles_.CloseAll();
+  nodeLists_.CloseAll();
+  sinks_.clear();
+}
+
+}  // namespace sim

@@ -1,0 +1,87 @@
+#include "sim/trace_session.h"
+
+#include <algorithm>
+
+namespace sim {
+namespace {
+
+constexpr std::uint32_t kInvalidHandle = 6;
+constexpr std::uint8_t kSelfDescribingChannel = 11;
+
+bool IsAsAnnounced(const os::TraceEventDescriptor& descriptor) {
+  return descriptor.id == 0 && descriptor.version == 0 && descriptor.channel == kSelfDescribingChannel &&
+         descriptor.level == TraceSession::kVerbose && descriptor.opcode == 0 && descriptor.task == 0 &&
+         descriptor.keyword == 0;
+}
+
+}  // namespace
+
+void TraceSession::Listen(bool listens, std::uint8_t level) {
+  listens_ = listens;
+  level_ = level;
+  for (const auto& [handle, provider] : providers_) provider.onEnable(listens, level);
+}
+
+std::size_t TraceSession::Count(const std::wstring& line) const {
+  return static_cast<std::size_t>(std::count(lines_.begin(), lines_.end(), line));
+}
+
+std::optional<std::size_t> TraceSession::IndexOf(const std::wstring& line, std::size_t from) const {
+  for (auto at = from; at < lines_.size(); ++at) {
+    if (lines_[at] == line) return at;
+  }
+  return std::nullopt;
+}
+
+void TraceSession::Clear() {
+  lines_.clear();
+  usage_.clear();
+  debugTexts_.clear();
+  malformed_.clear();
+}
+
+/// A session that listens already is told of during the registration itself.
+os::TraceProvider TraceSession::Register(const os::Guid&, os::TraceEnableCallback onEnable) {
+  const auto handle = static_cast<os::TraceProvider>(++registrations_);
+  providers_[handle] = {onEnable, {}};
+  if (listens_) onEnable(true, level_);
+  return handle;
+}
+
+bool TraceSession::SetTraits(os::TraceProvider provider, os::BytesView traits) {
+  const auto found = providers_.find(provider);
+  if (found == providers_.end()) return false;
+  if (!DecodeProviderTraits(traits)) malformed_.emplace_back("the provider's traits");
+  found->second.traits.assign(traits.begin(), traits.end());
+  return true;
+}
+
+std::uint32_t TraceSession::Write(os::TraceProvider provider, const os::TraceEventDescriptor& descriptor,
+                                  os::BytesView providerTraits, os::BytesView eventMetadata, os::BytesView data) {
+  const auto found = providers_.find(provider);
+  if (found == providers_.end()) return kInvalidHandle;
+  if (!Wants(descriptor.level)) return 0;
+  const auto& known = found->second.traits;
+  const bool sameTraits = std::equal(known.begin(), known.end(), providerTraits.begin(), providerTraits.end());
+  if (!known.empty() && !sameTraits) malformed_.emplace_back("an event with other traits than its provider's");
+  if (const auto event = DecodeTraceEvent(providerTraits, eventMetadata, data)) {
+    Collect(*event, descriptor);
+  } else {
+    malformed_.emplace_back("an event that does not hold to the form");
+  }
+  return 0;
+}
+
+void TraceSession::Collect(const TraceEvent& event, const os::TraceEventDescriptor& descriptor) {
+  if (!IsAsAnnounced(descriptor)) malformed_.emplace_back("an event with an odd descriptor: " + event.name);
+  if (event.provider != "TessaviewServiceLogger") malformed_.emplace_back("an event of provider " + event.provider);
+  if (event.name == "TessaviewService" && event.field == "String (wide char)") {
+    lines_.push_back(event.text);
+  } else if (event.name == "TessaviewUsage") {
+    usage_.push_back(event.text);
+  } else {
+    malformed_.emplace_back("an event " + event.name + " with the field " + event.field);
+  }
+}
+
+}  // namespace sim

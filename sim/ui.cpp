@@ -1,0 +1,128 @@
+#include "sim/ui.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "sim/laptop.h"
+
+namespace sim {
+namespace {
+
+constexpr const wchar_t* kClasses[] = {Ui::kMainClass, Ui::kGuideClass, Ui::kVideoClass};
+constexpr auto kProgram = L"C:\\Program Files\\WindowsApps\\7C31A0D4.TessaviewMaster\\Tessaview.exe";
+
+}  // namespace
+
+void Ui::Open(const wchar_t* className) {
+  auto& laptop = Machine();
+  const auto take = [this, className](std::uint64_t kind, os::BytesView bytes) {
+    received_.push_back({className, kind, os::Bytes(bytes.begin(), bytes.end())});
+  };
+  laptop.desktop.Open({.className = className,
+                       .title = className,
+                       .program = kProgram,
+                       .responsive = !hung_,
+                       .busyUntilMs = busyUntilMs_,
+                       .copyData = take});
+  laptop.Settle();
+}
+
+void Ui::Close(const wchar_t* className) {
+  Machine().desktop.CloseAll(className);
+  Machine().Settle();
+}
+
+void Ui::Die() {
+  auto& laptop = Machine();
+  for (const auto* className : kClasses) laptop.desktop.CloseAll(className);
+  laptop.processes.End(laptop.processes.IdOf(kProgram));
+  hung_ = false;
+  busyUntilMs_ = 0;
+  laptop.Settle();
+}
+
+os::WindowHandle Ui::MainWindow() const {
+  return Machine().desktop.Find(kMainClass);
+}
+
+bool Ui::AnyWindow() const {
+  const auto& desktop = Machine().desktop;
+  return std::any_of(std::begin(kClasses), std::end(kClasses),
+                     [&](const auto* className) { return desktop.Find(className) != os::WindowHandle::None; });
+}
+
+// ---- Its thread ----
+
+template <class Change>
+void Ui::ForEachWindow(Change change) {
+  auto& desktop = Machine().desktop;
+  for (const auto* className : kClasses) {
+    if (auto* window = desktop.Find(desktop.Find(className))) change(*window);
+  }
+}
+
+void Ui::Hang() {
+  hung_ = true;
+  ForEachWindow([](Window& window) { window.responsive = false; });
+}
+
+void Ui::Recover() {
+  hung_ = false;
+  ForEachWindow([](Window& window) { window.responsive = true; });
+  Machine().Settle();
+}
+
+void Ui::Busy(std::uint32_t ms) {
+  busyUntilMs_ = Machine().NowMs() + ms;
+  ForEachWindow([this](Window& window) { window.busyUntilMs = busyUntilMs_; });
+  Machine().After(ms, [] {});  // whoever waits for an answer gets it then
+}
+
+// ---- What it got ----
+
+std::vector<std::wstring> Ui::Received() const {
+  std::vector<std::wstring> texts;
+  for (const auto& [windowClass, kind, bytes] : received_) {
+    if (kind != kTextKind) continue;
+    const auto record = DecodeUiRecord(bytes);
+    texts.push_back(record ? record->text : L"(malformed record)");
+  }
+  return texts;
+}
+
+std::vector<UiRecord> Ui::ReceivedTexts() const {
+  std::vector<UiRecord> records;
+  for (const auto& [windowClass, kind, bytes] : received_) {
+    if (const auto record = DecodeUiRecord(bytes); kind == kTextKind && record) records.push_back(*record);
+  }
+  return records;
+}
+
+std::vector<os::Bytes> Ui::ReceivedReports() const {
+  std::vector<os::Bytes> reports;
+  for (const auto& [windowClass, kind, bytes] : received_) {
+    if (kind == kRawInputKind) reports.push_back(bytes);
+  }
+  return reports;
+}
+
+// ---- What it asks ----
+
+void Ui::Send(const std::wstring& text, const UiFields& fields) {
+  const auto handle = fields.percent ? static_cast<std::uint32_t>(*fields.percent) : fields.handle;
+  SendRaw(kTextKind, EncodeUiRecord({.text = text, .handle = handle, .rect = fields.rect, .point = fields.point}));
+}
+
+void Ui::SendFileCopy(const std::wstring& command, const std::wstring& from, const std::wstring& to) {
+  SendRaw(kFileCopyKind, EncodeTexts({command, from, to}, 260));
+}
+
+void Ui::SendRaw(std::uint64_t kind, os::Bytes record) {
+  auto& laptop = Machine();
+  if (laptop.window.LetsThrough(os::kCopyDataMessage)) {
+    laptop.window.Send([=](const os::ServiceWindowEvents& events) { events.copyData(kind, record); });
+  }
+  laptop.Settle();
+}
+
+}  // namespace sim

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "os/types.h"
+#include "sim/ui_record.h"
+
+namespace sim {
+
+/// What goes with a text from the UI: a window or, in its place, a signed number, a rectangle, a point.
+struct UiFields {
+  std::uint64_t handle = 0;
+  std::optional<std::int32_t> percent = {};  // the low half of the handle field
+  os::Rect rect = {};
+  os::Point point = {};
+};
+
+/// A copy-data record that one of the UI's windows took.
+struct ReceivedRecord {
+  std::wstring windowClass;
+  std::uint64_t kind = 0;
+  os::Bytes bytes;
+};
+
+/// The user-facing application: its windows, what it was told and what it asks for. It runs at a lower integrity level
+/// than the controller, so that what it sends passes the message filter of the service window. All its windows share
+/// one thread. Unless said otherwise the laptop settles after each story step.
+class Ui {
+ public:
+  static constexpr auto kMainClass = L"Tessaview", kGuideClass = L"TessaviewQuickGuide",
+                        kVideoClass = L"TessaviewVideoClass";
+  static constexpr std::uint64_t kTextKind = 102, kRawInputKind = 101, kFileCopyKind = 104;
+
+  // ---- its windows ----
+  void Start() { Open(kMainClass); }
+  void OpenGuide() { Open(kGuideClass); }
+  void OpenVideo() { Open(kVideoClass); }
+  void CloseMain() { Close(kMainClass); }
+  void CloseGuide() { Close(kGuideClass); }
+  void CloseVideo() { Close(kVideoClass); }
+  /// The process dies with all its windows.
+  void Die();
+  [[nodiscard]] os::WindowHandle MainWindow() const;
+  [[nodiscard]] bool Running() const { return MainWindow() != os::WindowHandle::None; }
+  /// Whether any of the three windows is open.
+  [[nodiscard]] bool AnyWindow() const;
+
+  // ---- its thread ----
+  /// Answers no message until Recover; the system holds it for hung.
+  void Hang();
+  void Recover();
+  /// Answers messages only after `ms` milliseconds, without being held for hung. Does not settle.
+  void Busy(std::uint32_t ms);
+
+  // ---- what it got ----
+  /// The texts, in the order they were taken; a record that is none shows as "(malformed record)".
+  [[nodiscard]] std::vector<std::wstring> Received() const;
+  /// The text records with all their fields; malformed ones left out.
+  [[nodiscard]] std::vector<UiRecord> ReceivedTexts() const;
+  /// The forwarded raw input reports.
+  [[nodiscard]] std::vector<os::Bytes> ReceivedReports() const;
+  [[nodiscard]] const std::vector<ReceivedRecord>& ReceivedRecords() const { return received_; }
+  void ForgetReceived() { received_.clear(); }
+
+  // ---- what it asks ----
+  void Send(const std::wstring& text, const UiFields& fields = {});
+  void SendFileCopy(const std::wstring& command, const std::wstring& from, const std::wstring& to);
+  /// Any record of any kind.
+  void SendRaw(std::uint64_t kind, os::Bytes record);
+
+ private:
+  void Open(const wchar_t* className);
+  void Close(const wchar_t* className);
+  template <class Change>
+  void ForEachWindow(Change change);
+
+  bool hung_ = false;
+  std::uint64_t busyUntilMs_ = 0;
+  std::vector<ReceivedRecord> received_;
+};
+
+}  // namespace sim

@@ -1,0 +1,18 @@
+// The entry point of TessaviewService.exe.
+#include <windows.h>
+
+#include "../../../resources/resource.h"
+#include "core/resource_ids.h"
+#include "core/start_up.h"
+
+// The resource compiler reads its own list of the ids that the code names.
+static_assert(IDS_TITLE == tessaview::kTitleText && IDS_WINDOW_CLASS == tessaview::kWindowClassText);
+static_assert(IDI_LARGE == tessaview::kLargeIcon && IDI_SMALL == tessaview::kSmallIcon);
+static_assert(IDR_MENU == tessaview::kMenuAndAccelerators && IDD_ABOUT == tessaview::kAboutDialog);
+static_assert(IDM_ABOUT == tessaview::kAboutCommand && IDM_EXIT == tessaview::kExitCommand);
+
+int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, PWSTR /*commandLine*/, int /*show*/) {
+  // The program runs with system rights: no library may be planted beside it or in the current directory.
+  SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+  return tessaview::RunController();
+}
