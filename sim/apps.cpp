@@ -5,9 +5,9 @@
 namespace sim {
 namespace {
 
-constexpr std::uint32_t kInvalidHandle = 0x8007'0006;         // E_HANDLE
-constexpr std::uint32_t kComNotInitialised = 0x8004'01F0;     // CO_E_NOTINITIALIZED
-constexpr std::uint32_t kApplicationNotKnown = 0x8027'0254;   // E_APPLICATION_NOT_REGISTERED
+constexpr std::uint32_t kInvalidHandle = 0x8007'0006;        // E_HANDLE
+constexpr std::uint32_t kComNotInitialised = 0x8004'01F0;    // CO_E_NOTINITIALIZED
+constexpr std::uint32_t kApplicationNotKnown = 0x8027'0254;  // E_APPLICATION_NOT_REGISTERED
 
 }  // namespace
 

@@ -15,8 +15,7 @@ void Desktop::StartShell() {
         .title = L"HControl",
         .program = L"C:\\Windows\\System32\\HControl.exe",
         .visible = false});
-  OpenInForeground(
-      {.className = L"Progman", .title = L"Program Manager", .program = L"C:\\Windows\\explorer.exe"});
+  OpenInForeground({.className = L"Progman", .title = L"Program Manager", .program = L"C:\\Windows\\explorer.exe"});
 }
 
 WindowHandle Desktop::Open(Window window) {
@@ -38,6 +37,7 @@ WindowHandle Desktop::OpenInForeground(Window window) {
 }
 
 void Desktop::Close(WindowHandle window) {
+  if (window == WindowHandle::None) return;
   std::erase_if(windows_, [window](const Window& each) { return each.handle == window; });
   if (foreground_ != window) return;
   const auto next = std::find_if(windows_.begin(), windows_.end(), [](const Window& each) { return each.visible; });

@@ -26,8 +26,8 @@ struct Window {
   std::wstring program = L"C:\\Windows\\System32\\notepad.exe";
   std::uint32_t processId = 0;  // 0: that of the running process of `program`, or of a new one
   bool visible = true;
-  bool responsive = true;          // false: its thread hangs
-  std::uint64_t busyUntilMs = 0;   // its thread answers nothing before this time
+  bool responsive = true;         // false: its thread hangs
+  std::uint64_t busyUntilMs = 0;  // its thread answers nothing before this time
   std::vector<PostedMessage> posted = {};
   std::function<void(std::uint64_t kind, os::BytesView record)> copyData = {};  // what it does with WM_COPYDATA
   os::WindowHandle handle = os::WindowHandle::None;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "sim/door_call.h"
 #include "sim/edid.h"
 #include "sim/laptop.h"
 #include "sim/text.h"
@@ -115,7 +116,9 @@ const Screen* Displays::FindGdiName(const std::wstring& name) const {
   return found == screens_.end() ? nullptr : &*found;
 }
 
-Screen* Displays::Named(const std::wstring& gdiName) { return const_cast<Screen*>(FindGdiName(gdiName)); }
+Screen* Displays::Named(const std::wstring& gdiName) {
+  return const_cast<Screen*>(FindGdiName(gdiName));
+}
 
 std::int32_t Displays::ChangeSettings(const std::wstring& gdiName, const os::DisplaySettings& settings,
                                       std::uint32_t flags) {

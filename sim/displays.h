@@ -69,10 +69,10 @@ class Displays {
   [[nodiscard]] const Screen* FindGdiName(const std::wstring& name) const;
   [[nodiscard]] bool MirrorsFirst(const Screen& screen) const;
   std::int32_t ChangeSettings(const std::wstring& gdiName, const os::DisplaySettings& settings, std::uint32_t flags);
-  std::int32_t ChangeConfiguration(const std::vector<os::DisplayPath>& paths,
-                                   const std::vector<os::DisplayMode>& modes, std::uint32_t flags);
+  std::int32_t ChangeConfiguration(const std::vector<os::DisplayPath>& paths, const std::vector<os::DisplayMode>& modes,
+                                   std::uint32_t flags);
 
-  /// A value of a plugged-in display's device node, such as its "EDID"; empty when the registry key is none of theirs.
+  /// A value of a display's device node, its "EDID", kept also while it is unplugged; empty when there is none of it.
   [[nodiscard]] std::optional<os::Bytes> DeviceParameter(const std::wstring& key, const std::wstring& value) const;
 
  private:

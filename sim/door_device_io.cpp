@@ -6,7 +6,9 @@ namespace os {
 
 using sim::Machine;
 
-void CloseDevice(DeviceHandle device) noexcept { Machine().firmware.Close(device); }
+void CloseDevice(DeviceHandle device) noexcept {
+  if (sim::Laptop::IsOn()) Machine().firmware.Close(device);
+}
 
 Result<Device> OpenDevice(const wchar_t* path) {
   constexpr std::uint32_t kFileNotFound = 2;

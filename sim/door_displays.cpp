@@ -15,19 +15,22 @@ constexpr std::size_t kLongestMonitorPath = 127, kLongestFriendlyName = 63;
 constexpr std::int32_t kTaskbarHeight = 40;
 
 // Handles tell the screen by its place in the list.
-MonitorHandle HandleOf(std::size_t index) { return static_cast<MonitorHandle>(0x10001 + 2 * index); }
+MonitorHandle HandleOf(std::size_t index) {
+  return static_cast<MonitorHandle>(0x10001 + 2 * index);
+}
 
 Monitor MonitorOf(const Screen& screen, std::size_t index) {
-  Monitor monitor{.handle = HandleOf(index), .monitor = screen.Area(), .work = screen.Area()};
+  Monitor monitor{HandleOf(index), screen.Area(), screen.Area(), 0, screen.gdiName};
   if (screen.IsPrimary()) {
     monitor.flags = 1;
     monitor.work.bottom -= kTaskbarHeight;
   }
-  monitor.device = screen.gdiName;
   return monitor;
 }
 
-bool HasOwnPicture(const Screen& screen) { return screen.HasArea() && !Machine().displays.MirrorsFirst(screen); }
+bool HasOwnPicture(const Screen& screen) {
+  return screen.HasArea() && !Machine().displays.MirrorsFirst(screen);
+}
 
 std::uint16_t EdidWord(const Bytes& edid, std::size_t at) {
   return at + 1 < edid.size() ? static_cast<std::uint16_t>(edid[at] | edid[at + 1] << 8) : std::uint16_t{0};

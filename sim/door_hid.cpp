@@ -43,7 +43,9 @@ std::optional<std::vector<HidInterface>> HidInterfaces() {
   return interfaces;
 }
 
-void CloseHid(HidHandle device) noexcept { Machine().touch.Close(device); }
+void CloseHid(HidHandle device) noexcept {
+  if (sim::Laptop::IsOn()) Machine().touch.Close(device);
+}
 
 Result<HidDevice> OpenHid(const std::wstring& path) {
   const auto call = sim::Enter<&OpenHid>();
@@ -119,7 +121,9 @@ Status RegisterRawInput(std::uint16_t usagePage, std::uint16_t usage, std::uint3
   return Outcome(Machine().touch.RegisterRawInput({usagePage, usage, flags, target}));
 }
 
-void CloseHidNodes(HidNodesHandle nodes) noexcept { Machine().touch.Close(nodes); }
+void CloseHidNodes(HidNodesHandle nodes) noexcept {
+  if (sim::Laptop::IsOn()) Machine().touch.Close(nodes);
+}
 
 Result<HidNodes> OpenHidNodes() {
   const auto call = sim::Enter<&OpenHidNodes>();

@@ -7,7 +7,7 @@ namespace {
 
 using sim::Machine;
 
-/// The bytes of a value: stored by a program, or kept by the system for a monitor that is plugged in.
+/// The bytes of a value: stored by a program, or kept by the system for a monitor it has seen.
 std::optional<Bytes> FindBytes(const std::wstring& key, const wchar_t* value) {
   const auto* stored = Machine().registry.Find(key, value);
   if (stored == nullptr) return Machine().displays.DeviceParameter(key, value);

@@ -33,7 +33,8 @@ FileSystem::FileSystem() {
 }
 
 void FileSystem::AddFolder(const std::wstring& path) {
-  for (auto folder = Normalised(path); !folder.empty(); folder = Parent(folder)) entries_[folder] = {.isFolder = true};
+  for (auto folder = Normalised(path); !folder.empty(); folder = Parent(folder))
+    entries_.try_emplace(folder, Entry{.isFolder = true});
 }
 
 void FileSystem::AddFile(const std::wstring& path, os::Bytes content) {

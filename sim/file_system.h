@@ -65,8 +65,8 @@ class FileSystem {
  private:
   struct Entry {
     bool isFolder = false, readOnly = false;
-    os::Bytes content;
-    std::optional<os::FileVersion> version;
+    os::Bytes content = {};
+    std::optional<os::FileVersion> version = {};
   };
   [[nodiscard]] const Entry* Find(const std::wstring& path) const;
   [[nodiscard]] std::uint32_t WriteRefusal(const std::wstring& path) const;

@@ -68,6 +68,8 @@ class Firmware {
   void Close(os::DeviceHandle device) noexcept { handles_.Close(device); }
   std::optional<os::Bytes> Control(os::DeviceHandle device, std::uint32_t code, os::BytesView request,
                                    std::size_t replySize);
+  /// The process is gone, and all it held.
+  void EndProcess() { handles_.CloseAll(); }
   void WriteVariable(FirmwareVariable variable) { variables_.push_back(std::move(variable)); }
 
  private:

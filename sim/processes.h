@@ -16,7 +16,7 @@ namespace sim {
 /// How a program behaves that the controller may start.
 struct Program {
   std::uint32_t exitCode = 0;
-  std::uint32_t runMs = 20;              // how long it runs
+  std::uint32_t runMs = 20;  // how long it runs
   bool neverEnds = false;
   std::uint32_t error = 0;               // other than 0: it cannot be started, with this system error code
   std::deque<std::uint32_t> first = {};  // exit codes of its first runs, before `exitCode` holds

@@ -11,10 +11,10 @@ namespace sim {
 /// One display and its place on the desktop. A test may change any field; the functions change what belongs together.
 struct Screen {
   // What the display is.
-  std::wstring instanceId;  // "DISPLAY\TSB8888\4&1b1f3fd7&0&UID8388688"
-  std::wstring devicePath;  // of its monitor interface; made from the instance id when left empty
-  std::wstring friendlyName;
-  os::Bytes edid;                                         // none: the system could not read it
+  std::wstring instanceId = {};  // "DISPLAY\TSB8888\4&1b1f3fd7&0&UID8388688"
+  std::wstring devicePath = {};  // of its monitor interface; made from the instance id when left empty
+  std::wstring friendlyName = {};
+  os::Bytes edid = {};                                    // none: the system could not read it
   std::uint32_t nativeWidth = 1920, nativeHeight = 1080;  // pixels, in orientation 0
 
   // How it is connected. The source is the adapter's side of the connection, the target the display's.
@@ -23,8 +23,8 @@ struct Screen {
   std::uint32_t sourceId = 0, targetId = 0;  // numbered by Displays when left 0
   std::int32_t outputTechnology = 11;        // embedded display port
   std::uint32_t busNumber = 0, address = 0;
-  std::wstring gdiName;  // "\\.\DISPLAY1"; given by Displays when left empty
-  bool plugged = true;   // the device is there; an unplugged one is in no list
+  std::wstring gdiName = {};  // "\\.\DISPLAY1"; given by Displays when left empty
+  bool plugged = true;        // the device is there; an unplugged one is in no list
   bool targetAvailable = true;
   std::uint32_t targetStatusFlags = 1;  // in use
   std::uint32_t pathFlags = os::kPathActive;

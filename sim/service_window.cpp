@@ -8,8 +8,8 @@
 namespace sim {
 namespace {
 
-constexpr std::uint32_t kClassExists = 1410;     // ERROR_CLASS_ALREADY_EXISTS
-constexpr std::uint32_t kShortestTimerMs = 10;   // USER_TIMER_MINIMUM
+constexpr std::uint32_t kClassExists = 1410;                                  // ERROR_CLASS_ALREADY_EXISTS
+constexpr std::uint32_t kShortestTimerMs = 10;                                // USER_TIMER_MINIMUM
 constexpr std::uint32_t kClose = 0x0010, kCommand = 0x0111, kTimer = 0x0113;  // WM_CLOSE, WM_COMMAND, WM_TIMER
 
 }  // namespace
@@ -27,7 +27,7 @@ os::WindowHandle ServiceWindow::Create(const std::wstring& className, const std:
   events_ = found->second;
   owner_ = Scheduler::ThreadId();
   handle_ = Machine().desktop.Open(
-      {.className = className, .title = title, .program = Laptop::kProgramPath, .visible = false});
+      {.className = className, .title = title, .program = Machine().files.ownProgram, .visible = false});
   return handle_;
 }
 
@@ -110,9 +110,8 @@ std::optional<std::uint64_t> ServiceWindow::NextTimer() const {
 
 void ServiceWindow::ServeOneTimer() {
   const auto now = Machine().NowMs();
-  const auto due = std::find_if(timers_.begin(), timers_.end(), [now](const auto& timer) {
-    return timer.second.dueMs <= now;
-  });
+  const auto due =
+      std::find_if(timers_.begin(), timers_.end(), [now](const auto& timer) { return timer.second.dueMs <= now; });
   if (due == timers_.end()) return;
   due->second.dueMs = now + due->second.periodMs;
   events_->timer(due->first);
@@ -146,7 +145,8 @@ int ServiceWindow::RunLoop() {
     }
     timersChanged_ = false;
     const auto timer = OwnedBy(thread) ? NextTimer() : std::nullopt;
-    const bool work = scheduler.WaitUntil([this, thread] { return HasWork(thread); }, timer, Scheduler::Patience::Timer);
+    const bool work =
+        scheduler.WaitUntil([this, thread] { return HasWork(thread); }, timer, Scheduler::Patience::Timer);
     if (!work && OwnedBy(thread)) ServeOneTimer();
   }
 }

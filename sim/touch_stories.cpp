@@ -29,14 +29,22 @@ void TouchController::Contact(int reports) {
   for (int i = 0; i < reports; ++i) Report(ScreenReport(*touchScreen_, kTouching));
 }
 
-void TouchController::Lift() { Report(ScreenReport(*touchScreen_, 0)); }
+void TouchController::Lift() {
+  Report(ScreenReport(*touchScreen_, 0));
+}
 
-void TouchController::Report(os::Bytes report) { ReportFrom(*touchScreen_, std::move(report)); }
+void TouchController::Report(os::Bytes report) {
+  ReportFrom(*touchScreen_, std::move(report));
+}
 
-void TouchController::PadReport(os::Bytes report) { ReportFrom(*touchPad_, std::move(report)); }
+void TouchController::PadReport(os::Bytes report) {
+  ReportFrom(*touchPad_, std::move(report));
+}
 
 void TouchController::ReportFrom(const HidCollection& collection, os::Bytes report) {
-  Deliver(collection, std::move(report), {.type = os::kRawInputHid});
+  os::RawInput input;
+  input.type = os::kRawInputHid;
+  Deliver(collection, std::move(report), input);
 }
 
 void TouchController::Deliver(const HidCollection& collection, os::Bytes report, os::RawInput input) {

@@ -20,7 +20,9 @@ struct CloseService {
 };
 using ServiceHandle = std::unique_ptr<std::remove_pointer_t<SC_HANDLE>, CloseService>;
 
-ServiceHandle OpenManager() { return ServiceHandle(OpenSCManagerW(nullptr, nullptr, SC_MANAGER_ALL_ACCESS)); }
+ServiceHandle OpenManager() {
+  return ServiceHandle(OpenSCManagerW(nullptr, nullptr, SC_MANAGER_ALL_ACCESS));
+}
 
 ServiceHandle OpenDriver() {
   const auto manager = OpenManager();
@@ -67,7 +69,9 @@ bool FirmwareDriver::SetFault(std::uint32_t id, FirmwareFaultKind kind, std::uin
   return ControlDevice(kDevice, kFirmwareSetFault, &fault, sizeof fault);
 }
 
-bool FirmwareDriver::Reset() { return ControlDevice(kDevice, kFirmwareReset, nullptr, 0); }
+bool FirmwareDriver::Reset() {
+  return ControlDevice(kDevice, kFirmwareReset, nullptr, 0);
+}
 
 std::vector<FirmwareRecord> FirmwareDriver::Requests(std::uint32_t first) const {
   const auto journal = std::make_unique<FirmwareJournal>();

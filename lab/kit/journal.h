@@ -10,7 +10,8 @@
 
 namespace lab {
 
-/// How long a story or a test waits for something that the controller should do. Generous: a busy machine is no failure.
+/// How long a story or a test waits for something that the controller should do. Generous: a busy machine is no
+/// failure.
 inline constexpr std::chrono::milliseconds kPatience{10000};
 
 /// What one party of the laptop said or was told, line by line, in order. Any thread.

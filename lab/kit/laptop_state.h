@@ -15,12 +15,12 @@ struct LaptopState {
   std::uint32_t packageCheck;  // exit code of the package check tool: 1 installed, 0 not
 };
 
-/// The laptop's state, in memory that all programs of the lab share (CreateFileMappingW). The first to ask makes it, with
-/// both panels extended, on mains, and the UI's package installed. Lives as long as this process.
+/// The laptop's state, in memory that all programs of the lab share (CreateFileMappingW). The first to ask makes it,
+/// with both panels extended, on mains, and the UI's package installed. Lives as long as this process.
 inline LaptopState* SharedLaptopState() {
   static LaptopState* const state = []() -> LaptopState* {
-    const HANDLE memory = CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(LaptopState),
-                                             L"TessaviewLabState");
+    const HANDLE memory =
+        CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(LaptopState), L"TessaviewLabState");
     const bool isNew = GetLastError() != ERROR_ALREADY_EXISTS;
     if (memory == nullptr) return nullptr;
     auto* view = static_cast<LaptopState*>(MapViewOfFile(memory, FILE_MAP_ALL_ACCESS, 0, 0, sizeof(LaptopState)));

@@ -19,8 +19,8 @@ bool LoadInto(HANDLE process, const std::wstring& dll) {
   const HANDLE thread = CreateRemoteThread(process, nullptr, 0, load, path, 0, nullptr);
   if (thread == nullptr) return false;
   DWORD module = 0;
-  const bool loaded = WaitForSingleObject(thread, kInjectionMs) == WAIT_OBJECT_0 &&
-                      GetExitCodeThread(thread, &module) && module != 0;
+  const bool loaded =
+      WaitForSingleObject(thread, kInjectionMs) == WAIT_OBJECT_0 && GetExitCodeThread(thread, &module) && module != 0;
   CloseHandle(thread);
   return loaded;
 }

@@ -22,7 +22,9 @@ constexpr wchar_t kBusHardwareId[] = L"root\\zrvbus";  // what zrvbus.inf matche
 constexpr GUID kSystemClass{0x4d36e97d, 0xe325, 0x11ce, {0xbf, 0xc1, 0x08, 0x00, 0x2b, 0xe1, 0x03, 0x18}};
 
 /// A part of the collection's interface path, in lower case.
-const wchar_t* PathPart(TouchDevice which) { return which == kTouchPad ? L"&col05#" : L"&col06#"; }
+const wchar_t* PathPart(TouchDevice which) {
+  return which == kTouchPad ? L"&col05#" : L"&col06#";
+}
 
 /// Where the driver files must lie for their INF files to find them.
 void CopyDriver(const wchar_t* name) {
@@ -75,17 +77,17 @@ bool TouchController::Install() {
 
 bool TouchController::Plug(TouchDevice which) {
   const std::uint32_t request = which;
-  return ControlDevice(kBus, kTouchPlug, &request, sizeof request) &&
-         Eventually([&] { return IsPresent(which); });
+  return ControlDevice(kBus, kTouchPlug, &request, sizeof request) && Eventually([&] { return IsPresent(which); });
 }
 
 bool TouchController::Unplug(TouchDevice which) {
   const std::uint32_t request = which;
-  return ControlDevice(kBus, kTouchUnplug, &request, sizeof request) &&
-         Eventually([&] { return !IsPresent(which); });
+  return ControlDevice(kBus, kTouchUnplug, &request, sizeof request) && Eventually([&] { return !IsPresent(which); });
 }
 
-bool TouchController::IsPresent(TouchDevice which) const { return IsHidInterfacePresent(PathPart(which)); }
+bool TouchController::IsPresent(TouchDevice which) const {
+  return IsHidInterfacePresent(PathPart(which));
+}
 
 bool TouchController::Report(TouchDevice which, const TouchBytes& report) {
   TouchBytes request(sizeof(std::uint32_t));

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <setupapi.h>
 #include <windows.h>
+
+#include <setupapi.h>
 
 #include <memory>
 #include <optional>

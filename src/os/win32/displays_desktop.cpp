@@ -1,5 +1,9 @@
 // Monitors of the desktop and the settings of single displays.
+#include <windows.h>
+
 #include <shellscalingapi.h>
+
+#undef ChangeDisplaySettings  // the door has a function of this name
 
 #include "os/displays.h"
 #include "os/win32/win32_support.h"

@@ -1,4 +1,6 @@
 // Monitor devices and their place in the device tree.
+#include <windows.h>
+
 #include <cfgmgr32.h>
 
 #include <array>

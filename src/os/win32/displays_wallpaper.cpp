@@ -1,4 +1,6 @@
 // The monitors as the desktop-wallpaper object counts them.
+#include <windows.h>
+
 #include <shobjidl.h>
 
 #include "os/displays.h"

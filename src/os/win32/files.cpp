@@ -1,6 +1,7 @@
 #include "os/files.h"
 
-// shlobj.h and winver.h rely on windows.h having been read.
+#include <windows.h>
+
 #include <shlobj.h>
 #include <winver.h>
 

@@ -7,10 +7,10 @@ namespace {
 
 constexpr auto kLibrary = L"kernel32.dll";
 
-using OobeComplete = BOOL(WINAPI)(BOOL* complete);
-using OobeCallback = void(CALLBACK)(void* context);
-using RegisterOobeWait = BOOL(WINAPI)(OobeCallback* callback, void* context, void** wait);
-using UnregisterOobeWait = BOOL(WINAPI)(void* wait);
+using OobeComplete = BOOL WINAPI(BOOL* complete);
+using OobeCallback = void CALLBACK(void* context);
+using RegisterOobeWait = BOOL WINAPI(OobeCallback* callback, void* context, void** wait);
+using UnregisterOobeWait = BOOL WINAPI(void* wait);
 
 void CALLBACK OnOobeCompleted(void* context) noexcept {
   reinterpret_cast<void (*)()>(context)();

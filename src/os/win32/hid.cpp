@@ -8,16 +8,16 @@ namespace os {
 namespace {
 
 struct PreparsedFreer {
-  void operator()(HIDP_PREPARSED_DATA* data) const noexcept { HidD_FreePreparsedData(data); }
+  void operator()(PHIDP_PREPARSED_DATA data) const noexcept { HidD_FreePreparsedData(data); }
 };
-using Preparsed = std::unique_ptr<HIDP_PREPARSED_DATA, PreparsedFreer>;
+using Preparsed = std::unique_ptr<_HIDP_PREPARSED_DATA, PreparsedFreer>;
 
 HANDLE NativeOf(const HidDevice& device) {
   return win32::ToNative<HANDLE>(device.get());
 }
 
 Preparsed PreparsedOf(const HidDevice& device) {
-  HIDP_PREPARSED_DATA* data = nullptr;
+  PHIDP_PREPARSED_DATA data = nullptr;
   if (HidD_GetPreparsedData(NativeOf(device), &data) == FALSE) return {};
   return Preparsed(data);
 }

@@ -1,4 +1,6 @@
 // Packaged applications, started through the activation manager.
+#include <windows.h>
+
 #include <shellapi.h>
 #include <shobjidl.h>
 

@@ -1,4 +1,6 @@
 // Sessions, access tokens and the rights they carry.
+#include <windows.h>
+
 #include <userenv.h>
 #include <wtsapi32.h>
 
@@ -79,7 +81,7 @@ Status Impersonate(const Token& token) {
   return win32::DoneOrLastError(ImpersonateLoggedOnUser(win32::ToNative<HANDLE>(token.get())));
 }
 
-void RevertToOwnRights() {
+void RevertToOwnRights() noexcept {
   RevertToSelf();
 }
 

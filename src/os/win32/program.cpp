@@ -6,9 +6,10 @@
 #include "core/start_up.h"
 
 // The resource compiler reads its own list of the ids that the code names.
-static_assert(IDS_TITLE == tessaview::kTitleText && IDS_WINDOW_CLASS == tessaview::kWindowClassText);
+static_assert(IDS_TITLE == tessaview::kTitleText && IDS_CLASS == tessaview::kClassText);
 static_assert(IDI_LARGE == tessaview::kLargeIcon && IDI_SMALL == tessaview::kSmallIcon);
-static_assert(IDR_MENU == tessaview::kMenuAndAccelerators && IDD_ABOUT == tessaview::kAboutDialog);
+static_assert(IDR_MENU == tessaview::kMainMenu && IDR_ACCELERATORS == tessaview::kAccelerators);
+static_assert(IDD_ABOUT == tessaview::kAboutDialog);
 static_assert(IDM_ABOUT == tessaview::kAboutCommand && IDM_EXIT == tessaview::kExitCommand);
 
 int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, PWSTR /*commandLine*/, int /*show*/) {

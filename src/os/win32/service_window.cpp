@@ -1,5 +1,7 @@
 #include "os/service_window.h"
 
+#include <windows.h>
+
 #include <shellscalingapi.h>
 #include <wtsapi32.h>
 

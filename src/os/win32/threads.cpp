@@ -17,7 +17,7 @@ struct ThreadStart {
 /// Windows 10 and later; without it the thread goes unnamed.
 void NameThisThread(const std::wstring& name) {
   const auto describe =
-      win32::FindSystemFunction<HRESULT(WINAPI)(HANDLE, PCWSTR)>(L"kernel32.dll", "SetThreadDescription");
+      win32::FindSystemFunction<HRESULT WINAPI(HANDLE, PCWSTR)>(L"kernel32.dll", "SetThreadDescription");
   if (describe != nullptr) describe(GetCurrentThread(), name.c_str());
 }
 

@@ -1,8 +1,12 @@
 #include "os/trace.h"
 
-// evntprov.h relies on windows.h having been read.
-#include <evntprov.h>
+#include <windows.h>
 
+#include <evntprov.h>
+#include <evntrace.h>
+
+#include <array>
+#include <bit>
 #include <cstring>
 
 #include "os/win32/win32_support.h"
@@ -10,9 +14,10 @@
 namespace os {
 namespace {
 
-constexpr std::uint32_t kProviderTraits = 2;      // EventProviderSetTraits
-constexpr std::uint32_t kTypeProviderTraits = 2;  // EVENT_DATA_DESCRIPTOR_TYPE_PROVIDER_METADATA
-constexpr std::uint32_t kTypeEventMetadata = 1;   // EVENT_DATA_DESCRIPTOR_TYPE_EVENT_METADATA
+// Not in the headers of the toolchain.
+constexpr auto kProviderTraits = std::bit_cast<EVENT_INFO_CLASS>(2);  // EventProviderSetTraits
+constexpr std::uint32_t kTypeProviderTraits = 2;                      // EVENT_DATA_DESCRIPTOR_TYPE_PROVIDER_METADATA
+constexpr std::uint32_t kTypeEventMetadata = 1;                       // EVENT_DATA_DESCRIPTOR_TYPE_EVENT_METADATA
 constexpr std::uint32_t kTypePlainData = 0;
 
 GUID ToGuid(const Guid& id) {
@@ -50,8 +55,7 @@ Result<TraceProvider> RegisterTraceProvider(const Guid& id, TraceEnableCallback 
 
 Status SetTraceProviderTraits(TraceProvider provider, BytesView traits) {
   Bytes copy(traits.begin(), traits.end());  // the call takes it as writable
-  return win32::DoneOrCode(EventSetInformation(static_cast<REGHANDLE>(provider),
-                                               static_cast<EVENT_INFO_CLASS>(kProviderTraits), copy.data(),
+  return win32::DoneOrCode(EventSetInformation(static_cast<REGHANDLE>(provider), kProviderTraits, copy.data(),
                                                static_cast<ULONG>(copy.size())));
 }
 

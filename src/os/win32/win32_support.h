@@ -71,7 +71,7 @@ struct HandleCloser {
 using LocalHandle = std::unique_ptr<void, HandleCloser>;
 
 /// A function of a system library that not every version of Windows has; null where it is missing. `Function` is its
-/// type, such as BOOL(WINAPI)(PBOOL). Only libraries that every process holds anyway, so that none is searched for.
+/// type, such as BOOL WINAPI(PBOOL). Only libraries that every process holds anyway, so that none is searched for.
 template <class Function>
 [[nodiscard]] Function* FindSystemFunction(const wchar_t* library, const char* name) {
   const HMODULE module = GetModuleHandleW(library);

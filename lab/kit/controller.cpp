@@ -1,0 +1,67 @@
+#include "kit/controller.h"
+
+#include <array>
+#include <cstddef>
+#include <cstring>
+
+namespace lab {
+namespace {
+
+constexpr UINT kReadyMs = 30000;
+constexpr WORD kExitCommand = 105;
+
+/// Sends a message and waits until it is handled; false when it was not in time.
+bool Deliver(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  DWORD_PTR result = 0;
+  return SendMessageTimeoutW(window, message, wParam, lParam, SMTO_NORMAL, kReadyMs, &result) != 0;
+}
+
+}  // namespace
+
+bool Controller::Start() {
+  const std::wstring folder = kControllerFolder;
+  process_ = ChildProcess::Start(folder + L"TessaviewService.exe", {}, LabFolder() + L"lab_patch.dll");
+  return static_cast<bool>(process_);
+}
+
+bool Controller::WaitUntilReady() const {
+  if (!Eventually([this] { return Window() != nullptr || !IsRunning(); }, std::chrono::seconds(30))) return false;
+  // A message sent during start-up may be served in the middle of it, while the controller itself waits for another
+  // program; one that was posted is served by the message loop alone. The answer comes when both have been.
+  PostMessageW(Window(), WM_NULL, 0, 0);
+  return Eventually([] { return Deliver(Window(), WM_NULL, 0, 0); }, std::chrono::seconds(30));
+}
+
+HWND Controller::Window() {
+  return FindWindowW(L"TESSAVIEWSERVICE", L"TessaviewServiceTitle");
+}
+
+void Controller::PostHotKey(HotKey key, LPARAM lParam) {
+  static const UINT message = RegisterWindowMessageW(L"ACPI Notification through ZRVHotkey from BIOS");
+  PostMessageW(Window(), message, static_cast<WPARAM>(key), lParam);
+}
+
+bool Controller::NotifyPowerSetting(const GUID& setting, std::uint32_t value) const {
+  // The record must lie in the controller's own memory: only the message's two words cross the processes.
+  std::array<std::byte, sizeof(POWERBROADCAST_SETTING) + sizeof value> record{};
+  auto* content = reinterpret_cast<POWERBROADCAST_SETTING*>(record.data());
+  content->PowerSetting = setting;
+  content->DataLength = sizeof value;
+  std::memcpy(content->Data, &value, sizeof value);
+
+  const HANDLE process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, process_.id());
+  if (process == nullptr) return false;
+  void* const there = VirtualAllocEx(process, nullptr, record.size(), MEM_COMMIT, PAGE_READWRITE);
+  const bool handled = there != nullptr &&
+                       WriteProcessMemory(process, there, record.data(), record.size(), nullptr) != 0 &&
+                       Deliver(Window(), WM_POWERBROADCAST, PBT_POWERSETTINGCHANGE, reinterpret_cast<LPARAM>(there));
+  if (there != nullptr) VirtualFreeEx(process, there, 0, MEM_RELEASE);
+  CloseHandle(process);
+  return handled;
+}
+
+void Controller::Exit() {
+  PostMessageW(Window(), WM_COMMAND, kExitCommand, 0);
+}
+
+}  // namespace lab

@@ -1,0 +1,84 @@
+#include "kit/desktop.h"
+
+#include <windows.h>
+
+#include <deque>
+#include <mutex>
+#include <thread>
+
+#include "kit/journal.h"
+
+namespace lab {
+namespace {
+
+constexpr wchar_t kDesktopClass[] = L"TessaviewLabDesktop";
+constexpr std::size_t kLinesShown = 38;
+constexpr int kLineHeight = 27;
+
+std::mutex mutex;
+std::deque<std::wstring> lines;
+
+void Paint(HWND window) {
+  PAINTSTRUCT paint{};
+  const HDC to = BeginPaint(window, &paint);
+  RECT area{};
+  GetClientRect(window, &area);
+  const HBRUSH background = CreateSolidBrush(RGB(236, 238, 240));
+  FillRect(to, &area, background);
+  DeleteObject(background);
+  const HFONT font = CreateFontW(-20, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+                                 CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, DEFAULT_PITCH, L"Tahoma");
+  const HGDIOBJ before = SelectObject(to, font);
+  SetBkMode(to, TRANSPARENT);
+  int y = 20;
+  const std::lock_guard lock(mutex);
+  for (const auto& line : lines) {
+    TextOutW(to, 30, y, line.c_str(), static_cast<int>(line.size()));
+    y += kLineHeight;
+  }
+  SelectObject(to, before);
+  DeleteObject(font);
+  EndPaint(window, &paint);
+}
+
+LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_ERASEBKGND) return 1;
+  if (message != WM_PAINT) return DefWindowProcW(window, message, wParam, lParam);
+  Paint(window);
+  return 0;
+}
+
+void ServeDesktop() {
+  WNDCLASSW windowClass{};
+  windowClass.lpfnWndProc = OnMessage;
+  windowClass.hInstance = GetModuleHandleW(nullptr);
+  windowClass.lpszClassName = kDesktopClass;
+  RegisterClassW(&windowClass);
+  const HWND window =
+      CreateWindowExW(0, kDesktopClass, L"Desktop", WS_POPUP | WS_VISIBLE, 0, 0, GetSystemMetrics(SM_CXSCREEN),
+                      GetSystemMetrics(SM_CYSCREEN), nullptr, nullptr, windowClass.hInstance, nullptr);
+  SetForegroundWindow(window);
+  MSG message{};
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+}
+
+}  // namespace
+
+bool OpenDesktop() {
+  std::thread(ServeDesktop).detach();
+  return Eventually([] {
+    const HWND window = FindWindowW(kDesktopClass, nullptr);
+    return window != nullptr && GetForegroundWindow() == window;
+  });
+}
+
+void ShowOnDesktop(const std::wstring& line) {
+  {
+    const std::lock_guard lock(mutex);
+    lines.push_back(line);
+    if (lines.size() > kLinesShown) lines.pop_front();
+  }
+  if (const HWND window = FindWindowW(kDesktopClass, nullptr)) InvalidateRect(window, nullptr, FALSE);
+}
+
+}  // namespace lab

@@ -1,0 +1,86 @@
+#include "kit/laptop.h"
+
+#include "kit/activation_server.h"
+#include "kit/laptop_state.h"
+#include "kit/machine.h"
+#include "kit/text_pipe.h"
+
+namespace lab {
+namespace {
+
+constexpr DWORD kWatchMs = 20;
+constexpr std::size_t kModeReportBytes = 12;  // what the mode report sets; the rest of the 32 is padding
+
+/// The part after "trace " and the like, when the line begins so.
+bool Unwrap(const std::wstring& line, const wchar_t* prefix, std::wstring& rest) {
+  const std::size_t length = wcslen(prefix);
+  if (line.compare(0, length, prefix) != 0) return false;
+  rest = line.substr(length);
+  return true;
+}
+
+}  // namespace
+
+Laptop::Laptop(const Listener& listener)
+    : trace([listener](const auto& line) { listener(L"controller", line); }),
+      usage([listener](const auto& line) { listener(L"usage", line); }),
+      uiTalk([listener](const auto& line) { listener(L"UI", line); }),
+      requests([listener](const auto& line) { listener(L"firmware", line); }),
+      reports([listener](const auto& line) { listener(L"touch pad", line); }),
+      patched([listener](const auto& line) { listener(L"patch", line); }),
+      listener_(listener) {}
+
+Laptop::~Laptop() {
+  if (watcher_ == nullptr) return;
+  SetEvent(stop_);
+  WaitForSingleObject(watcher_, INFINITE);
+  CloseHandle(watcher_);
+  CloseHandle(stop_);
+}
+
+bool Laptop::Boot() {
+  const auto has = [this](bool works, const wchar_t* part) {
+    if (!works) listener_(L"laptop", std::wstring(part) + L" does not work");
+    return works;
+  };
+  if (!has(SharedLaptopState() != nullptr, L"the shared state") || !has(WriteFactoryIds(), L"the registry") ||
+      !has(firmware.Install(), L"the firmware driver") || !has(touch.Install(), L"the touch bus") ||
+      !has(touch.Plug(kTouchPad), L"the touch pad") || !has(touch.Plug(kTouchScreen), L"the touch screen")) {
+    return false;
+  }
+  ListenOnPipe(kTracePipe, [this](const std::wstring& line) { SortIn(line); });
+  ListenOnPipe(kUiPipe, [this](const std::wstring& line) { uiTalk.Add(line); });
+  const bool serves = ServeActivations([this](const auto& application, const auto& argument) {
+    uiTalk.Add(L"activated " + application + L" " + argument);
+    if (!StandInUi::IsThere()) ui.Start();
+  });
+  stop_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+  const auto watch = [](void* laptop) -> DWORD {
+    static_cast<Laptop*>(laptop)->WatchDevices();
+    return 0;
+  };
+  watcher_ = CreateThread(nullptr, 0, watch, this, 0, nullptr);
+  return has(serves, L"application activation");
+}
+
+void Laptop::SortIn(const std::wstring& line) {
+  std::wstring rest;
+  if (Unwrap(line, L"trace ", rest)) trace.Add(rest);
+  if (Unwrap(line, L"usage ", rest)) usage.Add(rest);
+  if (Unwrap(line, L"patch ", rest)) patched.Add(rest);
+}
+
+void Laptop::WatchDevices() {
+  while (WaitForSingleObject(stop_, kWatchMs) == WAIT_TIMEOUT) {
+    for (const auto& request : firmware.Requests(requestsSeen_)) {
+      requestsSeen_++;
+      requests.Add(Describe(request));
+    }
+    for (const auto& report : touch.Outputs(kTouchPad, reportsSeen_)) {
+      reportsSeen_++;
+      reports.Add(HexText(report, kModeReportBytes));
+    }
+  }
+}
+
+}  // namespace lab

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "kit/controller.h"
+#include "kit/firmware_driver.h"
+#include "kit/journal.h"
+#include "kit/stand_in_ui.h"
+#include "kit/touch_controller.h"
+
+namespace lab {
+
+/// The virtual laptop with everything that the controller meets on it, and a journal of what each part saw.
+class Laptop {
+ public:
+  /// Hears each line as it happens: whose journal it is in, and the line.
+  using Listener = std::function<void(const std::wstring& who, const std::wstring& line)>;
+
+  explicit Laptop(const Listener& listener);
+  ~Laptop();
+  Laptop(const Laptop&) = delete;
+  Laptop& operator=(const Laptop&) = delete;
+
+  /// Installs the devices, writes the factory's ids and begins to listen. False when a device does not answer; which
+  /// one is told to the listener.
+  bool Boot();
+
+  FirmwareDriver firmware;
+  TouchController touch;
+  StandInUi ui;
+  Controller controller;
+
+  Journal trace;     // the controller's trace lines
+  Journal usage;     // its usage events
+  Journal uiTalk;    // "received POWERON", "sent BLGET", "activated …"
+  Journal requests;  // to the firmware: "DEVS 0x00050031 = 0"
+  Journal reports;   // output reports of the touch pad, the first 12 bytes in hexadecimal
+  Journal patched;   // calls that the import patch acted on
+
+ private:
+  void SortIn(const std::wstring& line);
+  void WatchDevices();
+
+  Listener listener_;
+  std::uint32_t requestsSeen_ = 0, reportsSeen_ = 0;
+  HANDLE watcher_ = nullptr, stop_ = nullptr;
+};
+
+}  // namespace lab

@@ -1,0 +1,98 @@
+#include "kit/machine.h"
+
+#include <windows.h>
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+
+#include "kit/journal.h"
+
+namespace lab {
+namespace {
+
+bool WriteText(HKEY key, const wchar_t* name, const std::wstring& text) {
+  return RegSetValueExW(key, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+                        static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))) == ERROR_SUCCESS;
+}
+
+std::wstring EnvironmentText(const wchar_t* name) {
+  std::array<wchar_t, 1024> text{};
+  GetEnvironmentVariableW(name, text.data(), static_cast<DWORD>(text.size()));
+  return text.data();
+}
+
+/// A PNG is whole when its last chunk, 12 bytes named IEND, is there.
+bool IsWholePng(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::array<char, 8> end{};
+  if (!file.seekg(-static_cast<std::streamoff>(end.size()), std::ios::end) || !file.read(end.data(), end.size())) {
+    return false;
+  }
+  return std::string(end.data(), 4) == "IEND";
+}
+
+}  // namespace
+
+bool WriteFactoryIds() {
+  HKEY key = nullptr;
+  if (RegCreateKeyExW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\NORV\\FactoryConfig", 0, nullptr, 0, KEY_WRITE, nullptr, &key,
+                      nullptr) != ERROR_SUCCESS) {
+    return false;
+  }
+  // Wine calls every monitor so and counts them; the part after the last backslash is not compared.
+  const bool written = WriteText(key, L"BPanelHardwareID", L"DISPLAY\\DEFAULT_MONITOR\\0000&0000\\0") &&
+                       WriteText(key, L"CPanelHardwareID", L"DISPLAY\\DEFAULT_MONITOR\\0001&0000\\0");
+  RegCloseKey(key);
+  return written;
+}
+
+std::wstring SettingsPath() {
+  return L"C:\\Windows\\system32\\config\\systemprofile\\AppData\\Local\\NORV\\Vantyra\\TessaviewSetting.ini";
+}
+
+std::string Setting(const std::string& key) {
+  std::ifstream file{std::filesystem::path(SettingsPath()), std::ios::binary};
+  for (std::string line; std::getline(file, line);) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    if (line.rfind(key + "=", 0) == 0) return line.substr(key.size() + 1);
+  }
+  return {};
+}
+
+std::vector<std::wstring> Monitors() {
+  std::vector<std::wstring> monitors;
+  const auto add = [](HMONITOR monitor, HDC, LPRECT at, LPARAM list) -> BOOL {
+    auto& found = *reinterpret_cast<std::vector<std::wstring>*>(list);
+    MONITORINFO info{};
+    info.cbSize = sizeof info;
+    GetMonitorInfoW(monitor, &info);
+    const auto text = std::to_wstring(at->right - at->left) + L"x" + std::to_wstring(at->bottom - at->top) + L" at (" +
+                      std::to_wstring(at->left) + L"," + std::to_wstring(at->top) + L")";
+    const bool primary = (info.dwFlags & MONITORINFOF_PRIMARY) != 0;
+    found.insert(primary ? found.begin() : found.end(), text);
+    return TRUE;
+  };
+  EnumDisplayMonitors(nullptr, nullptr, add, reinterpret_cast<LPARAM>(&monitors));
+  return monitors;
+}
+
+std::wstring TakePicture(const std::wstring& name) {
+  // Drive Z: is the root of the Linux file system; Wine starts a Linux program like any other, but gives no handle to
+  // wait for.
+  const std::wstring path = EnvironmentText(L"LAB_PICTURES") + L"/" + name + L".png";
+  const std::filesystem::path seenFromHere = L"Z:" + path;
+  std::error_code ignored;
+  std::filesystem::remove(seenFromHere, ignored);
+  std::wstring commandLine = L"\"Z:\\usr\\bin\\scrot\" --overwrite --silent \"" + path + L"\"";
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION started{};
+  if (!CreateProcessW(L"Z:\\usr\\bin\\scrot", commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                      &startup, &started)) {
+    return {};
+  }
+  return Eventually([&] { return IsWholePng(seenFromHere); }) ? path : std::wstring();
+}
+
+}  // namespace lab

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace lab {
+
+/// Writes the factory's hardware ids that tell B and C panel apart, as they are on this laptop, into the registry.
+bool WriteFactoryIds();
+
+/// The controller's settings file, where the controller puts it.
+[[nodiscard]] std::wstring SettingsPath();
+
+/// The value of a key of the settings file as it lies on disk; empty when file or key are missing.
+[[nodiscard]] std::string Setting(const std::string& key);
+
+/// One monitor of the desktop, as "1920x1080 at (0,0)"; the primary one first.
+[[nodiscard]] std::vector<std::wstring> Monitors();
+
+/// Takes a picture of both panels with the program that the laptop's X server has for it (scrot), into the folder that
+/// the environment variable LAB_PICTURES names as a Linux path. The file's Linux path; empty when none came.
+[[nodiscard]] std::wstring TakePicture(const std::wstring& name);
+
+}  // namespace lab

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "patch/import_table.h"
+
+namespace lab::patch {
+
+// Each group answers a few calls that Wine only pretends to serve; lab/README.md gives the reason for each.
+std::array<Redirection, 2> TraceCalls();
+std::array<Redirection, 1> DisplayCalls();
+std::array<Redirection, 1> PowerCalls();
+std::array<Redirection, 4> TouchCalls();
+
+/// Tells the story or test a line, when one listens: "trace …", "usage …" or "patch …".
+void Report(const std::wstring& line);
+
+}  // namespace lab::patch

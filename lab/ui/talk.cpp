@@ -1,0 +1,55 @@
+#include "ui/talk.h"
+
+#include <array>
+#include <cwchar>
+#include <iterator>
+
+namespace lab {
+namespace {
+
+constexpr std::size_t kLinesKept = 9;
+
+/// The text, and what else the record carries when it carries anything.
+std::wstring Describe(const UiMessage& message) {
+  std::wstring line(message.text, wcsnlen(message.text, std::size(message.text)));
+  if (message.handle != 0) line += L" " + std::to_wstring(static_cast<std::int32_t>(message.handle));
+  if (message.point[0] != 0 || message.point[1] != 0) {
+    line += L" (" + std::to_wstring(message.point[0]) + L", " + std::to_wstring(message.point[1]) + L")";
+  }
+  return line;
+}
+
+}  // namespace
+
+std::wstring Talk::Received(const UiMessage& message) {
+  const std::wstring line = Describe(message);
+  if (line == L"POWERON") panelOn_ = true;
+  if (line == L"POWEROFF") panelOn_ = false;
+  lastReceived_ = line;
+  Keep(L"controller:  " + line);
+  return line;
+}
+
+std::wstring Talk::Sent(const UiMessage& message) {
+  const std::wstring line = Describe(message);
+  Keep(L"UI:  " + line);
+  return line;
+}
+
+std::wstring Talk::Touched(const unsigned char* report, std::size_t size) {
+  std::wstring line = L"touch";
+  for (std::size_t i = 0; i < size; i++) {
+    std::array<wchar_t, 4> byte{};
+    swprintf(byte.data(), byte.size(), L" %02X", report[i]);
+    line += byte.data();
+  }
+  Keep(line);
+  return line;
+}
+
+void Talk::Keep(std::wstring line) {
+  lines_.push_back(std::move(line));
+  if (lines_.size() > kLinesKept) lines_.pop_front();
+}
+
+}  // namespace lab

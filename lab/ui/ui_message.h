@@ -1,0 +1,36 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstddef>
+#include <cstdint>
+
+namespace lab {
+
+/// The record that controller and UI exchange by WM_COPYDATA, as it lies in memory on Windows.
+struct UiMessage {
+  wchar_t text[260];     // ends with a NUL
+  std::uint64_t handle;  // a window, or a number in the low 32 bits
+  std::int32_t rect[4];  // left, top, right, bottom
+  std::int32_t point[2];
+};
+static_assert(sizeof(UiMessage) == 552 && offsetof(UiMessage, handle) == 520 && offsetof(UiMessage, point) == 544);
+
+/// Kinds of WM_COPYDATA, its wParam.
+inline constexpr WPARAM kRawTouchKind = 101;   // controller to UI: one HID report
+inline constexpr WPARAM kUiMessageKind = 102;  // both ways: a UiMessage
+inline constexpr WPARAM kPleaseSend = 900;     // lab to stand-in UI: a UiMessage that it shall send to the controller
+
+inline constexpr wchar_t kUiClass[] = L"Tessaview";
+inline constexpr wchar_t kControllerClass[] = L"TESSAVIEWSERVICE";
+
+/// Sends one record and waits until the other side has taken it, at most 10 s; false when nobody has.
+inline bool SendUiMessage(HWND to, WPARAM kind, const UiMessage& message) {
+  COPYDATASTRUCT data{0, sizeof message, const_cast<UiMessage*>(&message)};
+  DWORD_PTR result = 0;
+  constexpr UINT kPatienceMs = 10000;
+  return to != nullptr && SendMessageTimeoutW(to, WM_COPYDATA, kind, reinterpret_cast<LPARAM>(&data), SMTO_NORMAL,
+                                              kPatienceMs, &result) != 0;
+}
+
+}  // namespace lab

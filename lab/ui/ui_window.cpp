@@ -1,0 +1,134 @@
+#include "ui/ui_window.h"
+
+#include <windows.h>
+
+#include <string>
+
+#include "kit/text_pipe.h"
+#include "ui/talk.h"
+#include "ui/ui_message.h"
+
+namespace lab {
+namespace {
+
+Talk talk;
+HANDLE journal = INVALID_HANDLE_VALUE;
+
+void Tell(const std::wstring& line) {
+  DWORD written = 0;
+  if (journal != INVALID_HANDLE_VALUE) {
+    WriteFile(journal, line.data(), static_cast<DWORD>(line.size() * sizeof(wchar_t)), &written, nullptr);
+  }
+}
+
+// ---- What it shows ----
+
+void DrawLine(HDC to, const std::wstring& text, RECT area, int height, COLORREF colour, UINT format) {
+  const HFONT font =
+      CreateFontW(-height, 0, 0, 0, FW_SEMIBOLD, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+                  CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, DEFAULT_PITCH, L"Tahoma");
+  const HGDIOBJ before = SelectObject(to, font);
+  SetTextColor(to, colour);
+  DrawTextW(to, text.c_str(), -1, &area, format | DT_SINGLELINE | DT_NOPREFIX);
+  SelectObject(to, before);
+  DeleteObject(font);
+}
+
+/// The state and the last text large on the left, the talk so far on the right.
+void Paint(HWND window) {
+  PAINTSTRUCT paint{};
+  const HDC to = BeginPaint(window, &paint);
+  RECT all{};
+  GetClientRect(window, &all);
+  const HBRUSH background = CreateSolidBrush(talk.panelOn() ? RGB(18, 70, 110) : RGB(24, 24, 24));
+  FillRect(to, &all, background);
+  DeleteObject(background);
+  SetBkMode(to, TRANSPARENT);
+
+  const COLORREF bright = talk.panelOn() ? RGB(255, 255, 255) : RGB(130, 130, 130);
+  const LONG middle = all.right / 2;
+  DrawLine(to, talk.panelOn() ? L"C panel on" : L"C panel off", {40, 30, middle, 170}, 110, bright, DT_LEFT);
+  DrawLine(to, L"last told", {40, 230, middle, 290}, 36, RGB(150, 180, 200), DT_LEFT);
+  DrawLine(to, talk.lastReceived(), {40, 290, middle, 420}, 84, bright, DT_LEFT);
+  constexpr LONG kLineHeight = 52;
+  LONG top = 24;
+  for (const auto& line : talk.lines()) {
+    DrawLine(to, line, {middle, top, all.right, top + kLineHeight}, 36, bright, DT_LEFT);
+    top += kLineHeight;
+  }
+  EndPaint(window, &paint);
+}
+
+// ---- What it does ----
+
+/// The record of a WM_COPYDATA; null when it is none.
+const UiMessage* RecordOf(const COPYDATASTRUCT& data) {
+  return data.cbData == sizeof(UiMessage) ? static_cast<const UiMessage*>(data.lpData) : nullptr;
+}
+
+void TakeData(HWND window, WPARAM kind, const COPYDATASTRUCT& data) {
+  if (kind == kRawTouchKind) {
+    Tell(L"received " + talk.Touched(static_cast<const unsigned char*>(data.lpData), data.cbData));
+  } else if (const UiMessage* message = RecordOf(data); message != nullptr && kind == kUiMessageKind) {
+    Tell(L"received " + talk.Received(*message));
+  } else if (message != nullptr && kind == kPleaseSend) {
+    const UiMessage copy = *message;
+    Tell(L"sent " + talk.Sent(copy));
+    SendUiMessage(FindWindowW(kControllerClass, nullptr), kUiMessageKind, copy);
+  }
+  InvalidateRect(window, nullptr, FALSE);
+}
+
+LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_COPYDATA:
+      TakeData(window, wParam, *reinterpret_cast<const COPYDATASTRUCT*>(lParam));
+      return TRUE;
+    case WM_PAINT:
+      Paint(window);
+      return 0;
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_DESTROY:
+      PostQuitMessage(0);
+      return 0;
+    default:
+      return DefWindowProcW(window, message, wParam, lParam);
+  }
+}
+
+/// The C panel is the monitor that is not the primary one; an empty rectangle when there is none.
+RECT CPanelArea() {
+  RECT area{};
+  const auto look = [](HMONITOR monitor, HDC, LPRECT rect, LPARAM result) -> BOOL {
+    MONITORINFO info{};
+    info.cbSize = sizeof info;
+    GetMonitorInfoW(monitor, &info);
+    if ((info.dwFlags & MONITORINFOF_PRIMARY) == 0) *reinterpret_cast<RECT*>(result) = *rect;
+    return TRUE;
+  };
+  EnumDisplayMonitors(nullptr, nullptr, look, reinterpret_cast<LPARAM>(&area));
+  return area;
+}
+
+}  // namespace
+
+int RunUiWindow() {
+  journal = CreateFileW(kUiPipe, GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  WNDCLASSW windowClass{};
+  windowClass.lpfnWndProc = OnMessage;
+  windowClass.hInstance = GetModuleHandleW(nullptr);
+  windowClass.lpszClassName = kUiClass;
+  RegisterClassW(&windowClass);
+  const RECT area = CPanelArea();
+  const HWND window = CreateWindowExW(WS_EX_NOACTIVATE | WS_EX_TOPMOST, kUiClass, L"Tessaview", WS_POPUP | WS_VISIBLE,
+                                      area.left, area.top, area.right - area.left, area.bottom - area.top, nullptr,
+                                      nullptr, windowClass.hInstance, nullptr);
+  if (window == nullptr) return 1;
+  Tell(L"started");
+  MSG message{};
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+  return 0;
+}
+
+}  // namespace lab

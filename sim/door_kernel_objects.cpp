@@ -1,0 +1,30 @@
+#include "os/kernel_objects.h"
+#include "sim/laptop.h"
+
+namespace os {
+
+using sim::Machine;
+
+void CloseKernelObject(KernelObject object) noexcept {
+  if (sim::Laptop::IsOn()) Machine().events.Close(object);
+}
+
+NamedMutex CreateNamedMutex(const wchar_t* name) {
+  if (sim::Enter<&CreateNamedMutex>().failed()) return {};
+  return Machine().events.CreateMutex(name);
+}
+
+Event OpenNamedEvent(const wchar_t* name) {
+  if (sim::Enter<&OpenNamedEvent>().failed()) return Event();
+  return Machine().events.OpenEvent(name);
+}
+
+void SignalEvent(const Event& event) {
+  if (!sim::Enter<&SignalEvent>().failed()) Machine().events.SetEvent(event.get(), true);
+}
+
+void ResetEvent(const Event& event) {
+  if (!sim::Enter<&ResetEvent>().failed()) Machine().events.SetEvent(event.get(), false);
+}
+
+}  // namespace os

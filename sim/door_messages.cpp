@@ -1,0 +1,53 @@
+#include <map>
+#include <mutex>
+#include <string>
+
+#include "os/messages.h"
+#include "sim/laptop.h"
+#include "sim/text.h"
+
+namespace os {
+namespace {
+
+using sim::Machine;
+
+constexpr std::uint32_t kFirstRegistered = 0xC000;
+
+}  // namespace
+
+std::uint32_t RegisterMessage(const wchar_t* name) {
+  // The session's table: there before any laptop, and the same for all.
+  static std::mutex mutex;
+  static std::map<std::wstring, std::uint32_t> ids;
+  const std::lock_guard hold(mutex);
+  return ids.try_emplace(sim::Lower(name), kFirstRegistered + static_cast<std::uint32_t>(ids.size())).first->second;
+}
+
+bool PostToWindow(WindowHandle window, std::uint32_t message, std::uint64_t wParam, std::int64_t lParam) {
+  if (sim::Enter<&PostToWindow>().failed()) return false;
+  auto* target = Machine().desktop.Find(window);
+  if (target == nullptr) return false;
+  target->posted.push_back({message, wParam, lParam});
+  if (window == Machine().window.Handle()) return Machine().window.PostRaw(message, wParam, lParam);
+  return true;
+}
+
+void SendCopyData(WindowHandle window, std::uint64_t kind, BytesView record) {
+  if (sim::Enter<&SendCopyData>().failed()) return;
+  auto& laptop = Machine();
+  if (window != WindowHandle::None && window == laptop.window.Handle()) {
+    laptop.window.SendCopyData(kind, record);
+  } else {
+    laptop.desktop.DeliverCopyData(window, kind, record);
+  }
+}
+
+bool SendCopyDataTimeout(WindowHandle window, std::uint64_t kind, BytesView record, std::uint32_t timeoutMs) {
+  if (sim::Enter<&SendCopyDataTimeout>().failed()) return false;
+  auto& laptop = Machine();
+  const auto* target = laptop.desktop.Find(window);
+  if (target == nullptr || !target->responsive) return false;
+  return laptop.desktop.DeliverCopyData(window, kind, record, laptop.NowMs() + timeoutMs);
+}
+
+}  // namespace os

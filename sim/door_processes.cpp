@@ -1,0 +1,82 @@
+#include "os/processes.h"
+#include "sim/laptop.h"
+
+namespace os {
+namespace {
+
+using sim::Machine;
+
+constexpr std::uint32_t kInvalidHandle = 6;      // ERROR_INVALID_HANDLE
+constexpr std::uint32_t kForever = 0xFFFF'FFFF;  // INFINITE
+
+}  // namespace
+
+// ---- Programs and processes ----
+
+void CloseProcess(ProcessHandle process) noexcept {
+  if (sim::Laptop::IsOn()) Machine().processes.Close(process);
+}
+
+Result<Process> StartAsUser(const Token& token, const std::wstring& program, const std::wstring& commandLine,
+                            const Environment& environment, const wchar_t* desktop) {
+  const auto call = sim::Enter<&StartAsUser>();
+  if (call.failed()) return Error{call.error()};
+  auto& laptop = Machine();
+  const auto session = laptop.sessions.SessionOf(token.get());
+  const auto environmentSession = laptop.sessions.SessionOf(environment.get());
+  if (!session || !environmentSession) return Error{kInvalidHandle};
+  return laptop.processes.Start({program, commandLine, desktop, *session, *environmentSession});
+}
+
+ProcessWait WaitForProcess(const Process& process, std::uint32_t timeoutMs) {
+  const auto call = sim::Enter<&WaitForProcess>();
+  if (call.failed()) return {WaitOutcome::Failed, call.error()};
+  auto& laptop = Machine();
+  if (!laptop.processes.HasEnded(process.get())) return {WaitOutcome::Failed, kInvalidHandle};
+  const auto deadline = timeoutMs == kForever ? std::nullopt : std::optional(laptop.NowMs() + timeoutMs);
+  const auto ended = [&] { return laptop.processes.HasEnded(process.get()).value_or(true); };
+  return {laptop.scheduler.WaitUntil(ended, deadline) ? WaitOutcome::Ended : WaitOutcome::TimedOut};
+}
+
+std::optional<std::uint32_t> ProcessExitCode(const Process& process) {
+  if (sim::Enter<&ProcessExitCode>().failed()) return std::nullopt;
+  return Machine().processes.ExitCode(process.get());
+}
+
+std::wstring ProcessImagePath(std::uint32_t processId) {
+  if (sim::Enter<&ProcessImagePath>().failed()) return {};
+  return Machine().processes.ImagePath(processId).substr(0, 259);
+}
+
+// ---- Packaged applications ----
+
+Status JoinCom() {
+  const auto call = sim::Enter<&JoinCom>();
+  if (call.failed()) return Error{call.error()};
+  Machine().apps.JoinCom();
+  return Done{};
+}
+
+void ReleaseActivation(ActivationHandle manager) noexcept {
+  if (sim::Laptop::IsOn()) Machine().apps.Release(manager);
+}
+
+Result<ActivationManager> CreateActivationManager() {
+  const auto call = sim::Enter<&CreateActivationManager>();
+  if (call.failed()) return Error{call.error()};
+  return Machine().apps.CreateManager();
+}
+
+Status ActivateApplication(const ActivationManager& manager, const std::wstring& appUserModelId,
+                           const std::wstring& argument) {
+  const auto call = sim::Enter<&ActivateApplication>();
+  if (call.failed()) return Error{call.error()};
+  return Machine().apps.Activate(manager.get(), appUserModelId, argument);
+}
+
+std::int64_t ShellOpenNothing() {
+  const auto call = sim::Enter<&ShellOpenNothing>();
+  return call.failed() ? static_cast<std::int64_t>(call.error()) : Machine().apps.shellAnswer;
+}
+
+}  // namespace os

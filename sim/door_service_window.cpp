@@ -1,0 +1,100 @@
+#include "os/service_window.h"
+#include "sim/laptop.h"
+
+namespace os {
+namespace {
+
+using sim::Machine;
+
+constexpr std::uint32_t kInvalidWindowHandle = 1400;  // ERROR_INVALID_WINDOW_HANDLE
+
+bool IsServiceWindow(WindowHandle window) {
+  return window != WindowHandle::None && window == Machine().window.Handle();
+}
+
+}  // namespace
+
+std::wstring LoadResourceText(std::uint16_t id) {
+  if (sim::Enter<&LoadResourceText>().failed()) return {};
+  if (id == 103) return L"TessaviewServiceTitle";
+  if (id == 109) return L"TESSAVIEWSERVICE";
+  return {};
+}
+
+Status RegisterServiceWindowClass(const WindowClass& windowClass, const ServiceWindowEvents& events) {
+  const auto call = sim::Enter<&RegisterServiceWindowClass>();
+  if (call.failed()) return Error{call.error()};
+  return Machine().window.RegisterClass(windowClass, events);
+}
+
+WindowHandle CreateServiceWindow(const std::wstring& className, const std::wstring& title) {
+  if (sim::Enter<&CreateServiceWindow>().failed()) return WindowHandle::None;
+  return Machine().window.Create(className, title);
+}
+
+void BecomePerMonitorDpiAware() {
+  if (!sim::Enter<&BecomePerMonitorDpiAware>().failed()) Machine().window.SeeScalePerMonitor();
+}
+
+void RefreshWindow(WindowHandle /*window*/) {
+  sim::Enter<&RefreshWindow>();  // a window that is never shown has nothing to paint
+}
+
+void AllowMessage(WindowHandle window, std::uint32_t message) {
+  if (sim::Enter<&AllowMessage>().failed() || !IsServiceWindow(window)) return;
+  Machine().window.Allow(message);
+}
+
+void StartTimer(WindowHandle window, std::uint64_t id, std::uint32_t periodMs) {
+  if (sim::Enter<&StartTimer>().failed() || !IsServiceWindow(window)) return;
+  Machine().window.StartTimer(id, periodMs);
+}
+
+void StopTimer(WindowHandle window, std::uint64_t id) {
+  if (sim::Enter<&StopTimer>().failed() || !IsServiceWindow(window)) return;
+  Machine().window.StopTimer(id);
+}
+
+PowerNotification RegisterPowerSetting(WindowHandle window, PowerSetting setting) {
+  if (sim::Enter<&RegisterPowerSetting>().failed() || !IsServiceWindow(window)) return PowerNotification::None;
+  return Machine().power.Register(setting);
+}
+
+void UnregisterPowerSetting(PowerNotification notification) {
+  sim::Enter<&UnregisterPowerSetting>();
+  Machine().power.Unregister(notification);
+}
+
+Status RegisterSessionEvents(WindowHandle window) {
+  const auto call = sim::Enter<&RegisterSessionEvents>();
+  if (call.failed()) return Error{call.error()};
+  if (!IsServiceWindow(window)) return Error{kInvalidWindowHandle};
+  Machine().window.HearOfSessions(true);
+  return Done{};
+}
+
+void UnregisterSessionEvents(WindowHandle /*window*/) {
+  sim::Enter<&UnregisterSessionEvents>();
+  Machine().window.HearOfSessions(false);
+}
+
+int RunMessageLoop(WindowHandle /*window*/, std::uint16_t /*accelerators*/) {
+  sim::Enter<&RunMessageLoop>();
+  return Machine().window.RunLoop();
+}
+
+void QuitMessageLoop(int code) {
+  sim::Enter<&QuitMessageLoop>();
+  Machine().window.Quit(code);
+}
+
+void CloseWindow(WindowHandle window) {
+  sim::Enter<&CloseWindow>();
+  Machine().window.Close(window);
+}
+
+void ShowDialog(WindowHandle /*owner*/, std::uint16_t id) {
+  if (!sim::Enter<&ShowDialog>().failed()) Machine().window.ShowDialog(id);
+}
+
+}  // namespace os

@@ -1,0 +1,84 @@
+#include "os/first_sign_in.h"
+#include "os/processes.h"
+#include "sim/laptop.h"
+
+namespace os {
+
+using sim::Machine;
+
+// ---- First sign-in ----
+
+Result<bool> IsSetupComplete() {
+  const auto call = sim::Enter<&IsSetupComplete>();
+  if (call.failed()) return Error{call.error()};
+  return Machine().sessions.setupComplete;
+}
+
+SetupWait WaitForSetup(void (*onCompleted)()) {
+  if (sim::Enter<&WaitForSetup>().failed()) return SetupWait::None;
+  return Machine().sessions.WaitForSetup(onCompleted);
+}
+
+void EndWaitForSetup(SetupWait wait) {
+  sim::Enter<&EndWaitForSetup>();
+  if (wait != SetupWait::None) Machine().sessions.EndWaitForSetup();
+}
+
+// ---- Sessions, tokens, rights ----
+
+Result<std::vector<Session>> Sessions() {
+  const auto call = sim::Enter<&Sessions>();
+  if (call.failed()) return Error{call.error()};
+  std::vector<Session> sessions;
+  for (const auto& session : Machine().sessions.all) sessions.push_back({session.id, session.state});
+  sessions.resize(call.Shortened(sessions.size()));
+  return sessions;
+}
+
+void CloseToken(TokenHandle token) noexcept {
+  if (sim::Laptop::IsOn()) Machine().sessions.Close(token);
+}
+
+Result<Token> SessionUserToken(std::uint32_t sessionId) {
+  const auto call = sim::Enter<&SessionUserToken>();
+  if (call.failed()) return Error{call.error()};
+  return Machine().sessions.UserToken(sessionId);
+}
+
+Result<Token> OwnToken() {
+  const auto call = sim::Enter<&OwnToken>();
+  if (call.failed()) return Error{call.error()};
+  return Machine().sessions.OwnToken();
+}
+
+Status EnablePrivilege(const Token& token, const wchar_t* privilege) {
+  const auto call = sim::Enter<&EnablePrivilege>();
+  if (call.failed()) return Error{call.error()};
+  return Machine().sessions.EnablePrivilege(token.get(), privilege);
+}
+
+bool RunsAsSystem() {
+  return !sim::Enter<&RunsAsSystem>().failed() && Machine().sessions.runsAsSystem;
+}
+
+Status Impersonate(const Token& token) {
+  const auto call = sim::Enter<&Impersonate>();
+  if (call.failed()) return Error{call.error()};
+  return Machine().sessions.Impersonate(token.get());
+}
+
+void RevertToOwnRights() noexcept {
+  if (sim::Laptop::IsOn()) Machine().sessions.Revert();
+}
+
+void DestroyEnvironment(EnvironmentHandle environment) noexcept {
+  if (sim::Laptop::IsOn()) Machine().sessions.Close(environment);
+}
+
+Result<Environment> CreateEnvironment(const Token& token) {
+  const auto call = sim::Enter<&CreateEnvironment>();
+  if (call.failed()) return Error{call.error()};
+  return Machine().sessions.CreateEnvironment(token.get());
+}
+
+}  // namespace os

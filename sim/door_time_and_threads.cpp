@@ -1,0 +1,68 @@
+#include <utility>
+
+#include "os/clock.h"
+#include "os/threads.h"
+#include "sim/laptop.h"
+
+namespace os {
+namespace {
+
+using sim::Machine;
+
+constexpr std::uint32_t kForever = 0xFFFF'FFFF;  // INFINITE
+
+}  // namespace
+
+std::uint64_t NowMs() {
+  sim::Enter<&NowMs>();
+  return Machine().NowMs();
+}
+
+void Sleep(std::uint32_t ms) {
+  sim::Enter<&Sleep>();
+  if (ms == kForever) {
+    Machine().scheduler.WaitUntil([] { return false; });
+  } else {
+    Machine().scheduler.Sleep(ms);
+  }
+}
+
+bool StartThread(const wchar_t* name, std::function<void()> body) {
+  if (sim::Enter<&StartThread>().failed()) return false;
+  return Machine().scheduler.StartThread(name, std::move(body));
+}
+
+/// A lock outlives the laptops it is used on: what an earlier process run left of it is void.
+struct Lock::State {
+  std::uint64_t processRun = 0;
+  std::uint32_t owner = 0;
+  std::uint32_t depth = 0;  // 0: nobody holds it
+
+  bool Free() {
+    if (std::exchange(processRun, Machine().ProcessRun()) != processRun) depth = 0;
+    return depth == 0;
+  }
+};
+
+Lock::Lock() : state_(new State) {}
+
+Lock::~Lock() {
+  delete state_;
+}
+
+void Lock::lock() {
+  if (!sim::Laptop::IsOn()) return;  // no threads either, then
+  sim::Enter<&Lock::lock>();
+  const auto thread = sim::Scheduler::ThreadId();
+  const auto mayTake = [this, thread] { return state_->Free() || state_->owner == thread; };
+  if (!Machine().scheduler.WaitUntil(mayTake)) return;  // being unwound
+  state_->owner = thread;
+  ++state_->depth;
+}
+
+void Lock::unlock() {
+  if (!sim::Laptop::IsOn()) return;
+  if (!state_->Free() && state_->owner == sim::Scheduler::ThreadId()) --state_->depth;
+}
+
+}  // namespace os

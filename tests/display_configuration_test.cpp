@@ -1,0 +1,244 @@
+// Reading and changing the display configuration: rotation of paths, projection, virtual monitors, resolution.
+
+#include <gtest/gtest.h>
+
+#include "display/panel_resolution.h"
+#include "display/panel_search.h"
+#include "display/path_rotation.h"
+#include "display/projection_mode.h"
+#include "display/virtual_monitor.h"
+#include "os/displays.h"
+#include "tests/support.h"
+
+namespace {
+
+using os::Topology;
+using sim::Laptop;
+using sim::Screen;
+using tessaview::CheckVirtualMonitor;
+using tessaview::GetMonitorRotation;
+using tessaview::SetMonitorEx;
+using Texts = std::vector<std::wstring>;
+
+constexpr auto kKey = L"TSB8888";
+
+// ---- Rotation of the paths that carry a key ----
+
+TEST(PathRotation, IsThatOfThePathCarryingTheKeyAsOneOfItsParts) {
+  Laptop laptop;
+  struct Case {
+    const wchar_t* key;
+    std::uint32_t rotation;
+  };
+  for (const auto& c : {Case{L"TSB8888", 4},
+                        {L"tsb8888", 4},
+                        {L"BOE0D53", 1},
+                        {L"TSB888", 0},
+                        {L"SB8888", 0},
+                        {L"TSB8888#", 0},
+                        {L"TSB8889", 0},
+                        {L"", 0},
+                        {L"\\\\?\\DISPLAY", 0},
+                        {L"TSB8888#4&1B1F3FD7&0&UID8392784", 4}}) {
+    EXPECT_EQ(GetMonitorRotation(c.key), c.rotation) << testing::PrintToString(c.key);
+  }
+  laptop.displays.cPanel().devicePath = L"\\\\?\\display#tsb8888#4&1#{e6f07b5f}";
+  EXPECT_EQ(GetMonitorRotation(kKey), 4U);
+  laptop.displays.cPanel().devicePath = L"\\\\?\\DISPLAY##4&1#{E6F07B5F}";
+  EXPECT_EQ(GetMonitorRotation(L""), 0U) << "no key carries nothing, not even between two separators";
+}
+
+TEST(PathRotation, IsReadFromUsablePathsOnly) {
+  struct Case {
+    const char* story;
+    void (*change)(Screen& screen);
+    std::uint32_t rotation;
+    std::int32_t changed;
+  };
+  for (const auto& c : {Case{"detached", [](Screen& s) { s.Detach(); }, 0, -1},
+                        {"no path flag", [](Screen& s) { s.pathFlags = 8; }, 0, -1},
+                        {"not in use", [](Screen& s) { s.targetStatusFlags = 0; }, 0, -1},
+                        {"not available", [](Screen& s) { s.targetAvailable = false; }, 0, -1},
+                        {"active and something else", [](Screen& s) { s.pathFlags = 1 | 8; }, 4, 0},
+                        {"any status", [](Screen& s) { s.targetStatusFlags = 0x80; }, 4, 0},
+                        {"without an area", [](Screen& s) { s.LoseDesktopArea(); }, 4, 0}}) {
+    SCOPED_TRACE(c.story);
+    Laptop laptop;
+    c.change(laptop.displays.cPanel());
+    EXPECT_EQ(GetMonitorRotation(kKey), c.rotation);
+    EXPECT_EQ(SetMonitorEx(kKey), c.changed);
+    EXPECT_EQ(laptop.displays.ConfigurationChanges().size(), c.changed == 0 ? 1U : 0U);
+  }
+}
+
+TEST(PathRotation, OfSeveralPathsTheLastCounts) {
+  Laptop laptop;
+  auto& second = laptop.displays.AddMonitor({.instanceId = L"DISPLAY\\TSB8888\\5&9"});
+  second.Rotate(1);
+  EXPECT_EQ(GetMonitorRotation(kKey), 2U);
+  second.Unplug();
+  EXPECT_EQ(GetMonitorRotation(kKey), 4U);
+}
+
+TEST(PathRotation, IsSetTo270DegreesByAChangeOfTheWholeConfiguration) {
+  Laptop laptop;
+  laptop.displays.cPanel().Rotate(0);
+  EXPECT_EQ(SetMonitorEx(kKey), 0);
+  EXPECT_EQ(laptop.displays.cPanel().orientation, 3U);
+  EXPECT_EQ(laptop.displays.bPanel().orientation, 0U);
+  EXPECT_TRUE(laptop.displays.bPanel().attached);
+
+  ASSERT_EQ(laptop.displays.ConfigurationChanges().size(), 1U);
+  const auto& change = laptop.displays.ConfigurationChanges()[0];
+  EXPECT_EQ(change.flags, 0x6A0U);
+  ASSERT_EQ(change.paths.size(), 2U);
+  EXPECT_EQ(change.paths[0].target.rotation, 1U);
+  EXPECT_EQ(change.paths[1].target.rotation, 4U);
+  EXPECT_EQ(change.modes.size(), 4U);
+}
+
+TEST(PathRotation, ChangesEachPathThatCarriesTheKeyAndReturnsTheLastResult) {
+  Laptop laptop;
+  auto& second = laptop.displays.AddMonitor({.instanceId = L"DISPLAY\\TSB8888\\5&9"});
+  laptop.displays.cPanel().Rotate(1);
+  laptop.faults.Fail<&os::ChangeDisplayConfiguration>({.error = 1610, .times = 1});
+  EXPECT_EQ(SetMonitorEx(kKey), 0) << "the first change was refused, the last one not";
+  EXPECT_EQ(laptop.faults.Calls<&os::ChangeDisplayConfiguration>(), 2U);
+  EXPECT_EQ(laptop.displays.cPanel().orientation, 3U) << "the second change carried the first one too";
+  EXPECT_EQ(second.orientation, 3U);
+
+  laptop.faults.Fail<&os::ChangeDisplayConfiguration>({.error = 1610});
+  EXPECT_EQ(SetMonitorEx(kKey), 1610);
+}
+
+TEST(PathRotation, ChangesNothingWithoutAPathToChange) {
+  Laptop laptop;
+  EXPECT_EQ(SetMonitorEx(L"TSB9999"), -1);
+  EXPECT_EQ(SetMonitorEx(L""), -1);
+  laptop.faults.Fail<&os::QueryDisplayConfiguration>();
+  EXPECT_EQ(SetMonitorEx(kKey), -1);
+  EXPECT_EQ(GetMonitorRotation(kKey), 0U);
+  EXPECT_EQ(laptop.faults.Calls<&os::ChangeDisplayConfiguration>(), 0U);
+}
+
+// ---- Projection ----
+
+TEST(ProjectionMode, IsOneOfFourOrNone) {
+  struct Case {
+    Topology topology;
+    bool internal, clone, extend, external;
+    Texts lines;
+  };
+  const Case cases[] = {
+      {Topology::Internal, true, false, false, false, {L"Win + P = INTERNAL Mode (PC screen only) \n"}},
+      {Topology::Clone, false, true, false, false, {L"Win + P = CLONE Mode (Duplicate) \n"}},
+      {Topology::Extend, false, false, true, false, {L"Win + P = EXTEND Mode (Extend) \n"}},
+      {Topology::External, false, false, false, true, {L"Win + P = EXTERNAL Mode (Second screen only) \n"}},
+      {Topology::None, false, false, false, false, {}},
+      {static_cast<Topology>(16), false, false, false, false, {}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(static_cast<int>(c.topology));
+    Laptop laptop;
+    for (const auto before : {Topology::Internal, Topology::Clone, Topology::Extend, Topology::External}) {
+      laptop.displays.topology = before;
+      tessaview::QueryWinPMode();
+      laptop.trace.Clear();
+      laptop.displays.topology = c.topology;
+      tessaview::QueryWinPMode();
+      EXPECT_EQ(tessaview::isInternalMode.get(), c.internal);
+      EXPECT_EQ(tessaview::isCloneMode.get(), c.clone);
+      EXPECT_EQ(tessaview::isExtendMode.get(), c.extend);
+      EXPECT_EQ(tessaview::isExternalMode.get(), c.external);
+      EXPECT_EQ(laptop.trace.Lines(), c.lines);
+    }
+  }
+}
+
+TEST(ProjectionMode, IsNoneWhenItCannotBeRead) {
+  Laptop laptop;
+  tessaview::QueryWinPMode();
+  EXPECT_TRUE(tessaview::isExtendMode.get());
+  laptop.faults.Fail<&os::QueryDisplayConfiguration>();
+  tessaview::QueryWinPMode();
+  EXPECT_FALSE(tessaview::isExtendMode.get());
+}
+
+// ---- Virtual monitors ----
+
+TEST(VirtualMonitor, HasNoPathOrOneOfTheOldKind) {
+  struct Case {
+    Texts paths;
+    bool found;
+    std::size_t seen;  // paths looked at
+  };
+  const std::wstring real = L"\\\\?\\DISPLAY#BOE0D53#4&1", lagacy = L"\\\\?\\DISPLAY#lagacy#1";
+  for (const auto& c : {Case{{}, false, 0},
+                        {{real}, false, 1},
+                        {{real, real}, false, 2},
+                        {{real, L"", real}, true, 2},
+                        {{L""}, true, 1},
+                        {{real, lagacy}, true, 2},
+                        {{lagacy, real}, true, 1},
+                        {{L"\\\\?\\DISPLAY#legacy#1", L"\\\\?\\DISPLAY#LAGACY#1"}, false, 2}}) {
+    Laptop laptop;
+    laptop.displays.wallpaperPaths = c.paths;
+    EXPECT_EQ(CheckVirtualMonitor(), c.found);
+    Texts lines{L"[CheckVirtualMonitor] monitor count=" + std::to_wstring(c.paths.size()) + L"\n"};
+    for (std::size_t i = 0; i < c.seen; ++i) {
+      lines.push_back(L"[CheckVirtualMonitor] monitor device path=" + c.paths[i] + L"\n");
+    }
+    EXPECT_EQ(laptop.trace.Lines(), lines);
+  }
+}
+
+TEST(VirtualMonitor, IsNotThereWithoutTheWallpaperObject) {
+  Laptop laptop;
+  laptop.faults.Fail<&os::WallpaperMonitorPaths>();
+  EXPECT_FALSE(CheckVirtualMonitor());
+}
+
+// ---- Resolution ----
+
+TEST(PanelResolution, IsWrittenIntoTheCurrentMode) {
+  struct Case {
+    std::uint32_t orientation;
+    std::int32_t width, height;
+    std::uint32_t setWidth, setHeight;
+  };
+  for (const auto& c : {Case{3, 960, 258, 960, 258},
+                        {0, 257, 960, 257, 960},
+                        {3, 0, 0, 515, 1920},  // exchanged while turned by a quarter
+                        {1, 0, 0, 515, 1920},
+                        {0, 0, 0, 515, 1920},
+                        {2, 0, 0, 515, 1920},
+                        {3, 960, 0, 960, 0}}) {
+    SCOPED_TRACE(c.orientation);
+    Laptop laptop;
+    laptop.displays.cPanel().Rotate(c.orientation);
+    tessaview::EnumDisplayDevice();
+    tessaview::SetCPanelResolution(c.width, c.height);
+    ASSERT_EQ(laptop.displays.SettingsChanges().size(), 1U);
+    const auto& change = laptop.displays.SettingsChanges()[0];
+    EXPECT_EQ(change.gdiName, L"\\\\.\\DISPLAY2");
+    EXPECT_EQ(change.settings.width, c.setWidth);
+    EXPECT_EQ(change.settings.height, c.setHeight);
+    EXPECT_EQ(change.settings.orientation, c.orientation);
+    EXPECT_EQ(change.flags, 9U);
+  }
+}
+
+TEST(PanelResolution, NeedsAPanelWithReadableSettings) {
+  Laptop laptop;
+  tessaview::EnumDisplayDevice();
+  laptop.faults.Fail<&os::CurrentDisplaySettings>();
+  tessaview::SetCPanelResolution(960, 258);
+  laptop.faults.ClearAll();
+  laptop.displays.cPanel().Unplug();
+  tessaview::EnumDisplayDevice();
+  tessaview::SetCPanelResolution(960, 258);
+  EXPECT_TRUE(laptop.displays.SettingsChanges().empty());
+  EXPECT_EQ(laptop.trace.Count(L"Set Resolution = 960 * 258 \n"), 2U);
+}
+
+}  // namespace

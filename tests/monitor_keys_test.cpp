@@ -1,0 +1,196 @@
+// The names of monitors in the display-configuration database, made from what the monitors say of themselves.
+
+#include "display/monitor_keys.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <random>
+#include <regex>
+
+#include "display/monitor_list.h"
+#include "display/output_technology.h"
+#include "sim/edid.h"
+#include "tests/support.h"
+
+namespace {
+
+using os::Bytes;
+using sim::Laptop;
+using tessaview::ReadEdidIdentity;
+using tessaview::ShortMonitorKey;
+
+constexpr auto kInstance = L"DISPLAY\\TSB8888\\4&1b1f3fd7&0&UID8388688";
+constexpr std::size_t kDescriptors[] = {54, 72, 90, 108};
+
+/// The first 54 bytes of the C panel's identification block, then a timing, a name and two unused descriptors.
+Bytes CPanelBlock() {
+  Bytes block{
+      0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00,                                // header
+      0x52, 0x62, 0x88, 0x88,                                                        // TSB, 0x8888
+      0x00, 0x88, 0x88, 0x88,                                                        // serial 2290649088
+      0x1C, 0x15,                                                                    // week 28 of 2011
+      0x01, 0x04, 0xA5, 0x08, 0x1E, 0x78, 0x02,                                      // version, size, features
+      0xEE, 0x91, 0xA3, 0x54, 0x4C, 0x99, 0x26, 0x0F, 0x50, 0x54, 0x00, 0x00, 0x00,  // no established timings
+      0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x20, 0x1C,
+      0x03, 0x64, 0x20, 0x80, 0x14, 0x70, 0x30, 0x20, 0x36, 0x00, 0x1E, 0x78, 0x00, 0x00, 0x00, 0x1A, 0x00, 0x00,
+      0x00, 0xFC, 0x00, 'p',  'a',  'n',  'e',  'l',  '\n', ' ',  ' ',  ' ',  ' ',  ' ',  ' ',  ' ',
+  };
+  block.resize(128);
+  block[kDescriptors[2] + 3] = block[kDescriptors[3] + 3] = 0x10;
+  block[127] = 0x26;
+  return block;
+}
+
+void PutSerial(Bytes& block, std::size_t descriptor, std::string_view text) {
+  block[descriptor] = block[descriptor + 1] = block[descriptor + 2] = block[descriptor + 4] = 0;
+  block[descriptor + 3] = 0xFF;
+  std::copy(text.begin(), text.end(), block.begin() + static_cast<std::ptrdiff_t>(descriptor + 5));
+}
+
+TEST(MonitorKey, NamesThePanelAsTheDatabaseDoes) {
+  EXPECT_EQ(ShortMonitorKey(kInstance, ReadEdidIdentity(CPanelBlock())), L"TSB88882290649088_1C_07DB_26");
+}
+
+TEST(MonitorKey, TakesTheSerialTextOfTheFirstDescriptorThatHasOne) {
+  struct Case {
+    std::string_view text;
+    const wchar_t* serial;
+  };
+  for (const auto& c : {Case{"AB-123\n      ", L"AB-123"},
+                        {"twelve chars\n", L"twelve chars"},
+                        {"thirteen char", L"thirteen cha"},  // one more than there is room for
+                        {std::string_view("end\0of text...", 13), L"end"},
+                        {"\n            ", L""}}) {
+    for (const auto descriptor : kDescriptors) {
+      SCOPED_TRACE(c.text);
+      SCOPED_TRACE(descriptor);
+      auto block = CPanelBlock();
+      PutSerial(block, descriptor, c.text);
+      EXPECT_EQ(ReadEdidIdentity(block).serial, c.serial);
+    }
+  }
+  auto block = CPanelBlock();
+  PutSerial(block, 108, "second");
+  PutSerial(block, 90, "first\n");
+  EXPECT_EQ(ShortMonitorKey(kInstance, ReadEdidIdentity(block)), L"TSB8888FIRST_1C_07DB_26");
+}
+
+TEST(MonitorKey, WritesTheSerialNumberWithoutASign) {
+  for (const auto& [bytes, serial] : {std::pair{Bytes{0, 0, 0, 0}, L"0"},
+                                      {Bytes{1, 0, 0, 0}, L"1"},
+                                      {Bytes{0x78, 0x56, 0x34, 0x12}, L"305419896"},
+                                      {Bytes{0xFF, 0xFF, 0xFF, 0xFF}, L"4294967295"}}) {
+    auto block = CPanelBlock();
+    std::copy(bytes.begin(), bytes.end(), block.begin() + 12);
+    EXPECT_EQ(ReadEdidIdentity(block).serial, serial);
+  }
+}
+
+TEST(MonitorKey, OfAMonitorThatSaysNothingIsItsIdAndZeros) {
+  for (const std::size_t size : {0U, 1U, 18U, 127U}) {
+    auto block = CPanelBlock();
+    block.resize(size);
+    EXPECT_EQ(ShortMonitorKey(kInstance, ReadEdidIdentity(block)), L"TSB8888_00_0000_00") << size;
+  }
+  EXPECT_EQ(ShortMonitorKey(L"", {}), L"_00_0000_00");
+  EXPECT_EQ(ShortMonitorKey(L"DISPLAY", {}), L"_00_0000_00");
+  EXPECT_EQ(ShortMonitorKey(L"DISPLAY\\abc12ef", {}), L"ABC12EF_00_0000_00");
+}
+
+TEST(MonitorKey, IsWellFormedWhateverTheMonitorSays) {
+  std::mt19937 random(20190816);
+  const std::wregex form(L"TSB8888[^]{0,12}_[0-9A-F]{2}_0[78][0-9A-F]{2}_[0-9A-F]{2}");
+  for (int round = 0; round < 300; ++round) {
+    Bytes block(128 * (1 + random() % 2));
+    for (auto& byte : block) byte = static_cast<std::uint8_t>(random());
+    if (round % 2 == 0) block[kDescriptors[random() % 4] + 3] = 0xFF;
+    const auto key = ShortMonitorKey(kInstance, ReadEdidIdentity(block));
+    EXPECT_TRUE(std::regex_match(key, form)) << "round " << round << ": " << testing::PrintToString(key);
+  }
+}
+
+TEST(MonitorKey, HasALongFormWithTheMonitorsPlaceInTheMachine) {
+  const auto edid = ReadEdidIdentity(CPanelBlock());
+  os::MonitorDevice device{.instanceId = kInstance,
+                           .devicePath = L"",
+                           .adapterInstanceId = L"PCI\\VEN_8086&DEV_9b41&SUBSYS_1E221043&REV_02\\3&11583659&0&10",
+                           .busNumber = 0x1A,
+                           .address = 0x80FF00DE};
+  EXPECT_EQ(LongMonitorKey(device, edid), L"TSB88882290649088_1C_07DB_26_8086_9B41_0000001A_80FF00DE_800050");
+
+  device.instanceId = L"DISPLAY\\TSB8888\\4&1b1f3fd7&0&0000";
+  device.adapterInstanceId = L"ROOT\\BASICDISPLAY\\0000";
+  device.busNumber = device.address = 0;
+  EXPECT_EQ(LongMonitorKey(device, edid), L"TSB88882290649088_1C_07DB_26___00000000_00000000_0");
+}
+
+// ---- The list of monitors ----
+
+TEST(MonitorList, DescribesTheConnectedMonitorsAndTheirPaths) {
+  Laptop laptop;
+  auto& panel = laptop.displays.cPanel();
+  panel.edid = CPanelBlock();
+  panel.friendlyName = L"Second screen";
+  panel.devicePath = L"\\\\?\\display#tsb8888#4&1b1f3fd7&0&uid8392784";
+  laptop.displays.AddMonitor(
+      {.instanceId = L"DISPLAY\\DEL40A9\\5&2&0&UID256", .outputTechnology = 5, .attached = false});
+  laptop.displays.AddMonitor({.outputTechnology = 10, .targetAvailable = false});
+
+  const auto monitors = tessaview::ListConnectedMonitors();
+  ASSERT_EQ(monitors.size(), 4U);
+  EXPECT_EQ(monitors[0].gdiSourceName, L"\\\\.\\DISPLAY1");
+  EXPECT_EQ(monitors[0].rotation, 1U);
+  EXPECT_EQ(monitors[1].shortKey, L"TSB88882290649088_1C_07DB_26");
+  EXPECT_EQ(monitors[1].longKey, L"TSB88882290649088_1C_07DB_26_8086_9B41_00000000_00801050_801050");
+  EXPECT_EQ(monitors[1].gdiSourceName, L"\\\\.\\DISPLAY2");
+  EXPECT_EQ(monitors[1].friendlyName, L"Second screen");
+  EXPECT_STREQ(monitors[1].outputTechnology, L"Embedded display port");
+  EXPECT_EQ(monitors[1].rotation, 4U);
+  EXPECT_EQ(monitors[2].shortKey, L"DEL40A9_00_0000_00") << "no identification block to be had";
+  for (const auto& idle : {monitors[2], monitors[3]}) {
+    EXPECT_EQ(idle.gdiSourceName, L"");
+    EXPECT_STREQ(idle.outputTechnology, L"");
+    EXPECT_EQ(idle.rotation, 0U);
+  }
+}
+
+TEST(MonitorList, HasTheMonitorsEvenWithoutPaths) {
+  Laptop laptop;
+  laptop.faults.Fail<&os::QueryDisplayConfiguration>();
+  const auto monitors = tessaview::ListConnectedMonitors();
+  ASSERT_EQ(monitors.size(), 2U);
+  EXPECT_EQ(monitors[1].shortKey, L"TSB88882290649088_1C_07DB_26");
+  EXPECT_EQ(monitors[1].gdiSourceName, L"");
+}
+
+TEST(OutputTechnology, HasAName) {
+  constexpr std::pair<std::int32_t, const wchar_t*> kNames[] = {
+      {-1, L"Other"},
+      {0, L"HD15 (VGA) "},
+      {1, L"S-video"},
+      {2, L"Composite video"},
+      {3, L"Component video"},
+      {4, L"Digital Video Interface (DVI)"},
+      {5, L"High-Definition Multimedia Interface (HDMI)"},
+      {6, L"Low Voltage Differential Swing (LVDS)"},
+      {7, L"Unknown"},
+      {8, L"Japanese D"},
+      {9, L"SDI"},
+      {10, L"External display port"},
+      {11, L"Embedded display port"},
+      {12, L"External Unified Display Interface (UDI)"},
+      {13, L"Embedded UDI"},
+      {14, L"Standard definition television (SDTV)"},
+      {15, L"Miracast wireless display device"},
+      {16, L"Unknown"},
+      {-2, L"Unknown"},
+      {std::numeric_limits<std::int32_t>::max(), L"Unknown"},
+      {std::numeric_limits<std::int32_t>::min(), L"Internal"},
+  };
+  for (const auto& [technology, name] : kNames) {
+    EXPECT_STREQ(tessaview::OutputTechnologyName(technology), name) << technology;
+  }
+}
+
+}  // namespace

@@ -1,0 +1,115 @@
+// The two rectangles everybody reads: refreshed from the settings view, zero for a panel that is not there.
+
+#include "display/panel_geometry.h"
+
+#include <gtest/gtest.h>
+
+#include "os/displays.h"
+#include "os/threads.h"
+#include "tests/support.h"
+
+namespace {
+
+using sim::Laptop;
+using tessaview::gBPanel;
+using tessaview::gCPanel;
+using tessaview::InitialDisplay;
+using tessaview::PanelRect;
+using Texts = std::vector<std::wstring>;
+
+constexpr PanelRect kAbsent{}, kB{0, 0, 1920, 1080}, kC{0, 1080, 1920, 515};
+
+Texts RectangleLines(const Laptop& laptop) {
+  Texts lines;
+  for (const auto& line : laptop.trace.Lines()) {
+    if (line.starts_with(L"[InitialDisplay]")) lines.push_back(line);
+  }
+  return lines;
+}
+
+const Texts kCLines{L"[InitialDisplay] CPanel X: 0, Y: 1080, Wdith: 1920, Height: 515 \n",
+                    L"[InitialDisplay] Global gCPanel X: 0, Y: 1080, Wdith: 1920, Height: 515 \n"};
+const Texts kBLines{L"[InitialDisplay] BPanel X: 0, Y: 0, Wdith: 1920, Height: 1080 \n",
+                    L"[InitialDisplay] Global gBPanel X: 0, Y: 0, Wdith: 1920, Height: 1080 \n"};
+
+TEST(PanelGeometry, IsThatOfThePanelsThatAreThere) {
+  struct Case {
+    const char* story;
+    void (*change)(Laptop& laptop);
+    PanelRect b, c;
+    Texts lines;
+  };
+  Texts both = kCLines;
+  both.insert(both.end(), kBLines.begin(), kBLines.end());
+  const Case cases[] = {
+      {"both", [](Laptop&) {}, kB, kC, both},
+      {"only B", [](Laptop& l) { l.displays.Project(os::Topology::Internal); }, kB, kAbsent, kBLines},
+      {"only C", [](Laptop& l) { l.displays.Project(os::Topology::External); }, kAbsent, kC, kCLines},
+      {"none", [](Laptop& l) { l.displays.RemoveAll(); }, kAbsent, kAbsent, {}},
+      {"no factory ids", [](Laptop& l) { l.registry.RemoveKey(L"SOFTWARE\\NORV\\FactoryConfig"); }, {}, {}, {}},
+      {"no display paths", [](Laptop& l) { l.faults.Fail<&os::QueryDisplayConfiguration>(); }, {}, {}, {}},
+      {"another scale", [](Laptop& l) { l.displays.bPanel().dpi = l.displays.cPanel().dpi = 192; }, kB, kC, both},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.story);
+    Laptop laptop;
+    InitialDisplay();
+    ASSERT_EQ(gCPanel.get(), kC);
+    laptop.trace.Clear();
+    c.change(laptop);
+    InitialDisplay();
+    EXPECT_EQ(gBPanel.get(), c.b);
+    EXPECT_EQ(gCPanel.get(), c.c);
+    EXPECT_EQ(RectangleLines(laptop), c.lines);
+  }
+}
+
+TEST(PanelGeometry, FollowsAPanelThatMovesGoesAndComesBack) {
+  Laptop laptop;
+  auto& panel = laptop.displays.cPanel();
+  InitialDisplay();
+  panel.MoveTo(-12, 1081);
+  InitialDisplay();
+  EXPECT_EQ(gCPanel.get(), (PanelRect{-12, 1081, 1920, 515}));
+  panel.Rotate(2);
+  InitialDisplay();
+  EXPECT_EQ(gCPanel.get(), (PanelRect{-12, 1081, 515, 1920}));
+  panel.Unplug();
+  InitialDisplay();
+  EXPECT_EQ(gCPanel.get(), kAbsent);
+  panel.Plug();
+  InitialDisplay();
+  EXPECT_EQ(gCPanel.get(), (PanelRect{-12, 1081, 515, 1920}));
+}
+
+TEST(PanelGeometry, TakesANewFactoryIdWithTheNextRefresh) {
+  Laptop laptop;
+  InitialDisplay();
+  laptop.displays.AddMonitor({.instanceId = L"DISPLAY\\TSB9999\\1", .x = 1920, .width = 1280, .height = 343});
+  laptop.registry.SetText(L"SOFTWARE\\NORV\\FactoryConfig", L"CPanelHardwareID", L"DISPLAY\\TSB9999\\1");
+  InitialDisplay();
+  EXPECT_EQ(gCPanel.get(), (PanelRect{1920, 0, 1280, 343}));
+}
+
+/// Several threads refresh at once while the system is slow and the panel comes and goes: each refresh is whole.
+TEST(PanelGeometry, IsRefreshedByOneThreadAtATime) {
+  for (std::uint32_t seed = 1; seed <= 20; ++seed) {
+    SCOPED_TRACE(seed);
+    Laptop laptop({.seed = seed, .interleaving = true});
+    laptop.faults.Slow<&os::DesktopMonitors>(7);
+    const auto start = laptop.NowMs();
+    for (int i = 0; i < 4; ++i) {
+      os::StartThread(L"refresher", [] {
+        for (int round = 0; round < 3; ++round) InitialDisplay();
+      });
+    }
+    laptop.After(10, [&] { laptop.displays.cPanel().Unplug(); });
+    laptop.After(40, [&] { laptop.displays.cPanel().Plug(); });
+    EXPECT_TRUE(laptop.Settle());
+    EXPECT_EQ(gBPanel.get(), kB);
+    EXPECT_EQ(gCPanel.get(), kC);
+    EXPECT_EQ(laptop.NowMs() - start, 12 * 7U) << "no two searches at the same time";
+  }
+}
+
+}  // namespace

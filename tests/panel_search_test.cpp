@@ -1,0 +1,263 @@
+// Which of the displays are the panels, and where they are.
+
+#include "display/panel_search.h"
+
+#include <gtest/gtest.h>
+
+#include "os/displays.h"
+#include "tests/support.h"
+
+namespace {
+
+using sim::Laptop;
+using sim::Screen;
+using support::LogsInOrder;
+using tessaview::EnumDisplayDevice;
+using tessaview::gPanelDisplayInfo;
+using tessaview::PanelInfo;
+using tessaview::PanelRect;
+using tessaview::PanelsFound;
+using Texts = std::vector<std::wstring>;
+
+constexpr auto kFactory = sim::Registry::kFactoryConfig;
+constexpr PanelRect kAbsent{}, kBAtTop{0, 0, 1920, 1080}, kCBelow{0, 1080, 1920, 515};
+
+PanelRect MonitorView(const PanelInfo& panel) {
+  return {panel.rcMonitorLeft, panel.rcMonitorTop, panel.rcMonitorWidth, panel.rcMonitorHeight};
+}
+
+void ExpectNothingButTheId(const PanelInfo& panel) {
+  EXPECT_FALSE(panel.isFound);
+  EXPECT_EQ(panel.gdiDeviceName, L"");
+  EXPECT_EQ(panel.monitor, os::MonitorHandle::None);
+  EXPECT_EQ(panel.SettingsView(), kAbsent);
+  EXPECT_EQ(MonitorView(panel), kAbsent);
+  EXPECT_EQ(panel.scale, 0);
+  EXPECT_EQ(panel.displayFrequency, 0U);
+  EXPECT_EQ(panel.displayOrientation, 0U);
+}
+
+TEST(PanelSearch, FindsBothPanelsWithAllThatIsToKnow) {
+  Laptop laptop;
+  laptop.displays.cPanel().frequency = 30;
+  EXPECT_EQ(EnumDisplayDevice(), PanelsFound::Both);
+  const auto [b, c] = gPanelDisplayInfo.get();
+
+  EXPECT_EQ(b.gdiDeviceName, L"\\\\.\\DISPLAY1");
+  EXPECT_EQ(b.hardwareId, L"DISPLAY\\BOE0D53");
+  EXPECT_EQ(b.SettingsView(), kBAtTop);
+  EXPECT_EQ(b.displayFrequency, 60U);
+  EXPECT_EQ(c.gdiDeviceName, L"\\\\.\\DISPLAY2");
+  EXPECT_EQ(c.hardwareId, L"DISPLAY\\TSB8888");
+  EXPECT_EQ(c.monitorDevicePath, laptop.displays.cPanel().devicePath) << "as reported, not as compared";
+  EXPECT_EQ(c.SettingsView(), kCBelow);
+  EXPECT_EQ(MonitorView(c), kCBelow);
+  EXPECT_EQ(c.displayFrequency, 30U);
+  EXPECT_EQ(c.displayOrientation, 3U);
+  EXPECT_EQ(c.scale, 1.0F);
+  EXPECT_NE(c.monitor, os::MonitorHandle::None);
+  EXPECT_NE(c.monitor, b.monitor);
+}
+
+// ---- The factory's ids ----
+
+TEST(PanelSearch, TellsThePanelsByTheIdsUpToTheirLastBackslash) {
+  struct Case {
+    const wchar_t* b;
+    const wchar_t* c;
+    int found;
+  };
+  constexpr auto kB = L"DISPLAY\\BOE0D53\\4&1", kC = L"DISPLAY\\TSB8888\\4&2";
+  for (const auto& c : {Case{kB, kC, 1},
+                        {L"DISPLAY\\BOE0D53\\", L"DISPLAY\\TSB8888\\another instance", 1},
+                        {L"BOE0D53", L"TSB8888", 1},            // whole without a backslash
+                        {L"DISPLAY\\BOE", L"DISPLAY\\TSB", 1},  // "DISPLAY" matches every display
+                        {L"display\\boe0d53\\4&1", kC, 3},      // small letters never match
+                        {kB, L"DISPLAY\\TSB8889\\4&2", 2},
+                        {L"DISPLAY\\BOE0D5X\\1", L"X", 0},
+                        {L"\\4&1", kC, 3},                        // nothing before the backslash
+                        {L"DISPLAY\\BOE0D53\\4&9\\2", kC, 3}}) {  // an instance within would have to match
+    SCOPED_TRACE(testing::PrintToString(c.b) + testing::PrintToString(c.c));
+    Laptop laptop;
+    laptop.registry.SetText(kFactory, L"BPanelHardwareID", c.b);
+    laptop.registry.SetText(kFactory, L"CPanelHardwareID", c.c);
+    EXPECT_EQ(static_cast<int>(EnumDisplayDevice()), c.found);
+  }
+}
+
+TEST(PanelSearch, ComparesDevicePathsInCapitals) {
+  Laptop laptop;
+  laptop.displays.bPanel().devicePath = L"\\\\?\\display#boe0D53#4&1b1f3fd7&0&uid8388688#{e6f07b5f}";
+  EXPECT_EQ(EnumDisplayDevice(), PanelsFound::Both);
+  EXPECT_EQ(gPanelDisplayInfo.get().bPanel.monitorDevicePath, laptop.displays.bPanel().devicePath);
+  EXPECT_TRUE(LogsInOrder(
+      laptop,
+      {L"Find target.monitorDevicePath = \\\\?\\display#boe0D53#4&1b1f3fd7&0&uid8388688#{e6f07b5f}",
+       L"isBPanelFound = true", L"\\\\?\\DISPLAY\\BOE0D53\\4&1B1F3FD7&0&UID8388688\\{E6F07B5F}", L"DISPLAY\\BOE0D53"}));
+}
+
+TEST(PanelSearch, FindsNothingWithoutBothIds) {
+  struct Case {
+    const char* story;
+    void (*spoil)(sim::Registry& registry);
+    const wchar_t* line;
+  };
+  constexpr auto kBLine = L"Get Registry value of BPanelDevicePath failed.\n";
+  constexpr auto kCLine = L"Get Registry value of CPanelDevicePath failed.\n";
+  const Case cases[] = {
+      {"no key", [](sim::Registry& r) { r.RemoveKey(kFactory); }, kBLine},
+      {"no B id", [](sim::Registry& r) { r.Remove(kFactory, L"BPanelHardwareID"); }, kBLine},
+      {"empty B id", [](sim::Registry& r) { r.SetText(kFactory, L"BPanelHardwareID", L""); }, kBLine},
+      {"B id of another type", [](sim::Registry& r) { r.SetDword(kFactory, L"BPanelHardwareID", 8); }, kBLine},
+      {"B id larger than the buffer",
+       [](sim::Registry& r) { r.SetText(kFactory, L"BPanelHardwareID", std::wstring(512, L'B')); }, kBLine},
+      {"no C id", [](sim::Registry& r) { r.Remove(kFactory, L"CPanelHardwareID"); }, kCLine},
+      {"empty C id", [](sim::Registry& r) { r.SetText(kFactory, L"CPanelHardwareID", L""); }, kCLine},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.story);
+    Laptop laptop;
+    c.spoil(laptop.registry);
+    EXPECT_EQ(EnumDisplayDevice(), PanelsFound::None);
+    EXPECT_EQ(laptop.trace.Lines(), (Texts{L"EnumDisplayDevice Start", L"GetRegDevicePath Start", c.line,
+                                           L"InitGetInfoFromReg failed, return DeviceNotFound."}));
+    const auto [b, cPanel] = gPanelDisplayInfo.get();
+    ExpectNothingButTheId(b);
+    ExpectNothingButTheId(cPanel);
+    EXPECT_EQ(b.hardwareId + cPanel.hardwareId, L"");
+  }
+}
+
+TEST(PanelSearch, OneDisplayMayBeBothPanels) {
+  Laptop laptop;
+  laptop.registry.SetText(kFactory, L"CPanelHardwareID", L"DISPLAY\\BOE0D53\\another");
+  EXPECT_EQ(EnumDisplayDevice(), PanelsFound::Both);
+  const auto [b, c] = gPanelDisplayInfo.get();
+  EXPECT_EQ(b.gdiDeviceName, L"\\\\.\\DISPLAY1");
+  EXPECT_EQ(c.gdiDeviceName, L"\\\\.\\DISPLAY1");
+  EXPECT_EQ(c.monitorDevicePath, b.monitorDevicePath);
+  EXPECT_EQ(b.SettingsView(), kBAtTop);
+  EXPECT_EQ(MonitorView(b), kBAtTop);
+}
+
+// ---- The display paths ----
+
+TEST(PanelSearch, OverlooksDisplaysThatAreNotPlainlyActive) {
+  struct Case {
+    const char* story;
+    void (*change)(Screen& screen);
+  };
+  for (const auto& c : {Case{"unplugged", [](Screen& s) { s.Unplug(); }},
+                        {"detached", [](Screen& s) { s.Detach(); }},
+                        {"not available", [](Screen& s) { s.targetAvailable = false; }},
+                        {"active and something else", [](Screen& s) { s.pathFlags = 1 | 8; }},
+                        {"not active", [](Screen& s) { s.pathFlags = 0; }}}) {
+    SCOPED_TRACE(c.story);
+    Laptop laptop;
+    c.change(laptop.displays.cPanel());
+    EXPECT_EQ(EnumDisplayDevice(), PanelsFound::OnlyB);
+    ExpectNothingButTheId(gPanelDisplayInfo.get().cPanel);
+    c.change(laptop.displays.bPanel());
+    EXPECT_EQ(EnumDisplayDevice(), PanelsFound::None);
+    ExpectNothingButTheId(gPanelDisplayInfo.get().bPanel);
+    EXPECT_EQ(gPanelDisplayInfo.get().bPanel.hardwareId, L"DISPLAY\\BOE0D53");
+  }
+}
+
+TEST(PanelSearch, IsNotLedAstrayByOtherMonitorsOrNumbers) {
+  Laptop laptop;
+  laptop.displays.AddMonitor({.instanceId = L"DISPLAY\\DEL40A9\\5&2", .gdiName = L"\\\\.\\DISPLAY11", .x = 1920});
+  laptop.displays.bPanel().gdiName = L"\\\\.\\DISPLAY3";
+  laptop.displays.cPanel().gdiName = L"\\\\.\\DISPLAY1";
+  EXPECT_EQ(EnumDisplayDevice(), PanelsFound::Both);
+  EXPECT_EQ(gPanelDisplayInfo.get().bPanel.SettingsView(), kBAtTop);
+  EXPECT_EQ(gPanelDisplayInfo.get().cPanel.SettingsView(), kCBelow);
+
+  laptop.displays.bPanel().Unplug();
+  laptop.displays.cPanel().Unplug();
+  EXPECT_EQ(EnumDisplayDevice(), PanelsFound::None);
+}
+
+TEST(PanelSearch, TakesTheLastOfSeveralDisplaysWithAPanelsId) {
+  Laptop laptop;
+  laptop.displays.AddMonitor({.instanceId = L"DISPLAY\\TSB8888\\5&2", .x = 1920, .width = 800, .height = 600});
+  EXPECT_EQ(EnumDisplayDevice(), PanelsFound::Both);
+  EXPECT_EQ(gPanelDisplayInfo.get().cPanel.gdiDeviceName, L"\\\\.\\DISPLAY3");
+  EXPECT_EQ(gPanelDisplayInfo.get().cPanel.SettingsView(), (PanelRect{1920, 0, 800, 600}));
+}
+
+// ---- Scales ----
+
+TEST(PanelSearch, ScalesPositionsByTheSmallestScaleAndSizesByTheirOwn) {
+  struct Case {
+    std::uint32_t bDpi, cDpi, thirdDpi;
+    PanelRect b, c;
+    float bScale, cScale;
+  };
+  // B at (-2880, -101) with 2880 x 1621 pixels, C at (-2880, 1520) with 1920 x 515.
+  for (const auto& c : {Case{144, 96, 96, {-2880, -101, 1920, 1080}, {-2880, 1520, 1920, 515}, 1.5F, 1.0F},
+                        {144, 192, 144, {-1920, -67, 1920, 1080}, {-1920, 1013, 960, 257}, 1.5F, 2.0F},
+                        {192, 192, 120, {-2304, -80, 1440, 810}, {-2304, 1216, 960, 257}, 2.0F, 2.0F}}) {
+    SCOPED_TRACE(c.bDpi);
+    Laptop laptop;
+    auto& b = laptop.displays.bPanel();
+    b.MoveTo(-2880, -101);
+    b.width = 2880, b.height = 1621, b.dpi = c.bDpi;
+    laptop.displays.cPanel().MoveTo(-2880, 1520);
+    laptop.displays.cPanel().dpi = c.cDpi;
+    laptop.displays.AddMonitor({.dpi = c.thirdDpi});
+    EnumDisplayDevice();
+    const auto found = gPanelDisplayInfo.get();
+    EXPECT_EQ(MonitorView(found.bPanel), c.b);
+    EXPECT_EQ(MonitorView(found.cPanel), c.c);
+    EXPECT_EQ(found.bPanel.scale, c.bScale);
+    EXPECT_EQ(found.cPanel.scale, c.cScale);
+    EXPECT_EQ(found.bPanel.SettingsView(), (PanelRect{-2880, -101, 2880, 1621})) << "never scaled";
+  }
+}
+
+// ---- Queries that fail ----
+
+TEST(PanelSearch, LeavesZeroWhatItCannotRead) {
+  struct Case {
+    const char* story;
+    void (*fail)(sim::Faults& faults);
+    PanelsFound found;
+    PanelRect settings, monitor;  // of the B panel
+  };
+  const Case cases[] = {
+      {"no paths", [](sim::Faults& f) { f.Fail<&os::QueryDisplayConfiguration>(); }, PanelsFound::None, {}, {}},
+      {"no target names", [](sim::Faults& f) { f.Fail<&os::QueryTargetName>(); }, PanelsFound::None, {}, {}},
+      {"no source names", [](sim::Faults& f) { f.Fail<&os::SourceGdiName>(); }, PanelsFound::Both, {}, {}},
+      {"no monitors", [](sim::Faults& f) { f.Fail<&os::DesktopMonitors>(); }, PanelsFound::Both, kBAtTop, {}},
+      {"no adapters", [](sim::Faults& f) { f.Fail<&os::DisplayDeviceName>(); }, PanelsFound::Both, {}, kBAtTop},
+      {"no settings of the first adapter",
+       [](sim::Faults& f) { f.Fail<&os::CurrentDisplaySettings>({.times = 1}); },
+       PanelsFound::Both,
+       {},
+       kBAtTop},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.story);
+    Laptop laptop;
+    c.fail(laptop.faults);
+    EXPECT_EQ(EnumDisplayDevice(), c.found);
+    EXPECT_EQ(gPanelDisplayInfo.get().bPanel.SettingsView(), c.settings);
+    EXPECT_EQ(MonitorView(gPanelDisplayInfo.get().bPanel), c.monitor);
+  }
+}
+
+TEST(PanelSearch, LogsWhatItFound) {
+  Laptop laptop;
+  laptop.displays.bPanel().dpi = 144;
+  EnumDisplayDevice();
+  EXPECT_TRUE(LogsInOrder(
+      laptop,
+      {L"EnumDisplayDevice Start", L"GetRegDevicePath Start", L"isBPanelFound = true", L"isCPanelFound = true",
+       L"bPanelrcMonitorLeft = 0, bPanelrcMonitorTop = 0, bPanelrcMonitorWidth = 1280, bPanelrcMonitorHeight = 720",
+       L"cPanelrcMonitorLeft = 0, cPanelrcMonitorTop = 1080, cPanelrcMonitorWidth = 1920, cPanelrcMonitorHeight = 515",
+       L"bPaneldmPositionX = 0, bPaneldmPositionY = 0, bPaneldmPelsWidth = 1920, bPaneldmPelsHeight = 1080",
+       L"cPaneldmPositionX = 0, cPaneldmPositionY = 1080, cPaneldmPelsWidth = 1920, cPaneldmPelsHeight = 515"}));
+}
+
+}  // namespace

@@ -1,0 +1,328 @@
+// Random faults and random events: whatever happens, the controller lives on, closes what it opened, and keeps the
+// user's choices. One seed is one run; a failure names its seed.
+
+#include <gtest/gtest.h>
+
+#include <iterator>
+#include <random>
+#include <set>
+
+#include "os/device_io.h"
+#include "os/displays.h"
+#include "os/files.h"
+#include "os/kernel_objects.h"
+#include "os/messages.h"
+#include "os/registry.h"
+#include "os/services.h"
+#include "os/settings_store.h"
+#include "os/threads.h"
+#include "sim/laptop.h"
+#include "tests/support.h"
+
+namespace {
+
+/// One door function that can be spoilt.
+struct Door {
+  void (*fail)(sim::Faults&, const sim::Failure&);
+  void (*slow)(sim::Faults&, std::uint32_t ms);
+  void (*shorten)(sim::Faults&, std::size_t size);
+};
+
+template <auto Function>
+constexpr Door kDoor{[](sim::Faults& faults, const sim::Failure& failure) { faults.Fail<Function>(failure); },
+                     [](sim::Faults& faults, std::uint32_t ms) { faults.Slow<Function>(ms); },
+                     [](sim::Faults& faults, std::size_t size) { faults.Short<Function>(size); }};
+
+// Not among them: what the window itself hangs on, reading the settings (what cannot be read is replaced by its
+// default), and starting a program, whose refusal leaves two handles open on purpose.
+constexpr Door kDoors[] = {
+    kDoor<&os::OpenDevice>,
+    kDoor<&os::Control>,
+    kDoor<&os::WriteFirmwareVariable>,
+    kDoor<&os::QueryDisplayConfiguration>,
+    kDoor<&os::SourceGdiName>,
+    kDoor<&os::QueryTargetName>,
+    kDoor<&os::DesktopMonitors>,
+    kDoor<&os::MonitorDpi>,
+    kDoor<&os::DisplayDeviceName>,
+    kDoor<&os::CurrentDisplaySettings>,
+    kDoor<&os::ChangeDisplaySettings>,
+    kDoor<&os::ForegroundWindow>,
+    kDoor<&os::WindowClassName>,
+    kDoor<&os::FindTopWindow>,
+    kDoor<&os::WindowProcessId>,
+    kDoor<&os::HidInterfaces>,
+    kDoor<&os::OpenHid>,
+    kDoor<&os::QueryHidAttributes>,
+    kDoor<&os::QueryHidCapabilities>,
+    kDoor<&os::HidInputValues>,
+    kDoor<&os::HidOutputValues>,
+    kDoor<&os::WriteHidReport>,
+    kDoor<&os::RawInputDeviceCount>,
+    kDoor<&os::RawInputDevices>,
+    kDoor<&os::RawDevicePath>,
+    kDoor<&os::RegisterRawInput>,
+    kDoor<&os::OpenHidNodes>,
+    kDoor<&os::FirstHardwareIds>,
+    kDoor<&os::EnableHidNode>,
+    kDoor<&os::IsSetupComplete>,
+    kDoor<&os::WaitForSetup>,
+    kDoor<&os::Sessions>,
+    kDoor<&os::SessionUserToken>,
+    kDoor<&os::CreateEnvironment>,
+    kDoor<&os::WaitForProcess>,
+    kDoor<&os::ProcessExitCode>,
+    kDoor<&os::ProcessImagePath>,
+    kDoor<&os::JoinCom>,
+    kDoor<&os::CreateActivationManager>,
+    kDoor<&os::ActivateApplication>,
+    kDoor<&os::ReadRegistryText>,
+    kDoor<&os::WriteRegistryText>,
+    kDoor<&os::RegisterPowerSetting>,
+    kDoor<&os::RegisterSessionEvents>,
+    kDoor<&os::StartTimer>,
+    kDoor<&os::QueryPowerStatus>,
+    kDoor<&os::ServiceState>,
+    kDoor<&os::OpenNamedEvent>,
+    kDoor<&os::CreateNamedMutex>,
+    kDoor<&os::PostToWindow>,
+    kDoor<&os::SendCopyData>,
+    kDoor<&os::SendCopyDataTimeout>,
+    kDoor<&os::WriteProfileText>,
+    kDoor<&os::StartThread>,
+    kDoor<&os::ReadFileVersion>,
+    kDoor<&os::OwnProgramPath>,
+    kDoor<&os::OverwriteByCopy>,
+    kDoor<&os::Impersonate>,
+    kDoor<&os::OwnToken>,
+    kDoor<&os::EnablePrivilege>,
+};
+
+constexpr const wchar_t* kCommands[] = {L"BLSET",           L"BLGET",           L"GETPROCESSNAME", L"POWERSAVERON",
+                                        L"POWERSAVEROFF",   L"GETFREQUENCY",    L"SETFREQUENCY",   L"DIED",
+                                        L"CLOSEQUICKGUIDE", L"ALIVE",           L"SETRESOLUTION",  L"SETTOUCHPAD",
+                                        L"VERSION=9.9",     L"BLOCKACTIONMENU", L"blget",          L"",
+                                        L"COPYWALLPAPER"};
+
+/// One laptop's random life.
+class RandomLife {
+ public:
+  explicit RandomLife(std::uint32_t seed)
+      : random_(seed),
+        saved_(Pick(2) == 0 ? L"On" : L"Off"),
+        level_(10 + Pick(246)),
+        laptop({.seed = seed,
+                .interleaving = Pick(2) == 0,
+                .backlight = level_,
+                .backlightDC = level_,
+                .saved = saved_,
+                .generation = 1 + static_cast<int>(Pick(2))}),
+        powers_{saved_},
+        levels_{std::to_wstring(level_)} {}
+
+  void SpoilDoors() {
+    for (auto doors = Pick(5); doors > 0; --doors) {
+      const auto& door = kDoors[Pick(std::size(kDoors))];
+      const auto times = Pick(3) == 0 ? std::nullopt : std::optional(1 + Pick(4));
+      switch (Pick(4)) {
+        case 0:
+          door.slow(laptop.faults, 1 + Pick(700));
+          break;
+        case 1:
+          door.shorten(laptop.faults, Pick(4));
+          break;
+        default:
+          door.fail(laptop.faults, {.error = 1 + Pick(1500), .times = times, .after = Pick(6)});
+      }
+    }
+  }
+
+  void OneEvent() {
+    switch (Pick(12)) {
+      case 0:
+      case 1:
+        return SendCommand();
+      case 2:
+        return SendNoise();
+      case 3:
+        return UseHotKey();
+      case 4:
+        return ChangePower();
+      case 5:
+        return laptop.touch.ReportFrom(Pick(2) == 0 ? laptop.touch.touchScreen() : laptop.touch.touchPad(), Noise(20));
+      case 6:
+        return Pick(2) == 0 ? laptop.sessions.Lock() : laptop.sessions.Unlock();
+      case 7:
+        return laptop.sessions.End(Pick(2) == 0 ? 0x8000'0000 : Pick(4));
+      case 8:
+        return Pick(2) == 0 ? laptop.touch.Unplug() : laptop.touch.Plug();
+      case 9:
+        return Pick(2) == 0 ? laptop.displays.cPanel().Detach() : laptop.displays.cPanel().Attach();
+      case 10:
+        return DisturbUi();
+      default:
+        return laptop.Advance(Pick(4000));
+    }
+  }
+
+  /// The doors work again, everything is plugged in and nobody hangs.
+  void Heal() {
+    laptop.faults.ClearAll();
+    laptop.ui.Recover();
+    laptop.touch.Plug();
+    laptop.displays.cPanel().Attach();
+    laptop.firmware.driverInstalled = true;
+    laptop.sessions.Unlock();
+  }
+
+  /// The user's choices as they stand are the first ones, or ones that were made since.
+  void ExpectChoicesKept() {
+    EXPECT_TRUE(powers_.contains(laptop.settings.Text(L"Tessaview"))) << testing::PrintToString(Settings());
+    EXPECT_TRUE(levels_.contains(laptop.settings.Text(L"Backlight"))) << testing::PrintToString(Settings());
+    EXPECT_TRUE(levels_.contains(laptop.settings.Text(L"BacklightDC"))) << testing::PrintToString(Settings());
+    EXPECT_EQ(laptop.settings.Text(L"Mode"), L"Cursor");
+  }
+
+  void ExpectNothingLeftOpen() {
+    EXPECT_EQ(laptop.firmware.OpenHandles(), 0U);
+    EXPECT_EQ(laptop.sessions.OpenTokens(), 0U);
+    EXPECT_EQ(laptop.sessions.OpenEnvironments(), 0U);
+    EXPECT_EQ(laptop.processes.OpenHandles(), 0U);
+    EXPECT_EQ(laptop.apps.OpenManagers(), 0U);
+    EXPECT_EQ(laptop.touch.OpenNodeLists(), 0U);
+    EXPECT_LE(laptop.touch.OpenHandles(), 1U);
+    EXPECT_LE(laptop.events.OpenHandles(), 1U) << "the mutex";
+    EXPECT_LE(laptop.power.Registrations(), 5U);
+    EXPECT_TRUE(laptop.trace.Malformed().empty());
+  }
+
+  /// A healthy controller answers, and takes choices.
+  void ExpectService() {
+    laptop.ui.Die();
+    laptop.ui.Start();
+    laptop.ui.ForgetReceived();
+    laptop.ui.Send(L"BLGET");
+    EXPECT_EQ(support::TimesTold(laptop, L"BLSET"), 1);
+    laptop.ui.Send(L"BLSET", {.percent = 40});
+    EXPECT_TRUE(laptop.settings.Text(L"Backlight") == L"102" || laptop.settings.Text(L"BacklightDC") == L"102");
+    laptop.hotKey.PressF6();
+    laptop.hotKey.EndF6(2);
+    EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"Off");
+    EXPECT_FALSE(laptop.firmware.PanelOn());
+  }
+
+ private:
+  std::uint32_t Pick(std::size_t choices) { return static_cast<std::uint32_t>(random_() % choices); }
+
+  os::Bytes Noise(std::size_t size) {
+    os::Bytes bytes(size == 0 ? 0 : Pick(size + 1));
+    for (auto& byte : bytes) byte = static_cast<std::uint8_t>(Pick(4) == 0 ? Pick(256) : Pick(3));
+    return bytes;
+  }
+
+  std::vector<std::wstring> Settings() {
+    return {laptop.settings.Text(L"Tessaview"), laptop.settings.Text(L"Backlight"),
+            laptop.settings.Text(L"BacklightDC")};
+  }
+
+  void SendCommand() {
+    const std::wstring text = kCommands[Pick(std::size(kCommands))];
+    if (text == L"COPYWALLPAPER") return laptop.ui.SendFileCopy(text, L"C:\\a.jpg", L"C:\\b.jpg");
+    const auto percent = static_cast<std::int32_t>(4 + Pick(97));
+    if (text == L"BLSET") levels_.insert(std::to_wstring(percent * 2555 / 1000));
+    laptop.ui.Send(text, {.percent = percent, .point = {static_cast<std::int32_t>(Pick(3000)), 60}});
+  }
+
+  void SendNoise() {
+    constexpr std::size_t kSizes[] = {0, 1, 16, 519, 551, 552, 553, 1559, 1560, 1561, 5000};
+    constexpr std::uint64_t kKinds[] = {0, 101, 102, 103, 104, ~std::uint64_t{0}};
+    auto bytes = Noise(6000);
+    bytes.resize(kSizes[Pick(std::size(kSizes))], static_cast<std::uint8_t>(Pick(256)));
+    laptop.ui.SendRaw(kKinds[Pick(std::size(kKinds))], bytes);
+  }
+
+  void UseHotKey() {
+    switch (Pick(5)) {
+      case 0:
+        return laptop.hotKey.PressF6(1 + static_cast<int>(Pick(4)));
+      case 1:
+        powers_.insert(L"Off");
+        return laptop.hotKey.EndF6(Pick(5));
+      case 2:
+        laptop.firmware.Flip(Pick(2) == 0);
+        return laptop.hotKey.FlipChanged();
+      case 3:
+        return laptop.hotKey.Notify(Pick(256), Pick(8));
+      default:
+        return laptop.hotKey.TouchPadStatus(Pick(5), Pick(5));
+    }
+  }
+
+  void ChangePower() {
+    switch (Pick(5)) {
+      case 0:
+        return laptop.power.Plug();
+      case 1:
+        return laptop.power.Unplug();
+      case 2:
+        return laptop.power.BatterySaver(Pick(2) == 0);
+      case 3:
+        return laptop.power.Broadcast(Pick(20));
+      default:
+        return laptop.power.Notify(static_cast<os::PowerSetting>(Pick(5)), Pick(300));
+    }
+  }
+
+  void DisturbUi() {
+    switch (Pick(5)) {
+      case 0:
+        return laptop.ui.Die();
+      case 1:
+        return laptop.ui.Start();
+      case 2:
+        return laptop.ui.OpenGuide();
+      case 3:
+        return laptop.ui.Busy(Pick(3000));
+      default:
+        return Pick(2) == 0 ? laptop.ui.Hang() : laptop.ui.Recover();
+    }
+  }
+
+  std::mt19937 random_;
+  const std::wstring saved_;
+  const std::uint32_t level_;
+
+ public:
+  sim::Laptop laptop;
+
+ private:
+  std::set<std::wstring> powers_, levels_;  // what the settings may say by now
+};
+
+class Robustness : public testing::TestWithParam<std::uint32_t> {};
+
+TEST_P(Robustness, SurvivesFaultsAndNoiseAndKeepsTheUsersChoices) {
+  constexpr int kEvents = 40;
+  for (auto seed = GetParam(); seed < GetParam() + 10; ++seed) {
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    RandomLife life(seed);
+    life.SpoilDoors();
+    life.laptop.Boot();
+    life.ExpectChoicesKept();
+    for (int i = 0; i < kEvents; ++i) {
+      if (i == kEvents / 2) life.SpoilDoors();
+      life.OneEvent();
+    }
+    life.Heal();
+    EXPECT_TRUE(life.laptop.Settle());
+    EXPECT_EQ(life.laptop.ExitCode(), std::nullopt);
+    life.ExpectChoicesKept();
+    life.ExpectService();
+    life.ExpectNothingLeftOpen();
+    if (HasFailure()) break;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, Robustness, testing::Values(1, 11, 21, 31, 41, 51));
+
+}  // namespace

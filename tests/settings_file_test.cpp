@@ -1,0 +1,218 @@
+#include "core/settings_file.h"
+
+#include <gtest/gtest.h>
+
+#include "core/settings.h"
+#include "os/files.h"
+#include "os/settings_store.h"
+#include "tests/support.h"
+
+namespace {
+
+using namespace tessaview;
+using sim::Laptop;
+using support::LogsInOrder;
+using support::Texts;
+
+constexpr const wchar_t* kPath =
+    L"C:\\Windows\\system32\\config\\systemprofile\\AppData\\Local\\NORV\\Vantyra\\TessaviewSetting.ini";
+constexpr const wchar_t* kPathLine =
+    L"Setting path =  C:\\Windows\\system32\\config\\systemprofile\\AppData\\Local\\NORV\\Vantyra\\"
+    L"TessaviewSetting.ini \n ";
+
+/// What the debugger was told of the settings folder.
+Texts FoldersTold(const Laptop& laptop) {
+  Texts folders;
+  for (const auto& text : laptop.trace.DebugTexts()) {
+    if (text.find(L":\\Windows") == 1) folders.push_back(text);
+  }
+  return folders;
+}
+
+// ---- The first start ----
+
+TEST(SettingsFile, IsCreatedWithItsDefaultsWhenItIsMissing) {
+  Laptop laptop;
+  laptop.Boot();
+  EXPECT_EQ(laptop.files.Text(kPath),
+            L"[PowerStatus]\r\nTessaview=On\r\nBacklight=116\r\nBacklightDC=116\r\nPowerSaving=1\r\nMode=Cursor\r\n");
+  EXPECT_TRUE(LogsInOrder(laptop, {L" ******* Tessaview ini Setting (Start) ******* \n", L" Create ini file success \n",
+                                   kPathLine, L" ******* Tessaview ini Setting (End) ******* \n"}));
+  EXPECT_FALSE(laptop.trace.Contains(L" ini File already exist \n"));
+  EXPECT_EQ(gSettingsPath.get(), kPath);
+}
+
+TEST(SettingsFile, EachFolderAboveItIsAskedForInTurn) {
+  Laptop laptop;
+  laptop.Boot();
+  const Texts expected{L"C:\\Windows",
+                       L"C:\\Windows\\system32",
+                       L"C:\\Windows\\system32\\config",
+                       L"C:\\Windows\\system32\\config\\systemprofile",
+                       L"C:\\Windows\\system32\\config\\systemprofile\\AppData",
+                       L"C:\\Windows\\system32\\config\\systemprofile\\AppData\\Local",
+                       L"C:\\Windows\\system32\\config\\systemprofile\\AppData\\Local\\NORV",
+                       L"C:\\Windows\\system32\\config\\systemprofile\\AppData\\Local\\NORV\\Vantyra"};
+  Texts created, told;
+  for (const auto& creation : laptop.files.FolderCreations()) created.push_back(creation.path);
+  for (const auto& folder : expected) told.push_back(folder + L"\n");
+  EXPECT_EQ(created, expected);
+  EXPECT_EQ(FoldersTold(laptop), told);
+}
+
+TEST(SettingsFile, LiesOnTheDriveOfTheCommonApplicationData) {
+  Laptop laptop;
+  laptop.files.commonAppData = L"E:\\Some\\Where";
+  laptop.files.AddFolder(L"E:\\Some\\Where");
+  laptop.Boot();
+  EXPECT_EQ(gSettingsPath.get(), L"E" + std::wstring(kPath).substr(1));
+  EXPECT_EQ(laptop.files.Kind(gSettingsPath.get()), os::PathKind::File);
+  EXPECT_EQ(laptop.files.Kind(kPath), os::PathKind::Missing);
+}
+
+TEST(SettingsFile, AFolderOfItsNameIsNoFile) {
+  Laptop laptop;
+  laptop.files.AddFolder(kPath);
+  laptop.Boot();
+  EXPECT_TRUE(LogsInOrder(laptop, {L" Create ini file success \n", kPathLine}));
+  EXPECT_EQ(gSettings.get().UserBacklightValue, 116u);
+  EXPECT_EQ(ReadSavedPower(), SavedPower::NoChoice);
+}
+
+// ---- Later starts ----
+
+TEST(SettingsFile, IsRepairedAtEachStart) {
+  struct Case {
+    const wchar_t *key, *stored, *repaired;
+  };
+  const Case cases[] = {
+      {L"Backlight", L"9", L"116"},        {L"Backlight", L"10", L"10"},      {L"Backlight", L"255", L"255"},
+      {L"Backlight", L"256", L"116"},      {L"Backlight", L"0", L"116"},      {L"Backlight", L"-1", L"116"},
+      {L"Backlight", L"bright", L"116"},   {L"Backlight", L"", L"116"},       {L"Backlight", L"10 %", L"10 %"},
+      {L"BacklightDC", L"9", L"116"},      {L"BacklightDC", L"10", L"10"},    {L"BacklightDC", L"255", L"255"},
+      {L"BacklightDC", L"256", L"116"},    {L"BacklightDC", L"", L"116"},     {L"BacklightDC", L"dim", L"116"},
+      {L"Tessaview", L"On", L"On"},        {L"Tessaview", L"Off", L"Off"},    {L"Tessaview", L"on", L"On"},
+      {L"Tessaview", L"OFF", L"On"},       {L"Tessaview", L"Offf", L"On"},    {L"Tessaview", L"", L"On"},
+      {L"PowerSaving", L"0", L"0"},        {L"PowerSaving", L"1", L"1"},      {L"PowerSaving", L"2", L"1"},
+      {L"PowerSaving", L"-1", L"1"},       {L"PowerSaving", L"", L"1"},       {L"Mode", L"Touch", L"Touch"},
+      {L"Mode", L"Cursor", L"Cursor"},     {L"Mode", L"touch", L"Cursor"},    {L"Mode", L"Cursor ?", L"Cursor"},
+      {L"Mode", L"", L"Cursor"},           {L"PowerSaving", L"yes", L"yes"},  // reads as 0, which is in range
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::wstring(c.key) + L"=" + c.stored);
+    Laptop laptop({.saved = L"Off"});
+    laptop.settings.Set(L"Backlight", L"200");
+    laptop.settings.Set(c.key, c.stored);
+    laptop.Boot();
+    EXPECT_EQ(laptop.settings.Text(c.key), c.repaired);
+    EXPECT_EQ(laptop.settings.Text(L"Tessaview"), c.key == std::wstring(L"Tessaview") ? c.repaired : L"Off");
+    EXPECT_TRUE(LogsInOrder(laptop, {L" ini File already exist \n", kPathLine}));
+    EXPECT_TRUE(FoldersTold(laptop).empty());
+  }
+}
+
+TEST(SettingsFile, MissingKeysAreAddedInTheOrderOfRepair) {
+  Laptop laptop;
+  laptop.files.AddTextFile(kPath, L"; kept\r\n[PowerStatus]\r\nOther=1\r\n");
+  laptop.Boot();
+  EXPECT_EQ(laptop.files.Text(kPath), L"; kept\r\n[PowerStatus]\r\nOther=1\r\nBacklight=116\r\nBacklightDC=116\r\n"
+                                      L"Tessaview=On\r\nPowerSaving=1\r\nMode=Cursor\r\n");
+}
+
+// ---- Without a file ----
+
+TEST(SettingsFile, WithoutAPlaceForItReadsGiveDefaultsAndWritesAreLost) {
+  Laptop laptop({.backlight = 200, .backlightDC = 50, .powerSaving = false, .saved = L"Off"});
+  laptop.faults.Fail<&os::CommonAppDataFolder>();
+  laptop.Boot();
+  EXPECT_EQ(gSettingsPath.get(), L"");
+  EXPECT_EQ(ReadSetting(L"Tessaview", L"fallback"), L"fallback");
+  EXPECT_EQ(ReadSettingNumber(L"Backlight", 77), 77u);
+  EXPECT_EQ(ReadSavedPower(), SavedPower::NoChoice);
+  EXPECT_EQ(gSettings.get().UserBacklightValue, 116u);
+  EXPECT_EQ(gSettings.get().UserBacklightValueDC, 116u);
+  EXPECT_EQ(gSettings.get().PowerSaving, 1u);
+  for (const auto* line : {L" ini File already exist \n", L" Create ini file success \n", L" Create ini file fail \n"}) {
+    EXPECT_FALSE(laptop.trace.Contains(line));
+  }
+  EXPECT_TRUE(laptop.trace.Contains(L" ******* Tessaview ini Setting (End) ******* \n"));
+
+  laptop.ui.Send(L"BLSET", {.percent = 50});
+  EXPECT_EQ(gSettings.get().UserBacklightValue, 127u) << "in memory the choice counts all the same";
+  EXPECT_EQ(laptop.settings.Text(L"Backlight"), L"200") << "a file that was not named is not touched";
+  EXPECT_EQ(laptop.faults.Calls<&os::WriteProfileText>(), 0u) << "without a path the system would write a file of its own";
+}
+
+TEST(SettingsFile, AFileThatCannotBeMadeLeavesTheDefaultsInForce) {
+  Laptop laptop;
+  laptop.faults.Fail<&os::CreateFolder>({.error = 5});
+  EXPECT_TRUE(laptop.Boot());
+  EXPECT_FALSE(laptop.settings.Exists());
+  EXPECT_TRUE(LogsInOrder(laptop, {L" Create ini file success \n", kPathLine}));
+  EXPECT_EQ(gSettings.get().UserBacklightValueDC, 116u);
+  EXPECT_TRUE(gPowerSavingEnabled.get());
+}
+
+TEST(SettingsFile, APathWithoutAFirstPartIsGivenUp) {
+  Laptop laptop;
+  laptop.files.commonAppData = L"\\\\server\\share";
+  EXPECT_TRUE(laptop.Boot());
+  EXPECT_TRUE(laptop.trace.Contains(L" Create ini file fail \n"));
+  EXPECT_FALSE(laptop.trace.Contains(L" Create ini file success \n"));
+  EXPECT_TRUE(laptop.files.FolderCreations().empty());
+  EXPECT_EQ(laptop.faults.Calls<&os::WriteProfileText>(), 0u);
+}
+
+TEST(SettingsFile, AFileThatRefusesChangesIsReadAsItIs) {
+  Laptop laptop({.backlight = 300, .backlightDC = 200, .powerSaving = false});
+  laptop.settings.SetReadOnly();
+  laptop.Boot();
+  EXPECT_EQ(laptop.settings.Text(L"Backlight"), L"300");
+  EXPECT_EQ(gSettings.get().UserBacklightValueDC, 200u);
+  EXPECT_EQ(gSettings.get().PowerSaving, 0u);
+}
+
+// ---- In memory ----
+
+TEST(Settings, AreTakenFromTheFileOnceItIsRepaired) {
+  struct Case {
+    const wchar_t *backlight, *backlightDC, *powerSaving;
+    std::uint32_t level, levelDC, saving;
+  };
+  const Case cases[] = {{L"10", L"255", L"0", 10, 255, 0},
+                        {L"200", L"30", L"1", 200, 30, 1},
+                        {L"9", L"256", L"2", 116, 116, 1},
+                        {L"100 %", L"60 ; dim", L"yes", 100, 60, 0}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.backlight);
+    Laptop laptop;
+    laptop.settings.Create(
+        {{L"Backlight", c.backlight}, {L"BacklightDC", c.backlightDC}, {L"PowerSaving", c.powerSaving}});
+    laptop.Boot();
+    const auto settings = gSettings.get();
+    EXPECT_EQ(settings.UserBacklightValue, c.level);
+    EXPECT_EQ(settings.UserBacklightValueDC, c.levelDC);
+    EXPECT_EQ(settings.PowerSaving, c.saving);
+    EXPECT_EQ(gPowerSavingEnabled.get(), c.saving == 1);
+  }
+}
+
+TEST(Settings, WhatTheUserChoseComesBackAfterARestart) {
+  Laptop laptop;
+  laptop.Boot();
+  laptop.ui.Send(L"BLSET", {.percent = 100});
+  laptop.ui.Send(L"POWERSAVEROFF");
+  laptop.power.Unplug();
+  laptop.ui.Send(L"BLSET", {.percent = 4});
+  laptop.Boot();
+  EXPECT_EQ(gSettings.get().UserBacklightValue, 255u);
+  EXPECT_EQ(gSettings.get().UserBacklightValueDC, 10u);
+  EXPECT_FALSE(gPowerSavingEnabled.get());
+
+  laptop.ui.Send(L"BLSET", {.percent = 0});
+  EXPECT_EQ(laptop.settings.Text(L"BacklightDC"), L"0");
+  laptop.Boot();
+  EXPECT_EQ(laptop.settings.Text(L"BacklightDC"), L"116") << "a level of 0 lives until the next start";
+}
+
+}  // namespace

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "os/types.h"
+#include "sim/laptop.h"
+
+// What several tests ask of a laptop.
+namespace support {
+
+using Texts = std::vector<std::wstring>;
+
+/// Whether the log holds these lines, whole and in this order; others may stand between them.
+inline testing::AssertionResult LogsInOrder(const sim::Laptop& laptop, std::initializer_list<const wchar_t*> lines) {
+  std::size_t from = 0;
+  for (const auto* line : lines) {
+    const auto at = laptop.trace.IndexOf(line, from);
+    if (!at) return testing::AssertionFailure() << "not in the log at its place: " << testing::PrintToString(line);
+    from = *at + 1;
+  }
+  return testing::AssertionSuccess();
+}
+
+/// How often the UI was told a text.
+inline std::ptrdiff_t TimesTold(const sim::Laptop& laptop, const std::wstring& text) {
+  const auto received = laptop.ui.Received();
+  return std::count(received.begin(), received.end(), text);
+}
+
+/// The last text the UI was told; empty when there was none.
+inline std::wstring LastTold(const sim::Laptop& laptop) {
+  const auto received = laptop.ui.Received();
+  return received.empty() ? std::wstring() : received.back();
+}
+
+/// From here on only what is new counts: log, firmware requests, texts to the UI, changes of the displays.
+inline void ForgetTheStory(sim::Laptop& laptop) {
+  laptop.trace.Clear();
+  laptop.firmware.ForgetRequests();
+  laptop.ui.ForgetReceived();
+  laptop.displays.ForgetChanges();
+}
+
+/// A laptop on which start-up is over; all that its log, its UI and its devices hold came after.
+class RunningLaptop : public sim::Laptop {
+ public:
+  explicit RunningLaptop(const sim::LaptopOptions& options = {}) : Laptop(options) {
+    Boot();
+    ForgetTheStory(*this);
+  }
+};
+
+/// The bytes of a literal, without the NUL that ends it: BytesOf("\x02\0text\0").
+template <std::size_t size>
+os::Bytes BytesOf(const char (&literal)[size]) {
+  return os::Bytes(literal, literal + size - 1);
+}
+
+}  // namespace support

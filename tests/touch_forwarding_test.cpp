@@ -1,0 +1,116 @@
+// Touch reports on their way to the UI.
+
+#include <gtest/gtest.h>
+
+#include "sim/laptop.h"
+#include "tests/support.h"
+
+namespace {
+
+using Reports = std::vector<os::Bytes>;
+
+class TouchForwarding : public testing::Test {
+ protected:
+  void SetUp() override {
+    laptop.Boot();
+    laptop.ui.ForgetReceived();
+  }
+  /// What the UI got of these reports of one device.
+  Reports Forwarded(const sim::HidCollection& device, const Reports& reports) {
+    for (const auto& report : reports) laptop.touch.ReportFrom(device, report);
+    auto received = laptop.ui.ReceivedReports();
+    laptop.ui.ForgetReceived();
+    return received;
+  }
+
+  sim::Laptop laptop{{.uiRunning = true}};
+  sim::HidCollection& screen = laptop.touch.touchScreen();
+  sim::HidCollection& pad = laptop.touch.touchPad();
+};
+
+TEST_F(TouchForwarding, SendsTheReportAsItCameToTheMainWindow) {
+  const os::Bytes report = {1, 1, 0x80, 0x07, 0xFF, 0x00};
+  laptop.ui.OpenGuide();
+  EXPECT_EQ(Forwarded(screen, {report}), Reports{report});
+  laptop.touch.ReportFrom(screen, {1, 0});
+  ASSERT_EQ(laptop.ui.ReceivedRecords().size(), 1U);
+  EXPECT_EQ(laptop.ui.ReceivedRecords()[0].kind, 101U);
+  EXPECT_EQ(laptop.ui.ReceivedRecords()[0].windowClass, L"Tessaview");
+}
+
+TEST_F(TouchForwarding, ThinsAContactToEveryThirdReportAndTheLift) {
+  struct Case {
+    const char* story;
+    bool fromPad;
+    Reports reports, forwarded;
+  };
+  // Byte 0 is the report's id, byte 1 its flags, byte 2 numbers it.
+  const Case cases[] = {
+      {"five reports and a lift",
+       false,
+       {{1, 1, 1}, {1, 1, 2}, {1, 1, 3}, {1, 1, 4}, {1, 1, 5}, {1, 0, 6}},
+       {{1, 1, 1}, {1, 1, 4}, {1, 0, 6}}},
+      {"a tap", false, {{1, 1, 1}, {1, 0, 2}}, {{1, 1, 1}, {1, 0, 2}}},
+      {"every contact begins anew",
+       false,
+       {{1, 1, 1}, {1, 1, 2}, {1, 0, 3}, {1, 1, 4}, {1, 1, 5}, {1, 0, 6}},
+       {{1, 1, 1}, {1, 0, 3}, {1, 1, 4}, {1, 0, 6}}},
+      {"lifts one after the other", false, {{1, 0, 1}, {1, 0, 2}, {1, 0xFE, 3}}, {{1, 0, 1}, {1, 0, 2}, {1, 0xFE, 3}}},
+      {"the pad's finger is bit 1",
+       true,
+       {{17, 2, 1}, {17, 3, 2}, {17, 2, 3}, {17, 2, 4}, {17, 1, 5}},
+       {{17, 2, 1}, {17, 2, 4}, {17, 1, 5}}},
+      {"a report of another kind is no lift and counts all the same",
+       true,
+       {{5, 0, 1}, {5, 0, 2}, {5, 0, 3}, {5, 0, 4}, {17, 0, 5}},
+       {{5, 0, 1}, {5, 0, 4}, {17, 0, 5}}},
+      {"no flags, no lift", false, {{1}, {1}, {1}, {17}, {1, 0}}, {{1}, {17}, {1, 0}}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.story);
+    EXPECT_EQ(Forwarded(c.fromPad ? pad : screen, c.reports), c.forwarded);
+  }
+}
+
+TEST_F(TouchForwarding, CountsScreenAndPadTogether) {
+  Forwarded(screen, {{1, 1, 1}, {1, 1, 2}});
+  EXPECT_EQ(Forwarded(pad, {{17, 2, 3}, {17, 2, 4}}), (Reports{{17, 2, 4}}));
+}
+
+TEST_F(TouchForwarding, IgnoresWhateverIsNotATouchOfTheCPanel) {
+  auto foreign = sim::MakeTouchScreen();
+  foreign.attributes.vendorId = 0x1A7C;
+  foreign.path = L"\\\\?\\HID#VID_1A7C&PID_0099#1";
+  const auto& other = laptop.touch.Add(foreign);
+
+  laptop.touch.ReportFrom(other, {1, 1, 1});
+  laptop.touch.ReportFrom(other, {1, 0, 2});
+  laptop.touch.Deliver(screen, {1, 0, 3}, {.type = 0, .report = {}});  // of a mouse
+  laptop.touch.Deliver(screen, {1, 0, 4}, {.type = 1, .report = {}});  // of a keyboard
+  laptop.touch.ReportFrom(screen, {});
+  EXPECT_TRUE(laptop.ui.ReceivedReports().empty());
+  EXPECT_EQ(Forwarded(screen, {{1, 1, 1}}), (Reports{{1, 1, 1}})) << "none of them was counted";
+}
+
+TEST_F(TouchForwarding, NotesARecordOfAnOddSizeAndGoesOn) {
+  laptop.touch.Deliver(screen, {1, 1, 1}, {.sizeMatches = false, .type = 2, .report = {}});
+  EXPECT_EQ(laptop.ui.ReceivedReports(), (Reports{{1, 1, 1}}));
+  EXPECT_EQ(laptop.trace.DebugTexts().back(), L"GetRawInputData does not return correct size !\n");
+}
+
+TEST_F(TouchForwarding, GoesOnCountingWhileTheUiIsAway) {
+  laptop.ui.Die();
+  EXPECT_TRUE(Forwarded(screen, {{1, 1, 1}, {1, 1, 2}}).empty());
+  laptop.ui.Start();
+  EXPECT_EQ(Forwarded(screen, {{1, 1, 3}, {1, 1, 4}}), (Reports{{1, 1, 4}}));
+}
+
+TEST_F(TouchForwarding, WaitsForAUiThatHangs) {
+  laptop.ui.Hang();
+  laptop.touch.Contact(4);
+  EXPECT_TRUE(laptop.ui.ReceivedReports().empty());
+  laptop.ui.Recover();
+  EXPECT_EQ(laptop.ui.ReceivedReports().size(), 2U) << "the first and the fourth";
+}
+
+}  // namespace

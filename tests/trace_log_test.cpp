@@ -1,0 +1,175 @@
+#include "core/trace_log.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "core/trace_events.h"
+#include "os/threads.h"
+#include "tests/support.h"
+
+namespace {
+
+using namespace tessaview;
+using support::BytesOf;
+using support::Texts;
+
+TEST(TraceEvents, AreLaidOutByteForByteAsConsumersReadThem) {
+  EXPECT_EQ(ProviderTraits(), BytesOf("\x19\x00"
+                                      "TessaviewServiceLogger\0"));
+  EXPECT_EQ(TextEventMetadata("TessaviewService", "String (wide char)"), BytesOf("\x28\x00\x00"
+                                                                                 "TessaviewService\0"
+                                                                                 "String (wide char)\0"
+                                                                                 "\x01"));
+  EXPECT_EQ(EventText(L""), BytesOf("\0\0"));
+  EXPECT_EQ(EventText(L"a \n\u20AC"), BytesOf("a\0 \0\n\0\xAC\x20\0\0"));
+}
+
+TEST(TraceLog, WritesEachTextAsItStands) {
+  sim::Laptop laptop;
+  for (const auto* text : {L" ini File already exist \n", L"", L"100% \u4E2D\U0001F5B1"}) {
+    laptop.trace.Clear();
+    EXPECT_EQ(WriteTraceLog(text), 0u);
+    EXPECT_EQ(laptop.trace.Lines(), Texts{text});
+  }
+  laptop.trace.Clear();
+  EXPECT_EQ(WriteTraceLog(nullptr), 0u);
+  EXPECT_EQ(laptop.trace.Lines(), Texts{L""});
+  EXPECT_TRUE(laptop.trace.Malformed().empty());
+}
+
+TEST(TraceLog, UsageIsAnEventOfItsOwn) {
+  sim::Laptop laptop;
+  RecordUsage(L"NOT_EXIST_MAINUI");
+  EXPECT_EQ(laptop.trace.Usage(), Texts{L"NOT_EXIST_MAINUI"});
+  EXPECT_TRUE(laptop.trace.Lines().empty());
+  EXPECT_TRUE(laptop.trace.Malformed().empty());
+}
+
+TEST(TraceLog, RegistersOnceWithTheFirstTextOfEachProcess) {
+  sim::Laptop laptop;
+  EXPECT_EQ(laptop.trace.Registrations(), 0u);
+  laptop.Boot();
+  EXPECT_EQ(laptop.trace.Registrations(), 1u);
+  EXPECT_EQ(laptop.faults.Calls<&os::SetTraceProviderTraits>(), 1u);
+  EXPECT_TRUE(laptop.trace.Malformed().empty());
+
+  laptop.Boot();
+  EXPECT_EQ(laptop.trace.Registrations(), 2u) << "the next process has a provider of its own";
+}
+
+TEST(TraceLog, TriesToRegisterOnceOnly) {
+  sim::Laptop laptop;
+  laptop.faults.Fail<&os::RegisterTraceProvider>({.times = 1});
+  EXPECT_EQ(WriteTraceLog(L"lost"), 0u);
+  Log(L"lost, too");
+  RecordUsage(L"lost as well");
+  EXPECT_EQ(laptop.faults.Calls<&os::RegisterTraceProvider>(), 1u);
+  EXPECT_EQ(laptop.faults.Calls<&os::WriteTraceEvent>(), 0u);
+}
+
+TEST(TraceLog, WritesOnWhenConsumersCannotBeToldTheName) {
+  sim::Laptop laptop;
+  laptop.faults.Fail<&os::SetTraceProviderTraits>();
+  WriteTraceLog(L"one");
+  WriteTraceLog(L"two");
+  EXPECT_EQ(laptop.trace.Lines(), (Texts{L"one", L"two"}));
+  EXPECT_EQ(laptop.faults.Calls<&os::SetTraceProviderTraits>(), 1u);
+}
+
+TEST(TraceLog, ReturnsTheStatusOfTheWrite) {
+  constexpr std::uint32_t kMoreData = 234;
+  sim::Laptop laptop;
+  laptop.faults.Fail<&os::WriteTraceEvent>({.error = kMoreData, .times = 1});
+  EXPECT_EQ(WriteTraceLog(L"too much"), kMoreData);
+  EXPECT_EQ(WriteTraceLog(L"fits"), 0u);
+  EXPECT_EQ(laptop.trace.Lines(), Texts{L"fits"});
+}
+
+TEST(TraceLog, WritesOnlyToAListenerAtLevelVerbose) {
+  struct Case {
+    bool listens;
+    std::uint8_t level;
+    bool written;
+  };
+  sim::Laptop laptop;
+  for (const auto& c : {Case{false, 5, false}, Case{true, 5, true}, Case{true, 4, false}, Case{true, 255, true},
+                        Case{true, 1, false}, Case{true, 0, true}, Case{false, 0, false}, Case{true, 5, true}}) {
+    SCOPED_TRACE(testing::Message() << "listens " << c.listens << ", level " << int{c.level});
+    laptop.trace.Listen(c.listens, c.level);
+    laptop.trace.Clear();
+    const auto writes = laptop.faults.Calls<&os::WriteTraceEvent>();
+    Log(L"[SetFPS] SetFPS_Value = %d \n", 1);
+    WriteTraceLog(L"plain");
+    RecordUsage(L"USAGE");
+    EXPECT_EQ(laptop.faults.Calls<&os::WriteTraceEvent>() - writes, c.written ? 3u : 0u);
+    EXPECT_EQ(laptop.trace.Lines(), c.written ? (Texts{L"[SetFPS] SetFPS_Value = 1 \n", L"plain"}) : Texts{});
+    EXPECT_EQ(laptop.trace.Usage(), c.written ? Texts{L"USAGE"} : Texts{});
+  }
+}
+
+TEST(TraceLog, AListenerThatComesLateHearsOnlyWhatFollows) {
+  sim::Laptop laptop;
+  laptop.trace.Listen(false);
+  laptop.Boot();
+  EXPECT_EQ(laptop.faults.Calls<&os::WriteTraceEvent>(), 0u);
+  EXPECT_EQ(laptop.trace.Registrations(), 1u) << "without a provider nobody could begin to listen";
+
+  laptop.trace.Listen(true);
+  laptop.ui.Send(L"BLOCKACTIONMENU");
+  EXPECT_EQ(laptop.trace.Lines(),
+            (Texts{L"Receivedata from UI = BLOCKACTIONMENU \n", L"[BLOCKACTIONMENU] block action menu function"}));
+}
+
+TEST(TraceLog, TextsOfSeveralThreadsStayWhole) {
+  constexpr int kThreads = 4, kTexts = 25;
+  sim::Laptop laptop({.seed = 7, .interleaving = true});
+  for (int thread = 0; thread < kThreads; ++thread) {
+    os::StartThread(L"writer", [thread] {
+      for (int text = 0; text < kTexts; ++text) Log(L"thread %d, text %d", thread, text);
+    });
+  }
+  ASSERT_TRUE(laptop.Settle());
+
+  std::multiset<std::wstring> expected;
+  for (int thread = 0; thread < kThreads; ++thread) {
+    for (int text = 0; text < kTexts; ++text) {
+      expected.insert(L"thread " + std::to_wstring(thread) + L", text " + std::to_wstring(text));
+    }
+  }
+  const auto& lines = laptop.trace.Lines();
+  EXPECT_EQ(std::multiset<std::wstring>(lines.begin(), lines.end()), expected);
+  EXPECT_EQ(laptop.trace.Registrations(), 1u);
+}
+
+// ---- Templates ----
+
+template <class... Args>
+std::wstring Formatted(LogFormat<std::type_identity_t<Args>...> format, const Args&... args) {
+  wchar_t text[kLogTextSize];
+  FormatLogText(text, format, args...);
+  return text;
+}
+
+TEST(LogTemplates, AreFilledInWithAllKindsOfValues) {
+  enum class Id : std::uint32_t { Power = 0x00050031 };
+  const std::wstring name = L"C:\\Users\\\u00C4 \u4E2D.exe";
+  EXPECT_EQ(Formatted(L"100%% \n"), L"100% \n");
+  EXPECT_EQ(Formatted(L"%d|%d|%d", -1, true, std::uint8_t{255}), L"-1|1|255");
+  EXPECT_EQ(Formatted(L"%d|%d", std::int32_t{-2147483647 - 1}, std::int64_t{5}), L"-2147483648|5");
+  EXPECT_EQ(Formatted(L"0x%x 0x%X %08X %02x", Id::Power, 0xABCu, 0x1Fu, std::uint8_t{7}), L"0x50031 0xABC 0000001F 07");
+  EXPECT_EQ(Formatted(L"%ls, %ls: %d%%", name, L"literal", 7), name + L", literal: 7%");
+  EXPECT_EQ(Formatted(L"[%ls]", std::wstring()), L"[]");
+  EXPECT_EQ(Formatted(L"%ls", L"%d %ls %n"), L"%d %ls %n");
+}
+
+TEST(LogTemplates, CutTextsThatAreTooLong) {
+  for (const std::size_t length : {1022u, 1023u, 1024u, 1025u, 5000u}) {
+    SCOPED_TRACE(length);
+    const std::wstring text(length, L'x');
+    EXPECT_EQ(Formatted(L"%ls", text), text.substr(0, 1023));
+    EXPECT_EQ(Formatted(L"InputPath = %ls", text).size(), std::min<std::size_t>(1023, length + 12));
+  }
+}
+
+}  // namespace

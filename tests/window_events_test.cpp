@@ -1,0 +1,115 @@
+// The service window's own events: timers, power broadcasts, sessions, the menu and the end.
+
+#include <gtest/gtest.h>
+
+#include "os/service_window.h"
+#include "sim/laptop.h"
+#include "tests/support.h"
+
+namespace {
+
+using sim::Sessions;
+using Lines = std::vector<std::wstring>;
+
+/// A controller that has started; what happened until then is forgotten.
+class WindowEvents : public testing::Test {
+ protected:
+  void SetUp() override {
+    laptop.Boot();
+    laptop.trace.Clear();
+    laptop.ui.ForgetReceived();
+    laptop.firmware.ForgetRequests();
+  }
+  sim::Laptop laptop{{.uiRunning = true}};
+};
+
+TEST_F(WindowEvents, AskTheUiEveryHourToLookForUpdates) {
+  laptop.Advance(3'590'000);
+  EXPECT_EQ(support::TimesTold(laptop, L"CHECKUPDATE"), 0);
+  laptop.Advance(10'000);
+  EXPECT_EQ(support::TimesTold(laptop, L"CHECKUPDATE"), 1);
+  laptop.Advance(24 * 3'600'000ULL);
+  EXPECT_EQ(support::TimesTold(laptop, L"CHECKUPDATE"), 25);
+  EXPECT_EQ(laptop.ui.ReceivedRecords().size(), 25U) << "and nothing else";
+}
+
+TEST_F(WindowEvents, IgnoreTimersOfOthers) {
+  laptop.window.PostRaw(0x0113, 1, 0);  // WM_TIMER
+  laptop.Settle();
+  EXPECT_TRUE(laptop.ui.ReceivedRecords().empty());
+}
+
+TEST_F(WindowEvents, OnlyLogSuspendAndResume) {
+  struct Case {
+    std::uint32_t event;
+    Lines lines;
+  };
+  for (const auto& c : {Case{4, {L"PBT_APMSUSPEND \n"}},
+                        {7, {L"PBT_APMRESUMESUSPEND \n"}},
+                        {10, {L"PBT_APMPOWERSTATUSCHANGE \n"}},
+                        {18, {L"PBT_APMRESUMEAUTOMATIC \n"}},
+                        {6, {}},
+                        {0xFFFF'FFFF, {}}}) {
+    SCOPED_TRACE(c.event);
+    laptop.trace.Clear();
+    laptop.power.Broadcast(c.event);
+    EXPECT_EQ(laptop.trace.Lines(), c.lines);
+  }
+  EXPECT_TRUE(laptop.firmware.Requests().empty());
+  EXPECT_TRUE(laptop.ui.ReceivedRecords().empty());
+}
+
+TEST_F(WindowEvents, OnlyLogLockAndUnlock) {
+  laptop.sessions.Lock();
+  EXPECT_EQ(laptop.trace.Lines(), Lines{L"WTS_SESSION_LOCK \n"});
+  laptop.sessions.Unlock();
+  EXPECT_EQ(laptop.trace.Lines(), (Lines{L"WTS_SESSION_LOCK \n", L"WTS_SESSION_UNLOCK \n"}));
+  EXPECT_TRUE(laptop.firmware.Requests().empty());
+  EXPECT_TRUE(laptop.ui.ReceivedRecords().empty());
+}
+
+TEST_F(WindowEvents, IgnorePowerSourcesThatAreNeitherMainsNorBattery) {
+  laptop.power.Notify(os::PowerSetting::AcDcPowerSource, 2);  // a short-term source
+  EXPECT_TRUE(laptop.firmware.Requests().empty());
+}
+
+TEST(EndOfSession, LeavesATouchPadBehindWhenTheUserGoesOrTheControllerIsToClose) {
+  struct Case {
+    std::uint32_t reason;
+    bool touchPad;
+  };
+  for (const auto& c : {Case{0x8000'0000, true},  // the user signs out
+                        {0x1, true},              // files of the controller are in use and shall be replaced
+                        {0x8000'0001, true},
+                        {0, false},               // the machine shuts down
+                        {0x4000'0000, false}}) {  // in a hurry
+    SCOPED_TRACE(c.reason);
+    sim::Laptop laptop;
+    laptop.Boot();
+    laptop.sessions.End(c.reason);
+    EXPECT_EQ(laptop.touch.InCursorMode(), c.touchPad);
+    EXPECT_EQ(laptop.touch.OutputReports().size(), c.touchPad ? 1U : 0U);
+    EXPECT_EQ(laptop.ExitCode(), std::nullopt) << "that was only the question";
+    EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"On");
+  }
+}
+
+TEST_F(WindowEvents, ShowTheAboutBox) {
+  laptop.window.PickMenuItem(104);
+  EXPECT_EQ(laptop.window.Dialogs(), std::vector<std::uint16_t>{103});
+  EXPECT_EQ(laptop.ExitCode(), std::nullopt);
+}
+
+TEST_F(WindowEvents, EndTheControllerByTheExitItemOnly) {
+  for (const std::uint16_t other : std::initializer_list<std::uint16_t>{0, 1, 103, 106, 0xFFFF})
+    laptop.window.PickMenuItem(other);
+  EXPECT_EQ(laptop.ExitCode(), std::nullopt);
+  EXPECT_TRUE(laptop.window.Dialogs().empty());
+
+  laptop.window.PickMenuItem(105);
+  EXPECT_EQ(laptop.ExitCode(), 0);
+  EXPECT_FALSE(laptop.window.Exists());
+  EXPECT_EQ(laptop.power.Registrations(), 0U);
+}
+
+}  // namespace
