@@ -81,102 +81,118 @@ class Log {
 class FirstLight {
  public:
   bool Boot() {
-    story_.Chapter(L"The laptop boots");
-    if (!story_.Check(laptop_.Boot(), L"firmware driver, touch controller and activation answer")) return false;
-    story_.Check(lab::OpenDesktop(), L"a user's desktop is in the foreground");
+    Chapter(L"The laptop boots");
+    if (!Check(laptop_.Boot(), L"firmware driver, touch controller and activation answer")) return false;
+    Check(lab::OpenDesktop(), L"a user's desktop is in the foreground");
     const auto monitors = lab::Monitors();
-    story_.Check(monitors == std::vector<std::wstring>{L"1920x1080 at (0,0)", L"1920x515 at (0,1080)"},
-                 L"two panels: B 1920x1080, C 1920x515 below it");
-    story_.Check(lab::Setting("Tessaview").empty(), L"no settings file yet");
+    Check(monitors == std::vector<std::wstring>{L"1920x1080 at (0,0)", L"1920x515 at (0,1080)"},
+          L"two panels: B 1920x1080, C 1920x515 below it");
+    Check(lab::Setting("Tessaview").empty(), L"no settings file yet");
     return true;
   }
 
   bool StartController() {
-    story_.Chapter(L"The controller starts");
-    const bool started = laptop_.controller.Start() && laptop_.controller.WaitUntilReady();
-    if (!story_.Check(started, L"window TESSAVIEWSERVICE is open and answers")) return false;
-    story_.Check(laptop_.trace.WaitFor(L"Global gBPanel X: 0, Y: 0, Wdith: 1920, Height: 1080"), L"B panel found");
-    story_.Check(laptop_.trace.WaitFor(L"Global gCPanel X: 0, Y: 1080, Wdith: 1920, Height: 515"), L"C panel found");
-    story_.Check(laptop_.trace.WaitFor(L"Find TouchPad Vid & Pid Success!"), L"touch pad found");
-    story_.Check(laptop_.trace.WaitFor(L"Get Rawinput hDevice of CPanel_TouchScreen successed"), L"touch screen found");
-    story_.Check(laptop_.requests.WaitFor(L"DSTS 0x00050033"), L"firmware asked for its generation");
-    story_.Check(laptop_.requests.WaitFor(L"DEVS 0x00050032 = 116"), L"panel powered on at its default level");
-    story_.Check(SettingsAre({"On", "116", "116", "1", "Cursor"}), L"settings file made with its defaults");
-    story_.Check(laptop_.uiTalk.WaitFor(L"activated 7C31A0D4.TessaviewMaster"), L"UI activated by its application id");
-    story_.Check(StandInUi::IsThere(), L"UI has its window");
+    Chapter(L"The controller starts");
+    const bool started = laptop_.controller.Start() && laptop_.WaitForController();
+    if (!Check(started, L"window TESSAVIEWSERVICE is open, and its messages are served")) return false;
+    Check(laptop_.trace.WaitFor(L"Global gBPanel X: 0, Y: 0, Wdith: 1920, Height: 1080"), L"B panel found");
+    Check(laptop_.trace.WaitFor(L"Global gCPanel X: 0, Y: 1080, Wdith: 1920, Height: 515"), L"C panel found");
+    Check(laptop_.trace.WaitFor(L"Find TouchPad Vid & Pid Success!"), L"touch pad found");
+    Check(laptop_.trace.WaitFor(L"Get Rawinput hDevice of CPanel_TouchScreen successed"), L"touch screen found");
+    Check(laptop_.requests.WaitFor(L"DSTS 0x00050033"), L"firmware asked for its generation");
+    Check(laptop_.requests.WaitFor(L"DEVS 0x00050032 = 116"), L"panel powered on at its default level");
+    Check(SettingsAre({"On", "116", "116", "1", "Cursor"}), L"settings file made with its defaults");
+    Check(laptop_.uiTalk.WaitFor(L"activated 7C31A0D4.TessaviewMaster"), L"UI activated by its application id");
+    Check(StandInUi::IsThere(), L"UI has its window");
     return true;
   }
 
-  /// What Windows delivers with the registrations, which Wine never does.
-  void DeliverPowerSettings() {
-    story_.Chapter(L"Windows tells the power settings as they are");
+  /// What Windows and the hot-key component tell a controller that has just started, and Wine never does.
+  void TellTheState() {
+    Chapter(L"The controller is told: on mains, touch pad enabled");
+    const auto asked = laptop_.requests.Mark();
     const auto told = laptop_.uiTalk.Mark();
-    const Controller& controller = laptop_.controller;
-    story_.Check(controller.NotifyPowerSetting(lab::kConsoleDisplayState, 1) &&
-                     controller.NotifyPowerSetting(lab::kLidSwitchState, 1) &&
-                     controller.NotifyPowerSetting(lab::kAcDcPowerSource, 0),
-                 L"display on, lid open, mains");
-    story_.Check(laptop_.uiTalk.WaitFor(L"received POWERON", told), L"UI told POWERON");
-    Picture(L"panel-on");
+    Check(laptop_.controller.NotifyPowerSetting(lab::kAcDcPowerSource, kMains), L"power source taken in");
+    Check(laptop_.requests.WaitFor(L"DEVS 0x00050032 = 116", asked), L"the level for mains applied");
+    Controller::PostTouchPadStatus(true);
+    Check(laptop_.uiTalk.WaitFor(L"received GETTOUCHPAD", told), L"UI told GETTOUCHPAD");
   }
 
   void Backlight() {
-    story_.Chapter(L"The UI asks for the backlight and sets it");
+    Chapter(L"The UI asks for the backlight and sets it");
     auto told = laptop_.uiTalk.Mark();
-    story_.Check(StandInUi::Send(L"BLGET") && laptop_.uiTalk.WaitFor(L"received BLSET 45", told),
-                 L"BLGET answered with 45 percent of level 116");
+    Check(StandInUi::Send(L"BLGET") && laptop_.uiTalk.WaitFor(L"received BLSET 45", told),
+          L"BLGET answered with 45 percent of level 116");
     laptop_.firmware.Set(kBacklight, 255);
     told = laptop_.uiTalk.Mark();
-    story_.Check(StandInUi::Send(L"BLGET") && laptop_.uiTalk.WaitFor(L"received BLSET 99", told),
-                 L"BLGET answered with 99 percent after the register went to 255");
-    story_.Check(StandInUi::Send(L"BLSET", 50) && SettingsAre({"On", "127", "116", "1", "Cursor"}),
-                 L"BLSET 50 stored as level 127 for mains");
+    Check(StandInUi::Send(L"BLGET") && laptop_.uiTalk.WaitFor(L"received BLSET 99", told),
+          L"BLGET answered with 99 percent after the register went to 255");
+    Check(StandInUi::Send(L"BLSET", 50) && SettingsAre({"On", "127", "116", "1", "Cursor"}),
+          L"BLSET 50 stored as level 127 for mains");
+  }
+
+  void Battery() {
+    Chapter(L"The laptop is unplugged, with battery saver on, and plugged in again");
+    lab::LaptopState& state = *lab::SharedLaptopState();
+    auto asked = laptop_.requests.Mark();
+    state.onMains = 0;
+    state.batterySaver = 1;
+    Check(laptop_.controller.NotifyPowerSetting(lab::kAcDcPowerSource, kBattery) &&
+              laptop_.requests.WaitFor(L"DEVS 0x00050032 = 58", asked),
+          L"panel dimmed to level 58");
+    asked = laptop_.requests.Mark();
+    state.onMains = 1;
+    state.batterySaver = 0;
+    Check(laptop_.controller.NotifyPowerSetting(lab::kAcDcPowerSource, kMains) &&
+              laptop_.requests.WaitFor(L"DEVS 0x00050032 = 127", asked),
+          L"panel back at the level just stored");
   }
 
   void Flip() {
-    story_.Chapter(L"The laptop is folded over and back");
+    Chapter(L"The laptop is folded over and back");
     auto told = laptop_.uiTalk.Mark();
     laptop_.firmware.Set(kFlipState, 1);
     Controller::PostHotKey(HotKey::FlipChanged);
-    story_.Check(laptop_.uiTalk.WaitFor(L"received POWEROFF", told), L"UI told POWEROFF");
+    Check(laptop_.uiTalk.WaitFor(L"received POWEROFF", told), L"UI told POWEROFF");
     told = laptop_.uiTalk.Mark();
     const auto asked = laptop_.requests.Mark();
     laptop_.firmware.Set(kFlipState, 0);
     Controller::PostHotKey(HotKey::FlipChanged);
-    story_.Check(laptop_.requests.WaitFor(L"DEVS 0x00050032 = 127", asked), L"panel on at the level just stored");
-    story_.Check(laptop_.uiTalk.WaitFor(L"received POWERON", told), L"UI told POWERON");
+    Check(laptop_.requests.WaitFor(L"DEVS 0x00050032 = 127", asked), L"panel on at its level for mains");
+    Check(laptop_.uiTalk.WaitFor(L"received POWERON", told), L"UI told POWERON");
+    Picture(L"panel-on");
   }
 
   void SwitchOff() {
-    story_.Chapter(L"F6: the C panel off");
+    Chapter(L"F6: the C panel off");
     const auto told = laptop_.uiTalk.Mark();
     const auto asked = laptop_.requests.Mark();
     const auto reported = laptop_.reports.Mark();
     Controller::PostHotKey(HotKey::F6Pressed);
     Controller::PostHotKey(HotKey::F6Ended, 2);
-    story_.Check(laptop_.requests.WaitFor(L"DEVS 0x00050031 = 0", asked), L"firmware told to power the panel off");
-    story_.Check(laptop_.reports.WaitFor(L"03 00 09 A1 00 00 0F 00 00 00 08 70", reported),
-                 L"touch pad switched to cursor mode");
-    story_.Check(laptop_.uiTalk.WaitFor(L"received POWEROFF", told), L"UI told POWEROFF");
-    story_.Check(SettingsAre({"Off", "127", "116", "1", "Cursor"}), L"settings remember Off");
-    story_.Check(laptop_.firmware.Read(kPanelPower) == kPanelOff, L"the panel's power register reads off");
+    Check(laptop_.requests.WaitFor(L"DEVS 0x00050031 = 0", asked), L"firmware told to power the panel off");
+    Check(laptop_.reports.WaitFor(L"03 00 09 A1 00 00 0F 00 00 00 08 70", reported),
+          L"touch pad switched to cursor mode");
+    Check(laptop_.uiTalk.WaitFor(L"received POWEROFF", told), L"UI told POWEROFF");
+    Check(SettingsAre({"Off", "127", "116", "1", "Cursor"}), L"settings remember Off");
+    Check(laptop_.firmware.Read(kPanelPower) == kPanelOff, L"the panel's power register reads off");
     Picture(L"panel-off");
   }
 
   void SecondInstance() {
-    story_.Chapter(L"A second controller is started");
+    Chapter(L"A second controller is started");
     Controller second;
     const bool started = second.Start();
     const auto code = second.WaitForExit();
-    story_.Check(started && code == 0U, L"it leaves at once, with 0");
-    story_.Check(laptop_.controller.IsRunning(), L"the first one runs on");
+    Check(started && code == 0U, L"it leaves at once, with 0");
+    Check(laptop_.controller.IsRunning(), L"the first one runs on");
   }
 
   void Exit() {
-    story_.Chapter(L"The controller is told to exit");
+    Chapter(L"The controller is told to exit");
     Controller::Exit();
     const auto code = laptop_.controller.WaitForExit();
-    story_.Check(code == 0U, L"it ends by itself, with 0");
+    Check(code == 0U, L"it ends by itself, with 0");
     laptop_.ui.End();
   }
 
@@ -192,6 +208,22 @@ class FirstLight {
   }
 
  private:
+  static constexpr std::uint32_t kMains = 0, kBattery = 1;  // values of the power source's setting
+
+  /// The next part of the story, once the controller has finished with the one before.
+  void Chapter(const std::wstring& title) {
+    if (laptop_.controller.IsRunning() && !laptop_.WaitForController()) {
+      Check(false, L"the controller answers");
+    }
+    story_.Chapter(title);
+  }
+
+  /// A check, told after the lines that led to it: they arrive by a pipe.
+  bool Check(bool holds, const std::wstring& what) {
+    laptop_.trace.WaitUntilQuiet(std::chrono::milliseconds(30));
+    return story_.Check(holds, what);
+  }
+
   /// In the order of the file: Tessaview, Backlight, BacklightDC, PowerSaving, Mode.
   static bool SettingsAre(const std::array<std::string, 5>& expected) {
     return lab::Eventually([&] {
@@ -203,7 +235,7 @@ class FirstLight {
 
   void Picture(const std::wstring& name) {
     const auto path = lab::TakePicture(name);
-    if (story_.Check(!path.empty(), L"picture of both panels: " + name)) pictures_.push_back(path);
+    if (Check(!path.empty(), L"picture of both panels: " + name)) pictures_.push_back(path);
   }
 
   Log log_;
@@ -222,8 +254,9 @@ class FirstLight {
 int main() {
   FirstLight story;
   if (story.Boot() && story.StartController()) {
-    story.DeliverPowerSettings();
+    story.TellTheState();
     story.Backlight();
+    story.Battery();
     story.Flip();
     story.SwitchOff();
     story.SecondInstance();

@@ -8,7 +8,7 @@
 namespace sim {
 namespace {
 
-constexpr std::uint32_t kPollsWithoutTime = 100'000;     // door calls before a polling loop costs a millisecond
+constexpr std::uint32_t kPollsWithoutTime = 20'000;      // door calls before a polling loop costs a millisecond
 constexpr std::uint64_t kLongestTestWaitMs = 3'600'000;  // a test that waits longer waits for nothing
 
 bool Never() {

@@ -4,9 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "os/device_io.h"
-#include "tests/support.h"
-
 namespace {
 
 struct Pair {
@@ -58,24 +55,6 @@ TEST(Backlight, OnBatteryIsCappedOnlyWhileSaverIsOnAndAllowed) {
     EXPECT_EQ(tessaview::BatteryLevel(settings), c.applied)
         << c.stored << ", allowed " << c.allowed << ", saver " << c.saverOn;
   }
-}
-
-TEST(Backlight, IsReadFromTheLowByteAlone) {
-  for (const auto& [status, level] : {std::pair{0x000100FFU, 255U}, {0x00010074U, 116U}, {0xFFFFFF00U, 0U}}) {
-    sim::Laptop laptop;
-    laptop.firmware.SetRegister(sim::Firmware::kBacklight, status);
-    EXPECT_EQ(tessaview::ReadBacklight(), level) << status;
-  }
-}
-
-TEST(Backlight, CountsAsFullWhenItCannotBeRead) {
-  sim::Laptop laptop;
-  laptop.faults.Fail<&os::Control>({.times = 1});
-  EXPECT_EQ(tessaview::ReadBacklight(), 255U);
-  laptop.firmware.replyBytes = 2;
-  EXPECT_EQ(tessaview::ReadBacklight(), 0U) << "a short reply was read, as 0";
-  laptop.firmware.driverInstalled = false;
-  EXPECT_EQ(tessaview::ReadBacklight(), 255U);
 }
 
 }  // namespace

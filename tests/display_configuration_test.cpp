@@ -1,9 +1,9 @@
-// Reading and changing the display configuration: rotation of paths, projection, virtual monitors, resolution.
+// Reading and changing the display configuration: rotation of paths, projection, virtual monitors.
 
 #include <gtest/gtest.h>
 
-#include "display/panel_resolution.h"
-#include "display/panel_search.h"
+#include <array>
+
 #include "display/path_rotation.h"
 #include "display/projection_mode.h"
 #include "display/virtual_monitor.h"
@@ -124,44 +124,40 @@ TEST(PathRotation, ChangesNothingWithoutAPathToChange) {
 // ---- Projection ----
 
 TEST(ProjectionMode, IsOneOfFourOrNone) {
+  using Flags = std::array<bool, 4>;
   struct Case {
     Topology topology;
-    bool internal, clone, extend, external;
+    Flags flags;  // internal, clone, extend, external
     Texts lines;
   };
   const Case cases[] = {
-      {Topology::Internal, true, false, false, false, {L"Win + P = INTERNAL Mode (PC screen only) \n"}},
-      {Topology::Clone, false, true, false, false, {L"Win + P = CLONE Mode (Duplicate) \n"}},
-      {Topology::Extend, false, false, true, false, {L"Win + P = EXTEND Mode (Extend) \n"}},
-      {Topology::External, false, false, false, true, {L"Win + P = EXTERNAL Mode (Second screen only) \n"}},
-      {Topology::None, false, false, false, false, {}},
-      {static_cast<Topology>(16), false, false, false, false, {}},
+      {Topology::Internal, {true}, {L"Win + P = INTERNAL Mode (PC screen only) \n"}},
+      {Topology::Clone, {false, true}, {L"Win + P = CLONE Mode (Duplicate) \n"}},
+      {Topology::Extend, {false, false, true}, {L"Win + P = EXTEND Mode (Extend) \n"}},
+      {Topology::External, {false, false, false, true}, {L"Win + P = EXTERNAL Mode (Second screen only) \n"}},
+      {Topology::None, {}, {}},
+      {static_cast<Topology>(16), {}, {}}};
+  const auto query = [] {
+    tessaview::QueryWinPMode();
+    return Flags{tessaview::isInternalMode.get(), tessaview::isCloneMode.get(), tessaview::isExtendMode.get(),
+                 tessaview::isExternalMode.get()};
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(static_cast<int>(c.topology));
-    Laptop laptop;
-    for (const auto before : {Topology::Internal, Topology::Clone, Topology::Extend, Topology::External}) {
-      laptop.displays.topology = before;
-      tessaview::QueryWinPMode();
+  Laptop laptop;
+  for (const auto& before : cases) {
+    for (const auto& c : cases) {
+      SCOPED_TRACE(static_cast<int>(c.topology));
+      laptop.displays.topology = before.topology;
+      query();
       laptop.trace.Clear();
       laptop.displays.topology = c.topology;
-      tessaview::QueryWinPMode();
-      EXPECT_EQ(tessaview::isInternalMode.get(), c.internal);
-      EXPECT_EQ(tessaview::isCloneMode.get(), c.clone);
-      EXPECT_EQ(tessaview::isExtendMode.get(), c.extend);
-      EXPECT_EQ(tessaview::isExternalMode.get(), c.external);
+      EXPECT_EQ(query(), c.flags);
       EXPECT_EQ(laptop.trace.Lines(), c.lines);
     }
   }
-}
-
-TEST(ProjectionMode, IsNoneWhenItCannotBeRead) {
-  Laptop laptop;
-  tessaview::QueryWinPMode();
-  EXPECT_TRUE(tessaview::isExtendMode.get());
+  laptop.displays.topology = Topology::Extend;
+  query();
   laptop.faults.Fail<&os::QueryDisplayConfiguration>();
-  tessaview::QueryWinPMode();
-  EXPECT_FALSE(tessaview::isExtendMode.get());
+  EXPECT_EQ(query(), Flags{}) << "none when it cannot be read";
 }
 
 // ---- Virtual monitors ----
@@ -189,56 +185,9 @@ TEST(VirtualMonitor, HasNoPathOrOneOfTheOldKind) {
       lines.push_back(L"[CheckVirtualMonitor] monitor device path=" + c.paths[i] + L"\n");
     }
     EXPECT_EQ(laptop.trace.Lines(), lines);
+    laptop.faults.Fail<&os::WallpaperMonitorPaths>();
+    EXPECT_FALSE(CheckVirtualMonitor()) << "without the wallpaper object";
   }
-}
-
-TEST(VirtualMonitor, IsNotThereWithoutTheWallpaperObject) {
-  Laptop laptop;
-  laptop.faults.Fail<&os::WallpaperMonitorPaths>();
-  EXPECT_FALSE(CheckVirtualMonitor());
-}
-
-// ---- Resolution ----
-
-TEST(PanelResolution, IsWrittenIntoTheCurrentMode) {
-  struct Case {
-    std::uint32_t orientation;
-    std::int32_t width, height;
-    std::uint32_t setWidth, setHeight;
-  };
-  for (const auto& c : {Case{3, 960, 258, 960, 258},
-                        {0, 257, 960, 257, 960},
-                        {3, 0, 0, 515, 1920},  // exchanged while turned by a quarter
-                        {1, 0, 0, 515, 1920},
-                        {0, 0, 0, 515, 1920},
-                        {2, 0, 0, 515, 1920},
-                        {3, 960, 0, 960, 0}}) {
-    SCOPED_TRACE(c.orientation);
-    Laptop laptop;
-    laptop.displays.cPanel().Rotate(c.orientation);
-    tessaview::EnumDisplayDevice();
-    tessaview::SetCPanelResolution(c.width, c.height);
-    ASSERT_EQ(laptop.displays.SettingsChanges().size(), 1U);
-    const auto& change = laptop.displays.SettingsChanges()[0];
-    EXPECT_EQ(change.gdiName, L"\\\\.\\DISPLAY2");
-    EXPECT_EQ(change.settings.width, c.setWidth);
-    EXPECT_EQ(change.settings.height, c.setHeight);
-    EXPECT_EQ(change.settings.orientation, c.orientation);
-    EXPECT_EQ(change.flags, 9U);
-  }
-}
-
-TEST(PanelResolution, NeedsAPanelWithReadableSettings) {
-  Laptop laptop;
-  tessaview::EnumDisplayDevice();
-  laptop.faults.Fail<&os::CurrentDisplaySettings>();
-  tessaview::SetCPanelResolution(960, 258);
-  laptop.faults.ClearAll();
-  laptop.displays.cPanel().Unplug();
-  tessaview::EnumDisplayDevice();
-  tessaview::SetCPanelResolution(960, 258);
-  EXPECT_TRUE(laptop.displays.SettingsChanges().empty());
-  EXPECT_EQ(laptop.trace.Count(L"Set Resolution = 960 * 258 \n"), 2U);
 }
 
 }  // namespace

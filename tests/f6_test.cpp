@@ -13,7 +13,7 @@ using sim::KernelObjects;
 using sim::Laptop;
 using support::ForgetTheStory;
 using support::LogsInOrder;
-using support::TimesTold;
+using support::RunningLaptop;
 using Texts = std::vector<std::wstring>;
 using Words = std::vector<std::uint32_t>;
 
@@ -65,10 +65,8 @@ TEST(F6, ASequenceEndsInTheModeItsPressesLeadTo) {
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::PrintToString(c.saved));
     SCOPED_TRACE(c.presses);
-    Laptop laptop({.saved = c.saved});
-    laptop.Boot();
+    RunningLaptop laptop({.saved = c.saved});
     laptop.hotKey.TouchPadStatus(3, c.padEnabled ? 1 : 0);
-    const auto usageBefore = laptop.trace.Usage().size();
     laptop.hotKey.PressF6(c.presses);
     laptop.trace.Clear();
     laptop.hotKey.EndF6(kOther);
@@ -78,14 +76,13 @@ TEST(F6, ASequenceEndsInTheModeItsPressesLeadTo) {
       if (line.starts_with(L"-----") && line.find(L"ACPINOTIFICATION") == std::wstring::npos) lines.push_back(line);
     }
     EXPECT_EQ(lines, c.startLine ? (Texts{c.startLine, c.outcome.line}) : Texts{c.outcome.line});
-    EXPECT_EQ(laptop.trace.Usage(), Texts{c.outcome.usage}) << usageBefore;
+    EXPECT_EQ(laptop.trace.Usage(), Texts{c.outcome.usage});
     EXPECT_EQ(laptop.settings.Text(L"Tessaview"), c.saved) << "the component wanted nothing of the panel";
   }
 }
 
 TEST(F6, ASequenceIsJudgedByTheChoiceAtItsFirstPress) {
-  Laptop laptop({.saved = L"On"});
-  laptop.Boot();
+  RunningLaptop laptop;
   laptop.hotKey.TouchPadStatus(3, 1);
   laptop.hotKey.PressF6();
   laptop.settings.Set(L"Tessaview", L"Off");
@@ -110,7 +107,6 @@ TEST(F6, ASequenceIsJudgedByTheChoiceAtItsFirstPress) {
 class F6Off : public testing::Test {
  protected:
   F6Off() {
-    laptop.Boot();
     laptop.hotKey.TouchPadStatus(3, 1);
     laptop.events.Signal(KernelObjects::kPowerEvent);
     laptop.events.Signal(KernelObjects::kSwitchingEvent);
@@ -121,7 +117,7 @@ class F6Off : public testing::Test {
     laptop.hotKey.EndF6(action);
   }
 
-  Laptop laptop{{.saved = L"On", .uiRunning = true}};
+  RunningLaptop laptop{{.saved = L"On", .uiRunning = true}};
 };
 
 TEST_F(F6Off, SwitchesThePanelOffEverywhere) {

@@ -11,16 +11,14 @@
 namespace {
 
 using sim::Firmware;
-using sim::Laptop;
 using support::ForgetTheStory;
 using support::LogsInOrder;
+using support::RunningLaptop;
 using Texts = std::vector<std::wstring>;
 using Words = std::vector<std::uint32_t>;
 
 TEST(FlipState, FoldedOverThePanelIsNotShownYetTheChoiceStays) {
-  Laptop laptop({.saved = L"On", .uiRunning = true});
-  laptop.Boot();
-  ForgetTheStory(laptop);
+  RunningLaptop laptop({.saved = L"On", .uiRunning = true});
   laptop.firmware.Flip(true);
   laptop.hotKey.FlipChanged();
 
@@ -43,8 +41,7 @@ TEST(FlipState, BackAsANotebookThePanelIsAsTheUserChose) {
   const Case cases[] = {{L"On", {L"POWERON"}, {}}, {L"Off", {L"POWEROFF"}, {0}}, {L"neither", {}, {}}};
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::PrintToString(c.saved));
-    Laptop laptop({.uiRunning = true});
-    laptop.Boot();
+    RunningLaptop laptop({.uiRunning = true});
     laptop.firmware.Flip(true);
     laptop.hotKey.FlipChanged();
     laptop.settings.Set(L"Tessaview", c.saved);
@@ -59,9 +56,7 @@ TEST(FlipState, BackAsANotebookThePanelIsAsTheUserChose) {
 }
 
 TEST(FlipState, IsKnownFromTheFirstReadingThatSucceeds) {
-  Laptop laptop({.uiRunning = true});
-  laptop.Boot();
-  ForgetTheStory(laptop);
+  RunningLaptop laptop({.uiRunning = true});
   laptop.firmware.Flip(true);
   laptop.firmware.driverInstalled = false;
   laptop.hotKey.FlipChanged();

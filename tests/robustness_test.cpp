@@ -7,96 +7,11 @@
 #include <random>
 #include <set>
 
-#include "os/device_io.h"
-#include "os/displays.h"
-#include "os/files.h"
-#include "os/kernel_objects.h"
-#include "os/messages.h"
-#include "os/registry.h"
-#include "os/services.h"
-#include "os/settings_store.h"
-#include "os/threads.h"
 #include "sim/laptop.h"
+#include "tests/spoilt_doors.h"
 #include "tests/support.h"
 
 namespace {
-
-/// One door function that can be spoilt.
-struct Door {
-  void (*fail)(sim::Faults&, const sim::Failure&);
-  void (*slow)(sim::Faults&, std::uint32_t ms);
-  void (*shorten)(sim::Faults&, std::size_t size);
-};
-
-template <auto Function>
-constexpr Door kDoor{[](sim::Faults& faults, const sim::Failure& failure) { faults.Fail<Function>(failure); },
-                     [](sim::Faults& faults, std::uint32_t ms) { faults.Slow<Function>(ms); },
-                     [](sim::Faults& faults, std::size_t size) { faults.Short<Function>(size); }};
-
-// Not among them: what the window itself hangs on, reading the settings (what cannot be read is replaced by its
-// default), and starting a program, whose refusal leaves two handles open on purpose.
-constexpr Door kDoors[] = {
-    kDoor<&os::OpenDevice>,
-    kDoor<&os::Control>,
-    kDoor<&os::WriteFirmwareVariable>,
-    kDoor<&os::QueryDisplayConfiguration>,
-    kDoor<&os::SourceGdiName>,
-    kDoor<&os::QueryTargetName>,
-    kDoor<&os::DesktopMonitors>,
-    kDoor<&os::MonitorDpi>,
-    kDoor<&os::DisplayDeviceName>,
-    kDoor<&os::CurrentDisplaySettings>,
-    kDoor<&os::ChangeDisplaySettings>,
-    kDoor<&os::ForegroundWindow>,
-    kDoor<&os::WindowClassName>,
-    kDoor<&os::FindTopWindow>,
-    kDoor<&os::WindowProcessId>,
-    kDoor<&os::HidInterfaces>,
-    kDoor<&os::OpenHid>,
-    kDoor<&os::QueryHidAttributes>,
-    kDoor<&os::QueryHidCapabilities>,
-    kDoor<&os::HidInputValues>,
-    kDoor<&os::HidOutputValues>,
-    kDoor<&os::WriteHidReport>,
-    kDoor<&os::RawInputDeviceCount>,
-    kDoor<&os::RawInputDevices>,
-    kDoor<&os::RawDevicePath>,
-    kDoor<&os::RegisterRawInput>,
-    kDoor<&os::OpenHidNodes>,
-    kDoor<&os::FirstHardwareIds>,
-    kDoor<&os::EnableHidNode>,
-    kDoor<&os::IsSetupComplete>,
-    kDoor<&os::WaitForSetup>,
-    kDoor<&os::Sessions>,
-    kDoor<&os::SessionUserToken>,
-    kDoor<&os::CreateEnvironment>,
-    kDoor<&os::WaitForProcess>,
-    kDoor<&os::ProcessExitCode>,
-    kDoor<&os::ProcessImagePath>,
-    kDoor<&os::JoinCom>,
-    kDoor<&os::CreateActivationManager>,
-    kDoor<&os::ActivateApplication>,
-    kDoor<&os::ReadRegistryText>,
-    kDoor<&os::WriteRegistryText>,
-    kDoor<&os::RegisterPowerSetting>,
-    kDoor<&os::RegisterSessionEvents>,
-    kDoor<&os::StartTimer>,
-    kDoor<&os::QueryPowerStatus>,
-    kDoor<&os::ServiceState>,
-    kDoor<&os::OpenNamedEvent>,
-    kDoor<&os::CreateNamedMutex>,
-    kDoor<&os::PostToWindow>,
-    kDoor<&os::SendCopyData>,
-    kDoor<&os::SendCopyDataTimeout>,
-    kDoor<&os::WriteProfileText>,
-    kDoor<&os::StartThread>,
-    kDoor<&os::ReadFileVersion>,
-    kDoor<&os::OwnProgramPath>,
-    kDoor<&os::OverwriteByCopy>,
-    kDoor<&os::Impersonate>,
-    kDoor<&os::OwnToken>,
-    kDoor<&os::EnablePrivilege>,
-};
 
 constexpr const wchar_t* kCommands[] = {L"BLSET",           L"BLGET",           L"GETPROCESSNAME", L"POWERSAVERON",
                                         L"POWERSAVEROFF",   L"GETFREQUENCY",    L"SETFREQUENCY",   L"DIED",
@@ -122,7 +37,7 @@ class RandomLife {
 
   void SpoilDoors() {
     for (auto doors = Pick(5); doors > 0; --doors) {
-      const auto& door = kDoors[Pick(std::size(kDoors))];
+      const auto& door = support::kDoors[Pick(std::size(support::kDoors))];
       const auto times = Pick(3) == 0 ? std::nullopt : std::optional(1 + Pick(4));
       switch (Pick(4)) {
         case 0:
@@ -302,14 +217,15 @@ class RandomLife {
 class Robustness : public testing::TestWithParam<std::uint32_t> {};
 
 TEST_P(Robustness, SurvivesFaultsAndNoiseAndKeepsTheUsersChoices) {
-  constexpr int kEvents = 40;
+  constexpr int kEvents = 40, kEventsWhileStarting = 4;
   for (auto seed = GetParam(); seed < GetParam() + 10; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     RandomLife life(seed);
     life.SpoilDoors();
-    life.laptop.Boot();
+    const bool started = life.laptop.Boot();  // it may wait for the touch pad or the desktop
     life.ExpectChoicesKept();
     for (int i = 0; i < kEvents; ++i) {
+      if (!started && i == kEventsWhileStarting) life.Heal();
       if (i == kEvents / 2) life.SpoilDoors();
       life.OneEvent();
     }

@@ -86,17 +86,17 @@ TEST(SettingsFile, IsRepairedAtEachStart) {
     const wchar_t *key, *stored, *repaired;
   };
   const Case cases[] = {
-      {L"Backlight", L"9", L"116"},        {L"Backlight", L"10", L"10"},      {L"Backlight", L"255", L"255"},
-      {L"Backlight", L"256", L"116"},      {L"Backlight", L"0", L"116"},      {L"Backlight", L"-1", L"116"},
-      {L"Backlight", L"bright", L"116"},   {L"Backlight", L"", L"116"},       {L"Backlight", L"10 %", L"10 %"},
-      {L"BacklightDC", L"9", L"116"},      {L"BacklightDC", L"10", L"10"},    {L"BacklightDC", L"255", L"255"},
-      {L"BacklightDC", L"256", L"116"},    {L"BacklightDC", L"", L"116"},     {L"BacklightDC", L"dim", L"116"},
-      {L"Tessaview", L"On", L"On"},        {L"Tessaview", L"Off", L"Off"},    {L"Tessaview", L"on", L"On"},
-      {L"Tessaview", L"OFF", L"On"},       {L"Tessaview", L"Offf", L"On"},    {L"Tessaview", L"", L"On"},
-      {L"PowerSaving", L"0", L"0"},        {L"PowerSaving", L"1", L"1"},      {L"PowerSaving", L"2", L"1"},
-      {L"PowerSaving", L"-1", L"1"},       {L"PowerSaving", L"", L"1"},       {L"Mode", L"Touch", L"Touch"},
-      {L"Mode", L"Cursor", L"Cursor"},     {L"Mode", L"touch", L"Cursor"},    {L"Mode", L"Cursor ?", L"Cursor"},
-      {L"Mode", L"", L"Cursor"},           {L"PowerSaving", L"yes", L"yes"},  // reads as 0, which is in range
+      {L"Backlight", L"9", L"116"},      {L"Backlight", L"10", L"10"},     {L"Backlight", L"255", L"255"},
+      {L"Backlight", L"256", L"116"},    {L"Backlight", L"0", L"116"},     {L"Backlight", L"-1", L"116"},
+      {L"Backlight", L"bright", L"116"}, {L"Backlight", L"", L"116"},      {L"Backlight", L"10 %", L"10 %"},
+      {L"BacklightDC", L"9", L"116"},    {L"BacklightDC", L"10", L"10"},   {L"BacklightDC", L"255", L"255"},
+      {L"BacklightDC", L"256", L"116"},  {L"BacklightDC", L"", L"116"},    {L"BacklightDC", L"dim", L"116"},
+      {L"Tessaview", L"On", L"On"},      {L"Tessaview", L"Off", L"Off"},   {L"Tessaview", L"on", L"On"},
+      {L"Tessaview", L"OFF", L"On"},     {L"Tessaview", L"Offf", L"On"},   {L"Tessaview", L"", L"On"},
+      {L"PowerSaving", L"0", L"0"},      {L"PowerSaving", L"1", L"1"},     {L"PowerSaving", L"2", L"1"},
+      {L"PowerSaving", L"-1", L"1"},     {L"PowerSaving", L"", L"1"},      {L"Mode", L"Touch", L"Touch"},
+      {L"Mode", L"Cursor", L"Cursor"},   {L"Mode", L"touch", L"Cursor"},   {L"Mode", L"Cursor ?", L"Cursor"},
+      {L"Mode", L"", L"Cursor"},         {L"PowerSaving", L"yes", L"yes"},  // reads as 0, which is in range
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(std::wstring(c.key) + L"=" + c.stored);
@@ -115,8 +115,9 @@ TEST(SettingsFile, MissingKeysAreAddedInTheOrderOfRepair) {
   Laptop laptop;
   laptop.files.AddTextFile(kPath, L"; kept\r\n[PowerStatus]\r\nOther=1\r\n");
   laptop.Boot();
-  EXPECT_EQ(laptop.files.Text(kPath), L"; kept\r\n[PowerStatus]\r\nOther=1\r\nBacklight=116\r\nBacklightDC=116\r\n"
-                                      L"Tessaview=On\r\nPowerSaving=1\r\nMode=Cursor\r\n");
+  EXPECT_EQ(laptop.files.Text(kPath),
+            L"; kept\r\n[PowerStatus]\r\nOther=1\r\nBacklight=116\r\nBacklightDC=116\r\n"
+            L"Tessaview=On\r\nPowerSaving=1\r\nMode=Cursor\r\n");
 }
 
 // ---- Without a file ----
@@ -132,7 +133,8 @@ TEST(SettingsFile, WithoutAPlaceForItReadsGiveDefaultsAndWritesAreLost) {
   EXPECT_EQ(gSettings.get().UserBacklightValue, 116u);
   EXPECT_EQ(gSettings.get().UserBacklightValueDC, 116u);
   EXPECT_EQ(gSettings.get().PowerSaving, 1u);
-  for (const auto* line : {L" ini File already exist \n", L" Create ini file success \n", L" Create ini file fail \n"}) {
+  for (const auto* line :
+       {L" ini File already exist \n", L" Create ini file success \n", L" Create ini file fail \n"}) {
     EXPECT_FALSE(laptop.trace.Contains(line));
   }
   EXPECT_TRUE(laptop.trace.Contains(L" ******* Tessaview ini Setting (End) ******* \n"));
@@ -140,7 +142,8 @@ TEST(SettingsFile, WithoutAPlaceForItReadsGiveDefaultsAndWritesAreLost) {
   laptop.ui.Send(L"BLSET", {.percent = 50});
   EXPECT_EQ(gSettings.get().UserBacklightValue, 127u) << "in memory the choice counts all the same";
   EXPECT_EQ(laptop.settings.Text(L"Backlight"), L"200") << "a file that was not named is not touched";
-  EXPECT_EQ(laptop.faults.Calls<&os::WriteProfileText>(), 0u) << "without a path the system would write a file of its own";
+  EXPECT_EQ(laptop.faults.Calls<&os::WriteProfileText>(), 0u)
+      << "without a path the system would write a file of its own";
 }
 
 TEST(SettingsFile, AFileThatCannotBeMadeLeavesTheDefaultsInForce) {

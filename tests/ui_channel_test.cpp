@@ -114,9 +114,9 @@ TEST(UiChannel, ABusyUiIsWaitedForAsLongAsTheSenderMay) {
     std::uint32_t busyMs, returnsAfterMs;
     bool taken;
   };
-  for (const auto& c : {Case{kSenders[0], 60, 60, true}, Case{kSenders[0], 45'000, 45'000, true},
-                        Case{kSenders[1], 60, 60, true}, Case{kSenders[1], 101, 100, false},
-                        Case{kSenders[1], 45'000, 100, false}}) {
+  for (const auto& c :
+       {Case{kSenders[0], 60, 60, true}, Case{kSenders[0], 45'000, 45'000, true}, Case{kSenders[1], 60, 60, true},
+        Case{kSenders[1], 101, 100, false}, Case{kSenders[1], 45'000, 100, false}}) {
     SCOPED_TRACE(testing::Message() << c.sender.name << ", busy for " << c.busyMs << " ms");
     Laptop laptop({.uiRunning = true});
     const auto start = laptop.NowMs();
@@ -156,7 +156,7 @@ TEST(UiChannel, AUiThatDiesWhileItIsWaitedForLetsTheSenderGo) {
   EXPECT_TRUE(blocked.returnedAt);
 }
 
-TEST(UiChannel, OnlyTheAnswerToAVersionGetsPastAHungUi) {
+TEST(UiChannel, AHungUiHoldsTheControllerUpUnlessItOnlyAskedForTheVersion) {
   RunningLaptop laptop;
   laptop.ui.Hang();
   laptop.ui.Send(L"VERSION=1.0");

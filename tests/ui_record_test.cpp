@@ -141,9 +141,11 @@ class RandomRecords {
  private:
   void WriteCommand(os::Bytes& record) {
     static constexpr std::wstring_view kCommands[] = {
-        L"BLSET",  L"BLGET", L"GETPROCESSNAME",  L"POWERSAVERON",  L"POWERSAVEROFF", L"GETFREQUENCY", L"SETFREQUENCY",
-        L"DIED",   L"ALIVE", L"CLOSEQUICKGUIDE", L"SETRESOLUTION", L"SETTOUCHPAD",   L"VERSION=",     L"BLOCKACTIONMENU",
-        L"VIEWUP", L"",      L"COPYWALLPAPER"};
+        L"BLSET",         L"BLGET",           L"GETPROCESSNAME", L"POWERSAVERON",
+        L"POWERSAVEROFF", L"GETFREQUENCY",    L"SETFREQUENCY",   L"DIED",
+        L"ALIVE",         L"CLOSEQUICKGUIDE", L"SETRESOLUTION",  L"SETTOUCHPAD",
+        L"VERSION=",      L"BLOCKACTIONMENU", L"VIEWUP",         L"",
+        L"COPYWALLPAPER"};
     std::size_t at = 0;
     for (const auto character : kCommands[Below(std::size(kCommands))]) {
       if (at + 3 >= record.size()) return;

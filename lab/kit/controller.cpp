@@ -7,13 +7,13 @@
 namespace lab {
 namespace {
 
-constexpr UINT kReadyMs = 30000;
+constexpr UINT kAnswerMs = 30000;
 constexpr WORD kExitCommand = 105;
 
 /// Sends a message and waits until it is handled; false when it was not in time.
 bool Deliver(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   DWORD_PTR result = 0;
-  return SendMessageTimeoutW(window, message, wParam, lParam, SMTO_NORMAL, kReadyMs, &result) != 0;
+  return SendMessageTimeoutW(window, message, wParam, lParam, SMTO_NORMAL, kAnswerMs, &result) != 0;
 }
 
 }  // namespace
@@ -24,14 +24,6 @@ bool Controller::Start() {
   return static_cast<bool>(process_);
 }
 
-bool Controller::WaitUntilReady() const {
-  if (!Eventually([this] { return Window() != nullptr || !IsRunning(); }, std::chrono::seconds(30))) return false;
-  // A message sent during start-up may be served in the middle of it, while the controller itself waits for another
-  // program; one that was posted is served by the message loop alone. The answer comes when both have been.
-  PostMessageW(Window(), WM_NULL, 0, 0);
-  return Eventually([] { return Deliver(Window(), WM_NULL, 0, 0); }, std::chrono::seconds(30));
-}
-
 HWND Controller::Window() {
   return FindWindowW(L"TESSAVIEWSERVICE", L"TessaviewServiceTitle");
 }
@@ -39,6 +31,12 @@ HWND Controller::Window() {
 void Controller::PostHotKey(HotKey key, LPARAM lParam) {
   static const UINT message = RegisterWindowMessageW(L"ACPI Notification through ZRVHotkey from BIOS");
   PostMessageW(Window(), message, static_cast<WPARAM>(key), lParam);
+}
+
+void Controller::PostTouchPadStatus(bool enabled) {
+  static const UINT message = RegisterWindowMessageW(L"Touchpad status reported from ZRVHotkey");
+  constexpr WPARAM kStatusReport = 3;
+  PostMessageW(Window(), message, kStatusReport, enabled ? 1 : 0);
 }
 
 bool Controller::NotifyPowerSetting(const GUID& setting, std::uint32_t value) const {

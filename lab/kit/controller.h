@@ -16,17 +16,17 @@ enum class HotKey : WPARAM { F6Pressed = 0x6B, F6Ended = 0xF9, FlipChanged = 0xF
 /// The program under test: the controller's own TessaviewService.exe, unmodified, with the import patch.
 class Controller {
  public:
-  /// Starts it from its folder. It is told to have begun long before it serves messages: see WaitUntilReady.
+  /// Starts it from its folder. It serves messages only seconds later: see Laptop::WaitForController.
   bool Start();
-
-  /// Waits until its window exists and its message loop answers.
-  [[nodiscard]] bool WaitUntilReady() const;
 
   /// Its hidden window; null when there is none.
   [[nodiscard]] static HWND Window();
 
   /// Posts a notification of the hot-key component.
   static void PostHotKey(HotKey key, LPARAM lParam = 0);
+
+  /// Posts the hot-key component's report whether the touch pad is enabled.
+  static void PostTouchPadStatus(bool enabled);
 
   /// Delivers a power setting's new value, as Windows does (WM_POWERBROADCAST, PBT_POWERSETTINGCHANGE), and waits until
   /// it is handled. Wine takes the registrations and never notifies.

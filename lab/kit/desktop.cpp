@@ -27,7 +27,7 @@ void Paint(HWND window) {
   FillRect(to, &area, background);
   DeleteObject(background);
   const HFONT font = CreateFontW(-20, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                                 CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, DEFAULT_PITCH, L"Tahoma");
+                                 CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, FIXED_PITCH | FF_MODERN, L"Courier New");
   const HGDIOBJ before = SelectObject(to, font);
   SetBkMode(to, TRANSPARENT);
   int y = 20;

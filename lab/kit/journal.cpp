@@ -33,6 +33,16 @@ bool Journal::WaitFor(const std::wstring& text, std::size_t mark, std::chrono::m
   return added_.wait_for(lock, patience, [&] { return HasLine(text, mark); });
 }
 
+void Journal::WaitUntilQuiet(std::chrono::milliseconds pause) const {
+  const auto end = std::chrono::steady_clock::now() + kPatience;
+  std::unique_lock lock(mutex_);
+  std::size_t before = lines_.size();
+  while (added_.wait_for(lock, pause, [&] { return lines_.size() != before; })) {
+    if (std::chrono::steady_clock::now() >= end) return;
+    before = lines_.size();
+  }
+}
+
 bool Eventually(const std::function<bool()>& condition, std::chrono::milliseconds patience) {
   const auto end = std::chrono::steady_clock::now() + patience;
   while (!condition()) {

@@ -31,6 +31,9 @@ class Journal {
   [[nodiscard]] bool WaitFor(const std::wstring& text, std::size_t mark = 0,
                              std::chrono::milliseconds patience = kPatience) const;
 
+  /// Waits until no line has come for `pause`, at most kPatience.
+  void WaitUntilQuiet(std::chrono::milliseconds pause) const;
+
  private:
   [[nodiscard]] bool HasLine(const std::wstring& text, std::size_t mark) const;
 

@@ -63,6 +63,16 @@ bool Laptop::Boot() {
   return has(serves, L"application activation");
 }
 
+bool Laptop::WaitForController() {
+  constexpr std::chrono::seconds kStartUp{30};
+  if (!Eventually([this] { return Controller::Window() != nullptr || !controller.IsRunning(); }, kStartUp))
+    return false;
+  // A sent message may be served in the middle of start-up; a posted one comes in turn. This one is logged, no more.
+  const auto mark = trace.Mark();
+  PostMessageW(Controller::Window(), WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
+  return trace.WaitFor(L"PBT_APMPOWERSTATUSCHANGE", mark, kStartUp);
+}
+
 void Laptop::SortIn(const std::wstring& line) {
   std::wstring rest;
   if (Unwrap(line, L"trace ", rest)) trace.Add(rest);

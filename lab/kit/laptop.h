@@ -26,6 +26,10 @@ class Laptop {
   /// one is told to the listener.
   bool Boot();
 
+  /// Waits until the controller's message loop has served everything posted to it so far; false when it does not, or
+  /// there is no window, within 30 seconds.
+  bool WaitForController();
+
   FirmwareDriver firmware;
   TouchController touch;
   StandInUi ui;

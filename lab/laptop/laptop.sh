@@ -111,14 +111,8 @@ laptop_boot() {
   # In the foreground, and for 600 seconds after the last program: a server that came and went would unload the drivers.
   "$LAPTOP_WINESERVER" -f -p600 >"$laptop_state/logs/wineserver.log" 2>&1 {laptop_lock}>&- &
   laptop_wine_pid=$!
-  laptop_wait "Wine server" "$laptop_wine_pid" laptop_wine_is_up
-}
-
-# Programs find the server by a socket named after the prefix's device and inode.
-laptop_wine_is_up() {
-  local device inode
-  read -r device inode < <(stat --format='%d %i' "$WINEPREFIX")
-  [[ -S /tmp/.wine-$UID/$(printf 'server-%x-%x' "$device" "$inode")/socket ]]
+  # It works in the folder of the socket that programs find it by.
+  laptop_wait "Wine server" "$laptop_wine_pid" test -S "/proc/$laptop_wine_pid/cwd/socket"
 }
 
 # laptop_install LAB CONTROLLER: the lab's programs and drivers, and the controller with the package check beside it.

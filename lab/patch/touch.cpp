@@ -21,6 +21,11 @@ std::wstring FirstHardwareId(HDEVINFO list, SP_DEVINFO_DATA* node) {
   return read ? std::wstring(ids.data()) : std::wstring();
 }
 
+/// An instance path without its last part, the instance: "HID\VEN_GDX&DEV_1515&Col06".
+std::wstring WithoutInstance(const std::wstring& id) {
+  return id.substr(0, id.rfind(L'\\'));
+}
+
 /// Wine lists a HID node's instance path before its hardware ids; Windows lists the ids alone.
 BOOL WINAPI HardwareIdsWithoutInstance(HDEVINFO list, PSP_DEVINFO_DATA node, DWORD property, PDWORD type, PBYTE buffer,
                                        DWORD size, PDWORD required) {
@@ -54,7 +59,7 @@ BOOL WINAPI ChangeByPlug(DI_FUNCTION function, HDEVINFO list, PSP_DEVINFO_DATA n
   const std::wstring id = FirstHardwareId(list, node);
   const TouchDevice which = id.find(L"&Col05") != std::wstring::npos ? kTouchPad : kTouchScreen;
   const bool enable = wantedState == DICS_ENABLE;
-  Report(L"patch " + std::wstring(enable ? L"enable " : L"disable ") + id);
+  Report(L"patch " + std::wstring(enable ? L"enable " : L"disable ") + WithoutInstance(id));
   TouchController controller;
   if (!enable || (controller.Unplug(which) && controller.Plug(which))) return TRUE;
   SetLastError(ERROR_GEN_FAILURE);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <optional>
 #include <string>
 
 #include "ui/ui_message.h"
@@ -17,14 +18,15 @@ class Talk {
   /// A touch report came from the controller.
   std::wstring Touched(const unsigned char* report, std::size_t size);
 
-  [[nodiscard]] bool panelOn() const { return panelOn_; }
+  /// Whether the panel is on; empty until the controller has told.
+  [[nodiscard]] std::optional<bool> panelOn() const { return panelOn_; }
   [[nodiscard]] const std::wstring& lastReceived() const { return lastReceived_; }
   [[nodiscard]] const std::deque<std::wstring>& lines() const { return lines_; }
 
  private:
   void Keep(std::wstring line);
 
-  bool panelOn_ = false;
+  std::optional<bool> panelOn_;
   std::wstring lastReceived_;
   std::deque<std::wstring> lines_;  // newest last
 };

@@ -38,16 +38,18 @@ void DrawLine(HDC to, const std::wstring& text, RECT area, int height, COLORREF 
 void Paint(HWND window) {
   PAINTSTRUCT paint{};
   const HDC to = BeginPaint(window, &paint);
+  const bool off = talk.panelOn() == false;
+  const wchar_t* title = !talk.panelOn() ? L"Tessaview" : off ? L"C panel off" : L"C panel on";
   RECT all{};
   GetClientRect(window, &all);
-  const HBRUSH background = CreateSolidBrush(talk.panelOn() ? RGB(18, 70, 110) : RGB(24, 24, 24));
+  const HBRUSH background = CreateSolidBrush(off ? RGB(24, 24, 24) : RGB(18, 70, 110));
   FillRect(to, &all, background);
   DeleteObject(background);
   SetBkMode(to, TRANSPARENT);
 
-  const COLORREF bright = talk.panelOn() ? RGB(255, 255, 255) : RGB(130, 130, 130);
+  const COLORREF bright = off ? RGB(130, 130, 130) : RGB(255, 255, 255);
   const LONG middle = all.right / 2;
-  DrawLine(to, talk.panelOn() ? L"C panel on" : L"C panel off", {40, 30, middle, 170}, 110, bright, DT_LEFT);
+  DrawLine(to, title, {40, 30, middle, 170}, 110, bright, DT_LEFT);
   DrawLine(to, L"last told", {40, 230, middle, 290}, 36, RGB(150, 180, 200), DT_LEFT);
   DrawLine(to, talk.lastReceived(), {40, 290, middle, 420}, 84, bright, DT_LEFT);
   constexpr LONG kLineHeight = 52;

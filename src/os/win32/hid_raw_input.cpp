@@ -33,7 +33,7 @@ Result<std::vector<RawDevice>> RawInputDevices(std::uint32_t count) try {
 }
 
 std::wstring RawDevicePath(RawDevice device) {
-  const auto native = win32::ToNative<HANDLE>(device);
+  auto* const native = win32::ToNative<HANDLE>(device);
   UINT size = 0;  // in characters, its NUL included
   if (GetRawInputDeviceInfoW(native, RIDI_DEVICENAME, nullptr, &size) == kFailed) return {};
   std::vector<wchar_t> path(size);

@@ -13,7 +13,8 @@ static_assert(IDD_ABOUT == tessaview::kAboutDialog);
 static_assert(IDM_ABOUT == tessaview::kAboutCommand && IDM_EXIT == tessaview::kExitCommand);
 
 int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, PWSTR /*commandLine*/, int /*show*/) {
-  // The program runs with system rights: no library may be planted beside it or in the current directory.
+  // The program runs with system rights: whatever is loaded from here on, COM objects among it, comes from the system
+  // folder or by its full path, never from beside the program or the current directory.
   SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
   return tessaview::RunController();
 }

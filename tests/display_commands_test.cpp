@@ -1,0 +1,166 @@
+#include <gtest/gtest.h>
+
+#include "os/device_io.h"
+#include "os/displays.h"
+#include "os/processes.h"
+#include "tests/support.h"
+
+namespace {
+
+using sim::Firmware;
+using support::LogsInOrder;
+using support::RunningLaptop;
+using Values = std::vector<std::uint32_t>;
+
+// ---- GETFREQUENCY ----
+
+TEST(RefreshRates, AreAnsweredAsTheyAreNow) {
+  struct Case {
+    std::uint32_t bRate, cRate;
+    bool bPlugged, cPlugged;
+    os::Point answer;
+    const wchar_t* line;
+  };
+  RunningLaptop laptop;
+  for (const auto& c :
+       {Case{60, 60, true, true, {60, 60}, L"BPanelDisplayFrequency = 60 HZ, CPanelDisplayFrequency = 60 HZ \n"},
+        Case{144, 30, true, true, {144, 30}, L"BPanelDisplayFrequency = 144 HZ, CPanelDisplayFrequency = 30 HZ \n"},
+        Case{60, 60, true, false, {60, 0}, L"BPanelDisplayFrequency = 60 HZ, CPanelDisplayFrequency = 0 HZ \n"},
+        Case{60, 48, false, true, {0, 48}, L"BPanelDisplayFrequency = 0 HZ, CPanelDisplayFrequency = 48 HZ \n"},
+        Case{60, 60, false, false, {0, 0}, L"BPanelDisplayFrequency = 0 HZ, CPanelDisplayFrequency = 0 HZ \n"}}) {
+    SCOPED_TRACE(c.line);
+    support::ForgetTheStory(laptop);
+    auto& displays = laptop.displays;
+    displays.bPanel().frequency = c.bRate;
+    displays.cPanel().frequency = c.cRate;
+    displays.bPanel().plugged = c.bPlugged;
+    displays.cPanel().plugged = c.cPlugged;
+    laptop.ui.Send(L"GETFREQUENCY");
+    const auto answers = laptop.ui.ReceivedTexts();
+    ASSERT_EQ(answers.size(), 1u);
+    EXPECT_EQ(answers[0].text, L"SETFREQUENCY");
+    EXPECT_EQ(answers[0].point, c.answer);
+    EXPECT_EQ(answers[0].handle, 0u);
+    EXPECT_TRUE(laptop.trace.Contains(c.line));
+  }
+}
+
+// ---- SETFREQUENCY ----
+
+TEST(RefreshRate, ReachesTheFirmwareAndItsVariable) {
+  struct Case {
+    std::int32_t hertz;
+    std::uint32_t firmwareValue;
+    std::optional<std::uint8_t> variable;  // none: any will do
+  };
+  for (const auto& c : {Case{60, 1, 1}, Case{30, 0, 0}, Case{45, 1, {}}, Case{0, 1, {}}, Case{-30, 1, {}}}) {
+    SCOPED_TRACE(c.hertz);
+    RunningLaptop laptop;
+    laptop.ui.Send(L"SETFREQUENCY", {.percent = 30, .point = {30, c.hertz}});
+    EXPECT_EQ(laptop.firmware.Writes(Firmware::kRefreshRate), Values{c.firmwareValue});
+    const auto& variables = laptop.firmware.Variables();
+    ASSERT_EQ(variables.size(), 1u);
+    EXPECT_EQ(variables[0].name, L"VantyraFPS");
+    EXPECT_EQ(variables[0].guid, L"{F8165EB8-0081-48A9-BD1D-1741D6CC6154}");
+    ASSERT_EQ(variables[0].value.size(), 1u);
+    if (c.variable) EXPECT_EQ(variables[0].value[0], *c.variable);
+    const auto value = L"[SetFPS] SetFPS_Value = " + std::to_wstring(c.firmwareValue) + L" \n";
+    EXPECT_TRUE(LogsInOrder(laptop, {L"[SetFPS] Ready to call WMI Method \n", value.c_str(),
+                                     L"Success!! SetFirmwareEnvironmentVariable \n"}));
+    EXPECT_TRUE(laptop.ui.Received().empty());
+  }
+}
+
+TEST(RefreshRate, EndsAtTheFirstFirmwareFailure) {
+  RunningLaptop laptop;
+  laptop.faults.Fail<&os::Control>();
+  laptop.ui.Send(L"SETFREQUENCY", {.point = {0, 60}});
+  EXPECT_TRUE(LogsInOrder(laptop, {L"[SetFPS] Ready to call WMI Method \n", L"[SetFPS] WMI Method Fail \n"}));
+  EXPECT_FALSE(laptop.trace.Contains(L"[SetFPS] SetFPS_Value = 1 \n"));
+  EXPECT_TRUE(laptop.firmware.Variables().empty());
+  EXPECT_EQ(laptop.firmware.OpenHandles(), 0u);
+
+  laptop.faults.ClearAll();
+  laptop.firmware.driverInstalled = false;
+  support::ForgetTheStory(laptop);
+  laptop.ui.Send(L"SETFREQUENCY", {.point = {0, 60}});
+  EXPECT_EQ(laptop.trace.Lines(), support::Texts{L"Receivedata from UI = SETFREQUENCY \n"});
+  EXPECT_TRUE(laptop.firmware.Variables().empty());
+}
+
+TEST(RefreshRate, TheVariableIsTriedWithoutThePrivilegeToo) {
+  constexpr auto kNoToken = L"[SetFPS] Failed OpenProcessToken \n",
+                 kNoPrivilege = L"[SetFPS] Failed RasiePrivileges() \n";
+  constexpr auto kFailed = L"Failed!! SetFirmwareEnvironmentVariable \n";
+  RunningLaptop laptop;
+  const auto set = [&] {
+    support::ForgetTheStory(laptop);
+    laptop.ui.Send(L"SETFREQUENCY", {.point = {0, 30}});
+    EXPECT_EQ(laptop.firmware.Writes(Firmware::kRefreshRate), Values{0});
+    EXPECT_EQ(laptop.sessions.OpenTokens(), 0u);
+    EXPECT_EQ(laptop.firmware.OpenHandles(), 0u);
+  };
+  laptop.faults.Fail<&os::OwnToken>();
+  set();
+  EXPECT_TRUE(LogsInOrder(laptop, {L"[SetFPS] SetFPS_Value = 0 \n", kNoToken, kFailed}));
+
+  laptop.faults.ClearAll();
+  laptop.sessions.missingPrivileges = {L"SeSystemEnvironmentPrivilege"};
+  set();
+  EXPECT_TRUE(LogsInOrder(laptop, {L"[SetFPS] SetFPS_Value = 0 \n", kNoPrivilege, kFailed}));
+  EXPECT_TRUE(laptop.firmware.Variables().empty());
+
+  laptop.sessions.missingPrivileges.clear();
+  laptop.faults.Fail<&os::WriteFirmwareVariable>({.times = 1});
+  set();
+  EXPECT_TRUE(laptop.trace.Contains(kFailed));
+  EXPECT_FALSE(laptop.trace.Contains(kNoPrivilege));
+
+  laptop.faults.Fail<&os::OwnToken>();  // the privilege is on since the last time
+  set();
+  EXPECT_TRUE(LogsInOrder(laptop, {kNoToken, L"Success!! SetFirmwareEnvironmentVariable \n"}));
+  EXPECT_EQ(laptop.firmware.Variables().size(), 1u);
+}
+
+// ---- SETRESOLUTION ----
+
+TEST(Resolution, IsAppliedToTheCPanelAlone) {
+  struct Case {
+    std::uint32_t orientation;  // the panel is 515 wide and 1920 high by nature
+    os::Point asked;
+    std::uint32_t width, height;  // as asked of the system
+  };
+  for (const auto& c : {Case{3, {1280, 343}, 1280, 343}, Case{3, {1920, 515}, 1920, 515}, Case{1, {0, 0}, 515, 1920},
+                        Case{3, {0, 0}, 515, 1920}, Case{0, {0, 0}, 515, 1920}, Case{2, {0, 0}, 515, 1920},
+                        Case{3, {640, 0}, 640, 0}, Case{3, {0, 480}, 0, 480}}) {
+    SCOPED_TRACE(testing::Message() << c.asked.x << " * " << c.asked.y << " in orientation " << c.orientation);
+    RunningLaptop laptop;
+    laptop.displays.cPanel().Rotate(c.orientation);
+    laptop.ui.Send(L"SETRESOLUTION", {.percent = 5, .rect = {9, 9, 9, 9}, .point = c.asked});
+    const auto& changes = laptop.displays.SettingsChanges();
+    ASSERT_EQ(changes.size(), 1u);
+    EXPECT_EQ(changes[0].gdiName, laptop.displays.cPanel().gdiName);
+    EXPECT_EQ(changes[0].flags, 0x9u) << "updates the registry, for all users";
+    EXPECT_EQ(changes[0].settings.width, c.width);
+    EXPECT_EQ(changes[0].settings.height, c.height);
+    EXPECT_EQ(changes[0].settings.orientation, c.orientation);
+    EXPECT_TRUE(laptop.trace.Contains(L"Set Resolution = " + std::to_wstring(c.asked.x) + L" * " +
+                                      std::to_wstring(c.asked.y) + L" \n"));
+    EXPECT_TRUE(laptop.ui.Received().empty());
+  }
+}
+
+TEST(Resolution, NeedsAPanelWhoseSettingsCanBeRead) {
+  RunningLaptop laptop;
+  laptop.faults.Fail<&os::CurrentDisplaySettings>();
+  laptop.ui.Send(L"SETRESOLUTION", {.point = {1280, 343}});
+  EXPECT_TRUE(laptop.trace.Contains(L"Set Resolution = 1280 * 343 \n"));
+  laptop.faults.ClearAll();
+
+  laptop.displays.cPanel().Unplug();
+  laptop.ui.Send(L"GETFREQUENCY");  // the panels are looked for again
+  laptop.ui.Send(L"SETRESOLUTION", {.point = {1280, 343}});
+  EXPECT_TRUE(laptop.displays.SettingsChanges().empty());
+}
+
+}  // namespace

@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+
+#include "os/files.h"
+#include "os/processes.h"
+#include "tests/support.h"
+
+namespace {
+
+using support::RunningLaptop;
+using support::Texts;
+
+constexpr const wchar_t *kInput = L"C:\\Users\\Ada\\Pictures\\sea.jpg", *kOutput = L"C:\\ProgramData\\NORV\\sea.jpg";
+constexpr const wchar_t* kMissing = L"[COPYDATA] COPYWALLPAPER, InputPath is not exist. \n";
+
+/// A laptop with a picture to copy and an older one in its place.
+class FileCopy : public testing::Test {
+ protected:
+  FileCopy() {
+    laptop.files.AddTextFile(kInput, L"the sea");
+    laptop.files.AddTextFile(kOutput, L"an older sea");
+    support::ForgetTheStory(laptop);
+  }
+
+  void Copy(const std::wstring& command = L"COPYWALLPAPER") { laptop.ui.SendFileCopy(command, kInput, kOutput); }
+  [[nodiscard]] std::wstring Output() { return laptop.files.Text(kOutput).value_or(L"(missing)"); }
+
+  /// Whom the controller's main thread acts as, seen in a copy that it makes for itself.
+  void ExpectOwnRights() {
+    laptop.faults.ClearAll();
+    laptop.files.AddTextFile(L"C:\\probe", L"");
+    laptop.sessions.runsAsSystem = false;
+    laptop.ui.SendFileCopy(L"COPYWALLPAPER", L"C:\\probe", L"C:\\probed");
+    ASSERT_FALSE(laptop.files.Copies().empty());
+    EXPECT_EQ(laptop.files.Copies().back().from, L"C:\\probe");
+    EXPECT_FALSE(laptop.files.Copies().back().asUser) << "the user's rights were not given back";
+    EXPECT_EQ(laptop.sessions.OpenTokens(), 0u);
+  }
+
+  RunningLaptop laptop;
+};
+
+TEST_F(FileCopy, OverwritesTheOutputWithTheRightsOfTheUser) {
+  Copy();
+  EXPECT_EQ(Output(), L"the sea");
+  ASSERT_EQ(laptop.files.Copies().size(), 1u);
+  EXPECT_TRUE(laptop.files.Copies()[0].asUser);
+  EXPECT_EQ(laptop.trace.Lines(), (Texts{L"[COPYDATA] COPYWALLPAPER. \n", std::wstring(L"InputPath = ") + kInput,
+                                         std::wstring(L"OutputPath = ") + kOutput}));
+  EXPECT_TRUE(laptop.ui.Received().empty());
+  ExpectOwnRights();
+}
+
+TEST_F(FileCopy, MakesAnOutputThatIsNotThereYet) {
+  laptop.files.Remove(kOutput);
+  Copy();
+  EXPECT_EQ(Output(), L"the sea");
+}
+
+TEST_F(FileCopy, AnotherAccountThanTheSystemsCopiesForItself) {
+  laptop.sessions.runsAsSystem = false;
+  laptop.sessions.SignOut();
+  Copy();
+  EXPECT_EQ(Output(), L"the sea");
+  EXPECT_FALSE(laptop.files.Copies().at(0).asUser);
+}
+
+TEST_F(FileCopy, IsRefusedWithoutAUserToCopyFor) {
+  struct Case {
+    const char* what;
+    void (*arrange)(sim::Laptop&);
+  };
+  const Case cases[] = {
+      {"no user's token", [](sim::Laptop& l) { l.faults.Fail<&os::SessionUserToken>(); }},
+      {"no impersonation", [](sim::Laptop& l) { l.faults.Fail<&os::Impersonate>(); }},
+      {"nobody is signed in", [](sim::Laptop& l) { l.sessions.SignOut(); }},
+  };
+  for (const auto& [what, arrange] : cases) {
+    SCOPED_TRACE(what);
+    arrange(laptop);
+    Copy();
+    EXPECT_EQ(Output(), L"an older sea");
+    EXPECT_TRUE(laptop.files.Copies().empty()) << "never with the rights of the system";
+    EXPECT_EQ(laptop.trace.Lines().back(), L"[COPYDATA] COPYWALLPAPER, there is no user to copy for. \n");
+    laptop.faults.ClearAll();
+  }
+  ExpectOwnRights();
+}
+
+TEST_F(FileCopy, AMissingInputIsReported) {
+  laptop.files.Remove(kInput);
+  Copy();
+  EXPECT_EQ(laptop.trace.Lines().back(), kMissing);
+  EXPECT_EQ(Output(), L"an older sea");
+  EXPECT_TRUE(laptop.files.Copies().empty());
+
+  laptop.ui.SendFileCopy(L"COPYWALLPAPER", L"", L"");
+  EXPECT_EQ(laptop.trace.Count(kMissing), 2u);
+  ExpectOwnRights();
+}
+
+TEST_F(FileCopy, AFailureIsReportedWithItsCode) {
+  laptop.files.SetReadOnly(kOutput);
+  Copy();
+  EXPECT_EQ(laptop.trace.Lines().back(), L"[COPYDATA] COPYWALLPAPER, CopyFile fail Error code = 5 *****");
+  laptop.files.SetReadOnly(kOutput, false);
+
+  laptop.faults.Fail<&os::OverwriteByCopy>({.error = 112});
+  Copy();
+  EXPECT_EQ(laptop.trace.Lines().back(), L"[COPYDATA] COPYWALLPAPER, CopyFile fail Error code = 112 *****");
+  EXPECT_EQ(Output(), L"an older sea");
+
+  laptop.faults.ClearAll();
+  laptop.ui.SendFileCopy(L"COPYWALLPAPER", kInput, L"C:\\no\\such\\folder\\sea.jpg");
+  EXPECT_EQ(laptop.trace.Lines().back(), L"[COPYDATA] COPYWALLPAPER, CopyFile fail Error code = 3 *****");
+  ExpectOwnRights();
+}
+
+TEST_F(FileCopy, OnlyTheExactCommandCopies) {
+  for (const auto* command : {L"", L"copywallpaper", L"COPYWALLPAPER ", L"COPYWALLPAPERS", L"COPYWALL", L"BLGET"}) {
+    SCOPED_TRACE(command);
+    Copy(command);
+    EXPECT_TRUE(laptop.trace.Lines().empty());
+    EXPECT_TRUE(laptop.files.Copies().empty());
+  }
+  laptop.ui.Send(L"COPYWALLPAPER");
+  EXPECT_TRUE(laptop.files.Copies().empty()) << "the text command of this name is none";
+  EXPECT_TRUE(laptop.ui.Received().empty());
+}
+
+}  // namespace
