@@ -125,8 +125,8 @@ class FirstLight {
           L"BLGET answered with 45 percent of level 116");
     laptop_.firmware.Set(kBacklight, 255);
     told = laptop_.uiTalk.Mark();
-    Check(StandInUi::Send(L"BLGET") && laptop_.uiTalk.WaitFor(L"received BLSET 99", told),
-          L"BLGET answered with 99 percent after the register went to 255");
+    Check(StandInUi::SendByCommandLine(L"BLGET") && laptop_.uiTalk.WaitFor(L"received BLSET 99", told),
+          L"BLGET, from the command line, answered with 99 percent after the register went to 255");
     Check(StandInUi::Send(L"BLSET", 50) && SettingsAre({"On", "127", "116", "1", "Cursor"}),
           L"BLSET 50 stored as level 127 for mains");
   }

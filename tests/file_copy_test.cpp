@@ -50,12 +50,6 @@ TEST_F(FileCopy, OverwritesTheOutputWithTheRightsOfTheUser) {
   ExpectOwnRights();
 }
 
-TEST_F(FileCopy, MakesAnOutputThatIsNotThereYet) {
-  laptop.files.Remove(kOutput);
-  Copy();
-  EXPECT_EQ(Output(), L"the sea");
-}
-
 TEST_F(FileCopy, AnotherAccountThanTheSystemsCopiesForItself) {
   laptop.sessions.runsAsSystem = false;
   laptop.sessions.SignOut();

@@ -64,24 +64,6 @@ TEST(PanelGeometry, IsThatOfThePanelsThatAreThere) {
   }
 }
 
-TEST(PanelGeometry, FollowsAPanelThatMovesGoesAndComesBack) {
-  Laptop laptop;
-  auto& panel = laptop.displays.cPanel();
-  InitialDisplay();
-  panel.MoveTo(-12, 1081);
-  InitialDisplay();
-  EXPECT_EQ(gCPanel.get(), (PanelRect{-12, 1081, 1920, 515}));
-  panel.Rotate(2);
-  InitialDisplay();
-  EXPECT_EQ(gCPanel.get(), (PanelRect{-12, 1081, 515, 1920}));
-  panel.Unplug();
-  InitialDisplay();
-  EXPECT_EQ(gCPanel.get(), kAbsent);
-  panel.Plug();
-  InitialDisplay();
-  EXPECT_EQ(gCPanel.get(), (PanelRect{-12, 1081, 515, 1920}));
-}
-
 /// Several threads refresh at once while the system is slow and the panel comes and goes: each refresh is whole.
 TEST(PanelGeometry, IsRefreshedByOneThreadAtATime) {
   for (std::uint32_t seed = 1; seed <= 20; ++seed) {

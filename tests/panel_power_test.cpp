@@ -135,14 +135,6 @@ TEST(PanelPower, ThatTheFirmwareDoesNotTakeIsNotRememberedYetTheUiIsBroughtUpToD
   }
 }
 
-TEST(PanelPower, WorksWithoutATouchPadAndWithoutAUi) {
-  RunningLaptop laptop({.uiInstalled = false});
-  laptop.touch.Unplug();
-  TessaviewPowerControl(false);
-  EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"Off");
-  EXPECT_FALSE(laptop.firmware.PanelOn());
-}
-
 TEST(PanelPower, TellsItsStepsToTheLog) {
   RunningLaptop laptop({.backlight = 200, .backlightDC = 150});
   TessaviewPowerControl(true);

@@ -25,7 +25,7 @@ constexpr std::uint32_t kLandscape = 3;
 /// A running laptop with a choice, a projection and an orientation, and nothing told yet.
 class PanelStatus : public testing::Test {
  protected:
-  void Arrange(const wchar_t* saved, Topology topology, std::uint32_t orientation) {
+  void Arrange(const std::wstring& saved, Topology topology, std::uint32_t orientation) {
     laptop.settings.Set(L"Tessaview", saved);
     laptop.displays.Project(topology == Topology::None ? Topology::Extend : topology);
     laptop.displays.topology = topology;
@@ -36,32 +36,30 @@ class PanelStatus : public testing::Test {
   support::RunningLaptop laptop{{.uiRunning = true}};
 };
 
-TEST_F(PanelStatus, IsOnOnlyWhenChosenOnExtendedAndTheRightWayUp) {
-  for (const auto topology : kTopologies) {
-    for (const std::uint32_t orientation : {0U, 1U, 2U, 3U, 4U}) {
-      SCOPED_TRACE(static_cast<int>(topology));
-      SCOPED_TRACE(orientation);
-      Arrange(L"On", topology, orientation);
-      const bool shown = topology == Topology::Extend && orientation == kLandscape;
-      tessaview::Update_UI_Status();
-      EXPECT_EQ(laptop.ui.Received(), Texts{shown ? L"POWERON" : L"POWEROFF"});
-      EXPECT_EQ(isTessaviewPowerOn.get(), shown);
-      EXPECT_TRUE(laptop.trace.Contains(
-          shown ? L"[Update_UI_Status] Send to UI : Power On \n"
-                : L"[Update_UI_Status] Send to UI : Power Off (Not extend mode or Not Landscape) \n"));
-    }
-  }
-}
+TEST_F(PanelStatus, IsOnAndUnmaskedOnlyWhenChosenOnExtendedAndTheRightWayUp) {
+  for (const std::wstring saved : {L"On", L"Off"}) {
+    for (const auto topology : kTopologies) {
+      for (const std::uint32_t orientation : {0U, 1U, 2U, 3U, 4U}) {
+        SCOPED_TRACE(testing::PrintToString(saved) + " " + testing::PrintToString(orientation));
+        SCOPED_TRACE(static_cast<int>(topology));
+        Arrange(saved, topology, orientation);
+        const bool shown = saved == L"On" && topology == Topology::Extend && orientation == kLandscape;
+        isTessaviewPowerOn.set(!shown);
+        tessaview::Update_UI_Status();
+        EXPECT_EQ(isTessaviewPowerOn.get(), shown);
+        EXPECT_EQ(laptop.ui.Received(), Texts{shown ? L"POWERON" : L"POWEROFF"});
+        const auto* const why = shown ? L"[Update_UI_Status] Send to UI : Power On \n"
+                                : saved == L"On"
+                                    ? L"[Update_UI_Status] Send to UI : Power Off (Not extend mode or Not Landscape) \n"
+                                    : L"[Update_UI_Status] Send to UI : Power Off (ini TessaviewStatus = Off) \n";
+        EXPECT_TRUE(laptop.trace.Contains(why));
 
-TEST_F(PanelStatus, IsOffWhenChosenOffHoweverTheDisplaysStand) {
-  for (const auto topology : kTopologies) {
-    SCOPED_TRACE(static_cast<int>(topology));
-    Arrange(L"Off", topology, kLandscape);
-    isTessaviewPowerOn.set(true);
-    tessaview::Update_UI_Status();
-    EXPECT_EQ(laptop.ui.Received(), Texts{L"POWEROFF"});
-    EXPECT_FALSE(isTessaviewPowerOn.get());
-    EXPECT_TRUE(laptop.trace.Contains(L"[Update_UI_Status] Send to UI : Power Off (ini TessaviewStatus = Off) \n"));
+        ForgetTheStory(laptop);
+        tessaview::Update_UI_Mask_Status();
+        EXPECT_EQ(laptop.ui.Received(), shown ? Texts{L"CLOSEMASK"} : Texts{});
+        EXPECT_EQ(laptop.trace.Contains(L"[Update_UI_Mask_Status] Display On CLOSEMASK \n"), shown);
+      }
+    }
   }
 }
 
@@ -72,6 +70,7 @@ TEST_F(PanelStatus, StaysAsItWasWithoutAChoice) {
       Arrange(saved, Topology::Extend, kLandscape);
       isTessaviewPowerOn.set(before);
       tessaview::Update_UI_Status();
+      tessaview::Update_UI_Mask_Status();
       EXPECT_EQ(laptop.ui.Received(), Texts{});
       EXPECT_EQ(isTessaviewPowerOn.get(), before);
     }
@@ -83,23 +82,6 @@ TEST_F(PanelStatus, IsOffWhenTheProjectionCannotBeRead) {
   laptop.faults.Fail<&os::QueryDisplayConfiguration>({.after = 1});  // after the panel search
   tessaview::Update_UI_Status();
   EXPECT_EQ(laptop.ui.Received(), Texts{L"POWEROFF"});
-}
-
-TEST_F(PanelStatus, ClosesTheMaskOnlyWhenThePanelIsToBeShown) {
-  for (const auto* const saved : {L"On", L"Off", L"on", L""}) {
-    for (const auto topology : kTopologies) {
-      for (const std::uint32_t orientation : {0U, 1U, 2U, 3U, 4U}) {
-        SCOPED_TRACE(testing::PrintToString(saved));
-        SCOPED_TRACE(static_cast<int>(topology));
-        SCOPED_TRACE(orientation);
-        Arrange(saved, topology, orientation);
-        const bool shown = saved == std::wstring(L"On") && topology == Topology::Extend && orientation == kLandscape;
-        tessaview::Update_UI_Mask_Status();
-        EXPECT_EQ(laptop.ui.Received(), shown ? Texts{L"CLOSEMASK"} : Texts{});
-        EXPECT_EQ(laptop.trace.Contains(L"[Update_UI_Mask_Status] Display On CLOSEMASK \n"), shown);
-      }
-    }
-  }
 }
 
 // ---- A panel that comes late ----

@@ -85,8 +85,8 @@ class RandomLife {
     laptop.faults.ClearAll();
     laptop.ui.Recover();
     laptop.touch.Plug();
+    laptop.touch.modeSwitch().enabled = true;  // a reset that was cut short leaves it switched off
     laptop.displays.cPanel().Attach();
-    laptop.firmware.driverInstalled = true;
     laptop.sessions.Unlock();
   }
 
@@ -167,7 +167,7 @@ class RandomLife {
         laptop.firmware.Flip(Pick(2) == 0);
         return laptop.hotKey.FlipChanged();
       case 3:
-        return laptop.hotKey.Notify(Pick(256), Pick(8));
+        return laptop.hotKey.Notify(Pick(0xF9), Pick(8));  // none of those above
       default:
         return laptop.hotKey.TouchPadStatus(Pick(5), Pick(5));
     }

@@ -83,31 +83,30 @@ TEST(SettingsFile, AFolderOfItsNameIsNoFile) {
 
 TEST(SettingsFile, IsRepairedAtEachStart) {
   struct Case {
-    const wchar_t *key, *stored, *repaired;
+    const wchar_t* key;
+    Texts kept, repaired;
+    const wchar_t* standard;
   };
+  const Texts levels{L"10", L"116", L"255", L"10 %"}, noLevels{L"9", L"256", L"0", L"-1", L"bright", L""};
   const Case cases[] = {
-      {L"Backlight", L"9", L"116"},      {L"Backlight", L"10", L"10"},     {L"Backlight", L"255", L"255"},
-      {L"Backlight", L"256", L"116"},    {L"Backlight", L"0", L"116"},     {L"Backlight", L"-1", L"116"},
-      {L"Backlight", L"bright", L"116"}, {L"Backlight", L"", L"116"},      {L"Backlight", L"10 %", L"10 %"},
-      {L"BacklightDC", L"9", L"116"},    {L"BacklightDC", L"10", L"10"},   {L"BacklightDC", L"255", L"255"},
-      {L"BacklightDC", L"256", L"116"},  {L"BacklightDC", L"", L"116"},    {L"BacklightDC", L"dim", L"116"},
-      {L"Tessaview", L"On", L"On"},      {L"Tessaview", L"Off", L"Off"},   {L"Tessaview", L"on", L"On"},
-      {L"Tessaview", L"OFF", L"On"},     {L"Tessaview", L"Offf", L"On"},   {L"Tessaview", L"", L"On"},
-      {L"PowerSaving", L"0", L"0"},      {L"PowerSaving", L"1", L"1"},     {L"PowerSaving", L"2", L"1"},
-      {L"PowerSaving", L"-1", L"1"},     {L"PowerSaving", L"", L"1"},      {L"Mode", L"Touch", L"Touch"},
-      {L"Mode", L"Cursor", L"Cursor"},   {L"Mode", L"touch", L"Cursor"},   {L"Mode", L"Cursor ?", L"Cursor"},
-      {L"Mode", L"", L"Cursor"},         {L"PowerSaving", L"yes", L"yes"},  // reads as 0, which is in range
+      {L"Backlight", levels, noLevels, L"116"},
+      {L"BacklightDC", levels, noLevels, L"116"},
+      {L"Tessaview", {L"On", L"Off"}, {L"on", L"OFF", L"Offf", L""}, L"On"},
+      {L"PowerSaving", {L"0", L"1", L"yes"}, {L"2", L"-1", L""}, L"1"},  // "yes" reads as 0
+      {L"Mode", {L"Cursor", L"Touch"}, {L"touch", L"Cursor ?", L""}, L"Cursor"},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(std::wstring(c.key) + L"=" + c.stored);
+  const auto afterStart = [](const wchar_t* key, const std::wstring& stored) {
     Laptop laptop({.saved = L"Off"});
-    laptop.settings.Set(L"Backlight", L"200");
-    laptop.settings.Set(c.key, c.stored);
+    laptop.settings.Set(key, stored);
     laptop.Boot();
-    EXPECT_EQ(laptop.settings.Text(c.key), c.repaired);
-    EXPECT_EQ(laptop.settings.Text(L"Tessaview"), c.key == std::wstring(L"Tessaview") ? c.repaired : L"Off");
     EXPECT_TRUE(LogsInOrder(laptop, {L" ini File already exist \n", kPathLine}));
     EXPECT_TRUE(FoldersTold(laptop).empty());
+    return laptop.settings.Text(key);
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.key);
+    for (const auto& stored : c.kept) EXPECT_EQ(afterStart(c.key, stored), stored);
+    for (const auto& stored : c.repaired) EXPECT_EQ(afterStart(c.key, stored), c.standard) << "from " << stored;
   }
 }
 
@@ -176,29 +175,6 @@ TEST(SettingsFile, AFileThatRefusesChangesIsReadAsItIs) {
 }
 
 // ---- In memory ----
-
-TEST(Settings, AreTakenFromTheFileOnceItIsRepaired) {
-  struct Case {
-    const wchar_t *backlight, *backlightDC, *powerSaving;
-    std::uint32_t level, levelDC, saving;
-  };
-  const Case cases[] = {{L"10", L"255", L"0", 10, 255, 0},
-                        {L"200", L"30", L"1", 200, 30, 1},
-                        {L"9", L"256", L"2", 116, 116, 1},
-                        {L"100 %", L"60 ; dim", L"yes", 100, 60, 0}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.backlight);
-    Laptop laptop;
-    laptop.settings.Create(
-        {{L"Backlight", c.backlight}, {L"BacklightDC", c.backlightDC}, {L"PowerSaving", c.powerSaving}});
-    laptop.Boot();
-    const auto settings = gSettings.get();
-    EXPECT_EQ(settings.UserBacklightValue, c.level);
-    EXPECT_EQ(settings.UserBacklightValueDC, c.levelDC);
-    EXPECT_EQ(settings.PowerSaving, c.saving);
-    EXPECT_EQ(gPowerSavingEnabled.get(), c.saving == 1);
-  }
-}
 
 TEST(Settings, WhatTheUserChoseComesBackAfterARestart) {
   Laptop laptop;

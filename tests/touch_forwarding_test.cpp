@@ -105,12 +105,4 @@ TEST_F(TouchForwarding, GoesOnCountingWhileTheUiIsAway) {
   EXPECT_EQ(Forwarded(screen, {{1, 1, 3}, {1, 1, 4}}), (Reports{{1, 1, 4}}));
 }
 
-TEST_F(TouchForwarding, WaitsForAUiThatHangs) {
-  laptop.ui.Hang();
-  laptop.touch.Contact(4);
-  EXPECT_TRUE(laptop.ui.ReceivedReports().empty());
-  laptop.ui.Recover();
-  EXPECT_EQ(laptop.ui.ReceivedReports().size(), 2U) << "the first and the fourth";
-}
-
 }  // namespace

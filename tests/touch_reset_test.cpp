@@ -178,15 +178,4 @@ TEST(RawInputRegistration, NeedsTheTouchPad) {
   EXPECT_TRUE(laptop.touch.RawInputRequests().empty());
 }
 
-TEST(RawInputRegistration, TellsTheTwoTouchDevicesFromTheOthers) {
-  sim::Laptop laptop;
-  laptop.Boot();
-  EXPECT_TRUE(
-      LogsInOrder(laptop, {L"VID = 0x1a7c, PID = 0x44\n", L"VID = 0x4758, PID = 0x1515\n",
-                           L"Get Rawinput hDevice of CPanel_TouchScreen successed\n", L"VID = 0x4758, PID = 0x1515\n",
-                           L"Get Rawinput hDevice of CPanel_TouchPad successed\n"}));
-  EXPECT_EQ(tessaview::gRawTouchScreen.get(), laptop.touch.touchScreen().raw);
-  EXPECT_EQ(tessaview::gRawTouchPad.get(), laptop.touch.touchPad().raw);
-}
-
 }  // namespace

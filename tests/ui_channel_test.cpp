@@ -146,16 +146,6 @@ TEST(UiChannel, AHungUiBlocksTheBlockingSenderOnly) {
   EXPECT_EQ(laptop.ui.Received(), Texts{L"POWERON"});
 }
 
-TEST(UiChannel, AUiThatDiesWhileItIsWaitedForLetsTheSenderGo) {
-  Laptop laptop({.uiRunning = true});
-  laptop.ui.Hang();
-  const SendingThread blocked(laptop, SendUiText);
-  laptop.Advance(1000);
-  ASSERT_FALSE(blocked.returnedAt);
-  laptop.ui.Die();
-  EXPECT_TRUE(blocked.returnedAt);
-}
-
 TEST(UiChannel, AHungUiHoldsTheControllerUpUnlessItOnlyAskedForTheVersion) {
   RunningLaptop laptop;
   laptop.ui.Hang();

@@ -68,7 +68,7 @@ TEST(UiRecord, HoldsTextsOfUpTo259Characters) {
 }
 
 TEST(UiRecord, ATextWithoutItsNulEndsWithItsField) {
-  os::Bytes record(552, 0x41);
+  const os::Bytes record(552, 0x41);
   const auto message = DecodeUiMessage(record);
   ASSERT_TRUE(message);
   EXPECT_EQ(message->text, std::wstring(260, L'\u4141'));

@@ -39,13 +39,6 @@ TEST(Utf16, TextsAreLittleEndianUnits) {
   }
 }
 
-TEST(Utf16, AppendsToWhatIsThere) {
-  os::Bytes bytes{0x2A};
-  AppendUtf16(bytes, L"B");
-  AppendUtf16(bytes, L"C");
-  EXPECT_EQ(bytes, BytesOf("*B\0C\0"));
-}
-
 TEST(Utf16, ReadingStopsAtTheFirstNulOrTheEnd) {
   EXPECT_EQ(ReadUtf16(BytesOf("A\0\0\0B\0")), L"A");
   EXPECT_EQ(ReadUtf16(BytesOf("\0\0A\0")), L"");

@@ -3,7 +3,7 @@
 #include <ddk/wdm.h>
 #include <string.h>
 
-#include "firmware_control.h"
+#include "firmware/firmware_control.h"
 
 enum { kRegisters = 64 };
 static const uint32_t kUnknownRegister = 0xFFFFFFFE; /* the laptop's answer for an id that it does not have */

@@ -7,8 +7,16 @@
 
 namespace lab {
 
+namespace {
+
+std::wstring Program() {
+  return LabFolder() + L"tessaview-ui.exe";
+}
+
+}  // namespace
+
 bool StandInUi::Start() {
-  process_ = ChildProcess::Start(LabFolder() + L"tessaview-ui.exe");
+  process_ = ChildProcess::Start(Program());
   return process_ && Eventually(IsThere);
 }
 
@@ -21,6 +29,10 @@ bool StandInUi::Send(const std::wstring& command, std::uint64_t number) {
   wcsncpy(message.text, command.c_str(), std::size(message.text) - 1);
   message.handle = number;
   return SendUiMessage(FindWindowW(kUiClass, nullptr), kPleaseSend, message);
+}
+
+bool StandInUi::SendByCommandLine(const std::wstring& commandAndNumber) {
+  return ChildProcess::Start(Program(), commandAndNumber).WaitForExit() == 0U;
 }
 
 }  // namespace lab

@@ -18,6 +18,9 @@ class StandInUi {
   /// Has it send the controller a command, the number in the record's handle field; true when the controller took it.
   static bool Send(const std::wstring& command, std::uint64_t number = 0);
 
+  /// The same, sent by a second process of the UI's program: "BLSET 50".
+  static bool SendByCommandLine(const std::wstring& commandAndNumber);
+
   void End() { process_.Kill(); }
 
  private:

@@ -37,9 +37,10 @@ laptop_prepare() {
   laptop_source=$1/lab/laptop
   laptop_state=$2
   mkdir -p "$laptop_state/modules/extensions" "$laptop_state/logs" "$laptop_state/pictures"
-  # One laptop at a time: a second run would fight for the same prefix.
+  # One laptop at a time: a second run would fight for the same prefix. The lock is this script's alone; what it starts
+  # does not inherit it.
   exec {laptop_lock}>"$laptop_state/lock"
-  if ! flock --nonblock "$laptop_lock"; then
+  if ! flock --timeout 5 "$laptop_lock"; then
     echo "the laptop is in use by another run" >&2
     return 1
   fi
@@ -78,7 +79,7 @@ laptop_make_base() {
       >>"$laptop_state/logs/wineboot.log" 2>&1
     # Only a prefix whose first server has ended loads drivers later.
     timeout 60 "$LAPTOP_WINESERVER" -w
-  )
+  ) {laptop_lock}>&-
   echo "$wanted" >"$base/made"
 }
 
@@ -128,7 +129,7 @@ laptop_install() {
 laptop_run() {
   local seconds=$1 program=$2
   shift 2
-  timeout --kill-after=5 "$seconds" "$LAPTOP_WINE" "C:\\lab\\$program" "$@" </dev/null
+  timeout --kill-after=5 "$seconds" "$LAPTOP_WINE" "C:\\lab\\$program" "$@" </dev/null {laptop_lock}>&-
 }
 
 # ---- Ended each time ----

@@ -2,8 +2,8 @@
  * lab asks through \\.\ZRVHIDBUS, feeds them input reports and tells what was written to them. */
 #include <string.h>
 
-#include "child.h"
-#include "descriptors.h"
+#include "touch/child.h"
+#include "touch/descriptors.h"
 
 struct Bus {
   enum NodeKind kind;

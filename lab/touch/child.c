@@ -1,8 +1,8 @@
-#include "child.h"
+#include "touch/child.h"
 
 #include <string.h>
 
-#include "descriptors.h"
+#include "touch/descriptors.h"
 
 NTSTATUS CompleteRequest(IRP* irp, NTSTATUS status, ULONG_PTR information) {
   irp->IoStatus.Status = status;

@@ -1,8 +1,8 @@
 /* One plugged-in collection of the touch controller, as the bus driver's child device. */
 #pragma once
 
-#include "hid_port.h"
-#include "touch_control.h"
+#include "touch/hid_port.h"
+#include "touch/touch_control.h"
 
 enum NodeKind { kBusNode, kChildNode }; /* the first field of every device extension of this driver */
 

@@ -1,8 +1,8 @@
 /* What the two collections of the touch controller say of themselves. */
 #pragma once
 
-#include "hid_port.h"
-#include "touch_control.h"
+#include "touch/hid_port.h"
+#include "touch/touch_control.h"
 
 /* One contact as both collections report it: tip switch, contact id, X and Y of 0..4095, contact count. The report is
  * 8 bytes long, its id included. */

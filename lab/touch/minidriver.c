@@ -1,5 +1,5 @@
 /* The HID minidriver of the touch controller: hands every request of the HID class driver down to the bus's device. */
-#include "hid_port.h"
+#include "touch/hid_port.h"
 
 static NTSTATUS WINAPI PassDown(DEVICE_OBJECT* device, IRP* irp) {
   const struct HidPortExtension* own = device->DeviceExtension;

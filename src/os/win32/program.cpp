@@ -1,9 +1,9 @@
 // The entry point of TessaviewService.exe.
 #include <windows.h>
 
-#include "../../../resources/resource.h"
 #include "core/resource_ids.h"
 #include "core/start_up.h"
+#include "resources/resource.h"
 
 // The resource compiler reads its own list of the ids that the code names.
 static_assert(IDS_TITLE == tessaview::kTitleText && IDS_CLASS == tessaview::kClassText);
