@@ -28,7 +28,7 @@ TEST(BacklightFromTheUi, IsStoredInFirmwareUnits) {
     support::ForgetTheStory(laptop);
     laptop.ui.Send(L"BLSET", {.percent = percent});
     EXPECT_EQ(laptop.settings.Text(L"Backlight"), stored);
-    EXPECT_EQ(std::to_wstring(gSettings.get().UserBacklightValue), stored);
+    EXPECT_EQ(std::to_wstring(static_cast<std::int32_t>(gSettings.get().UserBacklightValue)), stored);
     EXPECT_TRUE(laptop.trace.Contains(L"UI set BacklightValue = " + std::to_wstring(percent) + L" (0~100) \n"));
     EXPECT_TRUE(laptop.firmware.Writes(Firmware::kBacklight).empty()) << "the UI sets the panel itself";
     EXPECT_TRUE(laptop.ui.Received().empty());
