@@ -55,7 +55,7 @@ std::vector<os::DisplayPath> Displays::Paths(bool onlyActive) const {
   std::vector<os::DisplayPath> paths;
   std::uint32_t modeIndex = 0;
   for (const auto& screen : screens_) {
-    if (!screen.plugged || onlyActive && !screen.attached) continue;
+    if (!screen.plugged || (onlyActive && !screen.attached)) continue;
     paths.push_back(PathOf(screen, screen.attached ? modeIndex : kNoMode));
     if (screen.attached) modeIndex += 2;
   }

@@ -88,8 +88,8 @@ void QuitMessageLoop(int code) {
   Machine().window.Quit(code);
 }
 
-void CloseWindow(WindowHandle window) {
-  sim::Enter<&CloseWindow>();
+void DestroyServiceWindow(WindowHandle window) {
+  sim::Enter<&DestroyServiceWindow>();
   Machine().window.Close(window);
 }
 

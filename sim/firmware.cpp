@@ -26,7 +26,7 @@ bool Has(os::BytesView raw, std::uint32_t tag, std::size_t arguments) {
 FirmwareRequest Decode(std::uint32_t code, os::BytesView raw, std::size_t replySize) {
   FirmwareRequest request{code, {raw.begin(), raw.end()}, replySize};
   const bool reads = Has(raw, kReadTag, kReadArguments), writes = Has(raw, kWriteTag, kWriteArguments);
-  if (code != kControlCode || !reads && !writes) return request;
+  if (code != kControlCode || (!reads && !writes)) return request;
   request.method = reads ? FirmwareRequest::Method::Read : FirmwareRequest::Method::Write;
   request.id = Word(raw, 8);
   if (writes) request.value = Word(raw, 12);

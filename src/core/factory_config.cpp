@@ -7,7 +7,7 @@ namespace tessaview {
 
 bool IsRetailDemo() {
   if (os::ServiceState(L"RetailDemo") == os::kServiceRunning) return true;
-  return os::ReadRegistryText(kFactoryConfigKey, L"RetailDemo", 1024) == L"1";
+  return os::ReadRegistryText(kFactoryConfigKey, L"RetailDemo", kFactoryValueBytes) == L"1";
 }
 
 }  // namespace tessaview

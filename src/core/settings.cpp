@@ -5,11 +5,6 @@
 #include "core/settings_file.h"
 
 namespace tessaview {
-namespace {
-
-constexpr std::uint32_t kOnMains = 1;
-
-}  // namespace
 
 ProcessWide<Settings> gSettings;
 ProcessWide<bool> gPowerSavingEnabled;

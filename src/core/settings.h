@@ -6,9 +6,12 @@
 
 namespace tessaview {
 
+/// What SYSTEM_POWER_STATUS says of the power source (ACLineStatus).
+inline constexpr std::uint32_t kOnBattery = 0, kOnMains = 1, kUnknownSource = 255;
+
 /// The power settings as they stand now: what the system said last, and the user's choices.
 struct Settings {
-  std::uint32_t acLineStatus = 0;          // 0 battery, 1 mains, 255 unknown
+  std::uint32_t acLineStatus = 0;          // kOnBattery until it was read for the first time
   std::uint32_t batterySaverOn = 0;        // 1 while Windows' battery saver is on
   std::uint32_t PowerSaving = 0;           // 1 when the user allows dimming on battery
   std::uint32_t UserBacklightValue = 0;    // the user's backlight level on mains, firmware units

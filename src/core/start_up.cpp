@@ -39,10 +39,20 @@ void KnowThePanels() {
   gPanelDisplayInfo.set(info);
 }
 
-/// Setup ended after the controller started, on a thread of the system's: the UI may come up now.
+ProcessWide<bool> gLaunchPhaseReached;  // start-up has done what the UI needs
+ProcessWide<bool> gLaunchPhaseBegun;
+
+/// The launch phase takes both: start-up come far enough, and Windows' setup over. Whichever comes last begins it, on
+/// its own thread.
+void LaunchUIOnce() {
+  if (!gLaunchPhaseReached.get() || !isOOBEComplete.get()) return;
+  if (!gLaunchPhaseBegun.exchange(true)) LaunchUIAtStart();
+}
+
+/// Setup ended after the controller started, on a thread of the system's.
 void OnSetupCompleted() {
   isOOBEComplete.set(true);
-  LaunchUIAtStart();
+  LaunchUIOnce();
 }
 
 void FollowFirstSignIn() {
@@ -80,7 +90,8 @@ void RestorePanelPower() {
 }
 
 void LaunchUI() {
-  if (isOOBEComplete.get()) LaunchUIAtStart();
+  gLaunchPhaseReached.set(true);
+  LaunchUIOnce();
   gUIWindow.set(os::FindTopWindow(kUiMainClass));
 }
 
@@ -125,10 +136,14 @@ void ShutDown(const PowerNotifications& notifications) {
 
 }  // namespace
 
+// The order is a contract: what follows relies on what stands before, and the log is read by it. Waits on the way hold
+// up the message loop, and what is sent to the window meanwhile is served once that runs.
 int RunController() {
   KnowThePanels();
   Log(L" ******* Start TessaviewService ******* \n");
   FollowFirstSignIn();
+
+  // One instance per session, and its window.
 
   const auto title = os::LoadResourceText(kTitleText);
   const auto className = os::LoadResourceText(kClassText);
@@ -139,15 +154,18 @@ int RunController() {
   if (window == os::WindowHandle::None) return 0;
   PrepareWindow(window);
 
+  // What the machine consists of.
   InitialDisplay();
-  InitGenerationCheck();
+  InitGenerationCheck();  // for the log; whoever needs the generation asks for it
   ResetTouchDevices();
 
+  // The user's choices, and the UI. Apart from the launches of the UI nothing runs beside this thread.
   SetUpSettings();
   RestorePanelPower();
   LaunchUI();
   ReconnectTouchPad();
 
+  // What happens from now on.
   const auto notifications = RegisterPowerNotifications(window);
   (void)os::RegisterSessionEvents(window);
   CheckProjection();

@@ -13,14 +13,15 @@ namespace {
 constexpr os::Guid kProviderId{0xD7E3B1C4, 0x52A9, 0x4F06, {0x9C, 0x58, 0x3E, 0x0B, 0x7A, 0x64, 0xF2, 0x15}};
 constexpr std::uint8_t kTraceLoggingChannel = 11;
 
-constexpr std::uint8_t kNotRegisteredYet = 255;
+constexpr std::uint8_t kEveryLevel = 255;
+constexpr std::uint8_t kNotRegisteredYet = 255;  // above every level, so that the first text finds its way here
 
 ProcessWide<os::TraceProvider> gProvider;
 ProcessWide<bool> gRegistrationAttempted;
 
 void OnTraceEnabled(bool enabled, std::uint8_t level) {
   // A session that names no level (0) wants every event.
-  const std::uint8_t wanted = level == 0 ? kNotRegisteredYet : level;
+  const std::uint8_t wanted = level == 0 ? kEveryLevel : level;
   gTraceLevel.set(enabled ? wanted : 0);
 }
 

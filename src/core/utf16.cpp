@@ -30,7 +30,7 @@ void AppendUtf16(os::Bytes& bytes, std::wstring_view text) {
     if (point < kFirstBeyond16Bits) {
       AppendUnit(bytes, point);
     } else {
-      AppendUnit(bytes, kHighSurrogate + (point - kFirstBeyond16Bits >> 10));
+      AppendUnit(bytes, kHighSurrogate + ((point - kFirstBeyond16Bits) >> 10));
       AppendUnit(bytes, kLowSurrogate + (point & 0x3FF));
     }
   }

@@ -7,7 +7,6 @@
 namespace tessaview {
 namespace {
 
-constexpr std::size_t kIdBufferBytes = 1024;
 constexpr std::size_t kLongestId = 127;
 
 /// An id without what follows its last backslash; whole when it has none.
@@ -22,12 +21,12 @@ bool GetRegDevicePath(PanelDisplayInfo& info) {
   info.bPanel.hardwareId.clear();
   info.cPanel.hardwareId.clear();
 
-  const auto b = os::ReadRegistryText(kFactoryConfigKey, L"BPanelHardwareID", kIdBufferBytes);
+  const auto b = os::ReadRegistryText(kFactoryConfigKey, L"BPanelHardwareID", kFactoryValueBytes);
   if (!b || b->empty()) {
     Log(L"Get Registry value of BPanelDevicePath failed.\n");
     return false;
   }
-  const auto c = os::ReadRegistryText(kFactoryConfigKey, L"CPanelHardwareID", kIdBufferBytes);
+  const auto c = os::ReadRegistryText(kFactoryConfigKey, L"CPanelHardwareID", kFactoryValueBytes);
   if (!c || c->empty()) {
     Log(L"Get Registry value of CPanelDevicePath failed.\n");
     return false;

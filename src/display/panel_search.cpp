@@ -106,11 +106,11 @@ void FillMonitorView(PanelInfo& panel, const MonitorEntry& entry, float minScale
 }
 
 void FillMonitorViews(PanelDisplayInfo& info, const std::vector<MonitorEntry>& entries) {
-  const float gMinMonitorScale = MinMonitorScale(entries);
+  const float minScale = MinMonitorScale(entries);
   for (const auto& entry : entries) {
     auto* const panel = PanelNamed(info, entry.monitor.device);
     if (panel == nullptr) continue;
-    FillMonitorView(*panel, entry, gMinMonitorScale);
+    FillMonitorView(*panel, entry, minScale);
     const auto left = panel->rcMonitorLeft, top = panel->rcMonitorTop;
     const auto width = panel->rcMonitorWidth, height = panel->rcMonitorHeight;
     if (panel == &info.bPanel) {

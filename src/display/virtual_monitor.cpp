@@ -10,7 +10,7 @@ bool CheckVirtualMonitor() {
   Log(L"[CheckVirtualMonitor] monitor count=%d\n", paths.size());
   for (const auto& path : paths) {
     Log(L"[CheckVirtualMonitor] monitor device path=%ls\n", path);
-    if (path.empty() || path.find(L"lagacy") != std::wstring::npos) return true;  // spelt so by the system
+    if (path.empty() || path.find(L"lagacy") != std::wstring::npos) return true;  // this spelling is what is looked for
   }
   return false;
 }

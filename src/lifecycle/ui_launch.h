@@ -4,7 +4,8 @@
 
 namespace tessaview {
 
-/// The touch screen's HID instance path is wrong, so the UI must not be shown.
+/// The touch screen's HID instance path is wrong, so the UI must not be shown. Nothing looks for that yet: it stays
+/// clear.
 extern ProcessWide<bool> gTouchScreenHidWrong;
 
 /// Brings the UI up once the user's desktop is there: package check, helper tools, then the UI itself. Instead switches

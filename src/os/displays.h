@@ -139,8 +139,8 @@ struct MonitorDevice {
 [[nodiscard]] std::vector<MonitorDevice> MonitorDevices();
 
 /// The monitor paths of the desktop-wallpaper object, in its order; a monitor that is not attached has an empty path
-/// (CoInitializeEx, IDesktopWallpaper::GetMonitorDevicePathCount, GetMonitorDevicePathAt). None when the object cannot
-/// be had. Any thread; leaves COM initialised on it. Milliseconds.
+/// (CoInitializeEx, IDesktopWallpaper::GetMonitorDevicePathCount, GetMonitorDevicePathAt, CoUninitialize). An empty
+/// list when the object cannot be had. Any thread; milliseconds.
 [[nodiscard]] std::vector<std::wstring> WallpaperMonitorPaths();
 
 }  // namespace os

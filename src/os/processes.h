@@ -35,11 +35,14 @@ using Token = Owned<TokenHandle, CloseToken>;
 /// hold it (ERROR_NOT_ALL_ASSIGNED).
 Status EnablePrivilege(const Token& token, const wchar_t* privilege);
 
-/// True when this process runs as the system account (own token's user is the well-known LocalSystem SID).
+/// True when this process runs as the system account (own token's user is the well-known LocalSystem SID), and also
+/// when that cannot be told.
 [[nodiscard]] bool RunsAsSystem();
 
-/// Lets the calling thread act with a user's rights until it is reverted (ImpersonateLoggedOnUser, RevertToSelf).
+/// Lets the calling thread act with a user's rights (ImpersonateLoggedOnUser).
 Status Impersonate(const Token& token);
+
+/// Gives the calling thread its own rights back (RevertToSelf). Ends the process when the system refuses.
 void RevertToOwnRights() noexcept;
 
 // ---- Starting programs as the user ----

@@ -84,7 +84,7 @@ int RunMessageLoop(WindowHandle window, std::uint16_t accelerators);
 void QuitMessageLoop(int code);
 
 /// Destroys a window of the calling thread; its `destroy` event comes before this returns (DestroyWindow).
-void CloseWindow(WindowHandle window);
+void DestroyServiceWindow(WindowHandle window);
 
 /// Shows a dialog resource and waits until the user closes it (DialogBoxParamW).
 void ShowDialog(WindowHandle owner, std::uint16_t id);

@@ -24,6 +24,7 @@ std::int32_t PercentageFromLevel(std::uint32_t level) {
 }
 
 std::uint32_t DrivableLevel(std::uint32_t level) {
+  if (static_cast<std::int32_t>(level) < 0) return kDarkestLevel;  // a negative number, as a UI may have asked for
   return std::clamp(level, kDarkestLevel, kBrightestLevel);
 }
 

@@ -11,8 +11,6 @@
 namespace tessaview {
 namespace {
 
-constexpr std::uint32_t kOnBattery = 0;
-
 std::uint32_t MainsLevel() {
   const auto level = DrivableLevel(ReadSettingNumber(kBacklightKey, kDarkestLevel));
   Log(L"[TessaviewPowerControl] BacklightValue ( ini = %d , WMI = 0X%X ) \n ", level, level);

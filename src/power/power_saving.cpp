@@ -7,12 +7,6 @@
 #include "power/firmware.h"
 
 namespace tessaview {
-namespace {
-
-constexpr std::uint32_t kOnBattery = 0, kUnknownSource = 255;  // ACLineStatus of SYSTEM_POWER_STATUS
-
-}  // namespace
-
 bool CheckCurrentMode() {
   if (ACPI_ZRV_DSTS(FirmwareId::PanelPower) != kPanelReady) return false;
   const auto status = os::QueryPowerStatus();

@@ -34,7 +34,7 @@ void OnQueryEndSession(std::uint32_t reason) {
 
 void OnCommand(std::uint16_t id) {
   if (id == kAboutCommand) os::ShowDialog(gServiceWindow.get(), kAboutDialog);
-  if (id == kExitCommand) os::CloseWindow(gServiceWindow.get());
+  if (id == kExitCommand) os::DestroyServiceWindow(gServiceWindow.get());
 }
 
 void OnDestroy() {

@@ -27,6 +27,10 @@ BOOL CALLBACK AddMonitor(HMONITOR handle, HDC /*context*/, RECT* /*clip*/, LPARA
   return TRUE;
 }
 
+// What DisplaySettings has a member for. Naming any other field in a change would write a zero for it.
+constexpr DWORD kCarriedFields = kDmPosition | kDmDisplayOrientation | kDmBitsPerPel | kDmPelsWidth | kDmPelsHeight |
+                                 kDmDisplayFlags | kDmDisplayFrequency;
+
 DEVMODEW EmptyMode() {
   DEVMODEW mode{};
   mode.dmSize = sizeof mode;
@@ -59,7 +63,7 @@ std::optional<std::wstring> DisplayDeviceName(std::uint32_t index) {
 std::optional<DisplaySettings> CurrentDisplaySettings(const std::wstring& gdiName) {
   DEVMODEW mode = EmptyMode();
   if (EnumDisplaySettingsW(gdiName.c_str(), ENUM_CURRENT_SETTINGS, &mode) == FALSE) return {};
-  return DisplaySettings{.fields = mode.dmFields,
+  return DisplaySettings{.fields = mode.dmFields & kCarriedFields,
                          .x = mode.dmPosition.x,
                          .y = mode.dmPosition.y,
                          .width = mode.dmPelsWidth,

@@ -17,6 +17,20 @@ using TaskText = std::unique_ptr<wchar_t, TaskMemoryFreer>;
 
 using Wallpaper = win32::ComPointer<IDesktopWallpaper>;
 
+/// Joins the thread to COM while it lives. A thread that has joined in another way is served as well.
+class ComScope {
+ public:
+  ComScope() : joined_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
+  ComScope(const ComScope&) = delete;
+  ComScope& operator=(const ComScope&) = delete;
+  ~ComScope() {
+    if (joined_) CoUninitialize();
+  }
+
+ private:
+  const bool joined_;
+};
+
 Wallpaper CreateWallpaper() {
   void* object = nullptr;
   if (FAILED(CoCreateInstance(CLSID_DesktopWallpaper, nullptr, CLSCTX_ALL, IID_IDesktopWallpaper, &object))) return {};
@@ -34,8 +48,7 @@ std::wstring MonitorPathAt(IDesktopWallpaper& wallpaper, UINT index) {
 
 std::vector<std::wstring> WallpaperMonitorPaths() {
   std::vector<std::wstring> paths;
-  // A thread that has joined COM in another way is served as well.
-  (void)CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+  const ComScope com;
   const Wallpaper wallpaper = CreateWallpaper();
   if (!wallpaper) return paths;
 

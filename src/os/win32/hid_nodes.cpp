@@ -22,6 +22,7 @@ std::wstring FirstHardwareId(HDEVINFO nodes, SP_DEVINFO_DATA& node) {
   SetupDiGetDeviceRegistryPropertyW(nodes, &node, SPDRP_HARDWAREID, nullptr, nullptr, 0, &size);
   std::vector<wchar_t> ids(size / sizeof(wchar_t));
   if (ids.empty()) return {};
+  size = static_cast<DWORD>(ids.size() * sizeof(wchar_t));
   if (SetupDiGetDeviceRegistryPropertyW(nodes, &node, SPDRP_HARDWAREID, nullptr, reinterpret_cast<BYTE*>(ids.data()),
                                         size, nullptr) == FALSE) {
     return {};

@@ -68,11 +68,11 @@ bool RunsAsSystem() {
     std::array<std::uint8_t, sizeof(TOKEN_USER) + SECURITY_MAX_SID_SIZE> bytes;
   };
   const auto token = OpenOwnToken(TOKEN_QUERY);
-  if (!token) return false;
+  if (!token) return true;
   UserBuffer user{};
   DWORD size = 0;
   if (GetTokenInformation(win32::ToNative<HANDLE>(token->get()), TokenUser, &user, sizeof user, &size) == FALSE) {
-    return false;
+    return true;
   }
   return IsWellKnownSid(reinterpret_cast<const TOKEN_USER*>(&user)->User.Sid, WinLocalSystemSid) != FALSE;
 }
@@ -82,7 +82,8 @@ Status Impersonate(const Token& token) {
 }
 
 void RevertToOwnRights() noexcept {
-  RevertToSelf();
+  // Going on with somebody else's rights would be worse than ending: whoever watches the process starts it again.
+  if (RevertToSelf() == FALSE) TerminateProcess(GetCurrentProcess(), GetLastError());
 }
 
 void DestroyEnvironment(EnvironmentHandle environment) noexcept {

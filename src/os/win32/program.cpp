@@ -14,7 +14,10 @@ static_assert(IDM_ABOUT == tessaview::kAboutCommand && IDM_EXIT == tessaview::kE
 
 int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, PWSTR /*commandLine*/, int /*show*/) {
   // The program runs with system rights: whatever is loaded from here on, COM objects among it, comes from the system
-  // folder or by its full path, never from beside the program or the current directory.
+  // folder or by its full path, never from beside the program or the current directory. What it imports was loaded
+  // before; its folder is one that only administrators write to.
   SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
-  return tessaview::RunController();
+  // Threads that nobody joins may still be at work: end the process under them, with no destructor running on what they
+  // use.
+  ExitProcess(static_cast<UINT>(tessaview::RunController()));
 }

@@ -117,7 +117,7 @@ void QuitMessageLoop(int code) {
   PostQuitMessage(code);
 }
 
-void CloseWindow(WindowHandle window) {
+void DestroyServiceWindow(WindowHandle window) {
   DestroyWindow(NativeOf(window));
 }
 

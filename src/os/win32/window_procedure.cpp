@@ -49,8 +49,14 @@ void DeliverTo(const ServiceWindowEvents& events) {
 }
 
 LRESULT CALLBACK ServiceWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-  if (IsRegistered(gEvents->hotKeyMessage, message)) return gEvents->hotKey(wParam, lParam), 0;
-  if (IsRegistered(gEvents->touchPadStatusMessage, message)) return gEvents->touchPadStatus(wParam, lParam), 0;
+  if (IsRegistered(gEvents->hotKeyMessage, message)) {
+    gEvents->hotKey(wParam, lParam);
+    return 0;
+  }
+  if (IsRegistered(gEvents->touchPadStatusMessage, message)) {
+    gEvents->touchPadStatus(wParam, lParam);
+    return 0;
+  }
 
   switch (message) {
     case WM_DESTROY:
@@ -61,7 +67,7 @@ LRESULT CALLBACK ServiceWindowProcedure(HWND window, UINT message, WPARAM wParam
       return 0;
     case WM_QUERYENDSESSION:
       gEvents->queryEndSession(static_cast<std::uint32_t>(lParam));
-      return 0;
+      return 0;  // as for every message handled here, although the system reads it as a refusal
     case WM_ENDSESSION:
       return 0;
     case WM_COPYDATA:
