@@ -21,68 +21,44 @@ using tessaview::ShortMonitorKey;
 constexpr auto kInstance = L"DISPLAY\\TSB8888\\4&1b1f3fd7&0&UID8388688";
 constexpr std::size_t kDescriptors[] = {54, 72, 90, 108};
 
-/// The first 54 bytes of the C panel's identification block, then a timing, a name and two unused descriptors.
+/// What the monitor keys read of the C panel's identification block; a name stands in its second descriptor.
 Bytes CPanelBlock() {
-  Bytes block{
-      0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00,                                // header
-      0x52, 0x62, 0x88, 0x88,                                                        // TSB, 0x8888
-      0x00, 0x88, 0x88, 0x88,                                                        // serial 2290649088
-      0x1C, 0x15,                                                                    // week 28 of 2011
-      0x01, 0x04, 0xA5, 0x08, 0x1E, 0x78, 0x02,                                      // version, size, features
-      0xEE, 0x91, 0xA3, 0x54, 0x4C, 0x99, 0x26, 0x0F, 0x50, 0x54, 0x00, 0x00, 0x00,  // no established timings
-      0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x01, 0x20, 0x1C,
-      0x03, 0x64, 0x20, 0x80, 0x14, 0x70, 0x30, 0x20, 0x36, 0x00, 0x1E, 0x78, 0x00, 0x00, 0x00, 0x1A, 0x00, 0x00,
-      0x00, 0xFC, 0x00, 'p',  'a',  'n',  'e',  'l',  '\n', ' ',  ' ',  ' ',  ' ',  ' ',  ' ',  ' ',
-  };
+  Bytes block{0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00,  // header
+              0x52, 0x62, 0x88, 0x88,                          // TSB, 0x8888
+              0x00, 0x88, 0x88, 0x88,                          // serial 2290649088
+              0x1C, 0x15};                                     // week 28 of 2011
   block.resize(128);
-  block[kDescriptors[2] + 3] = block[kDescriptors[3] + 3] = 0x10;
+  block[kDescriptors[1] + 3] = 0xFC;
+  block[kDescriptors[1] + 5] = 'p';
   block[127] = 0x26;
   return block;
 }
 
 void PutSerial(Bytes& block, std::size_t descriptor, std::string_view text) {
-  block[descriptor] = block[descriptor + 1] = block[descriptor + 2] = block[descriptor + 4] = 0;
-  block[descriptor + 3] = 0xFF;
-  std::copy(text.begin(), text.end(), block.begin() + static_cast<std::ptrdiff_t>(descriptor + 5));
+  for (const auto byte : {0x00, 0x00, 0x00, 0xFF, 0x00}) block[descriptor++] = static_cast<std::uint8_t>(byte);
+  std::copy(text.begin(), text.end(), block.begin() + static_cast<std::ptrdiff_t>(descriptor));
 }
 
-TEST(MonitorKey, NamesThePanelAsTheDatabaseDoes) {
-  EXPECT_EQ(ShortMonitorKey(kInstance, ReadEdidIdentity(CPanelBlock())), L"TSB88882290649088_1C_07DB_26");
-}
-
-TEST(MonitorKey, TakesTheSerialTextOfTheFirstDescriptorThatHasOne) {
-  struct Case {
-    std::string_view text;
-    const wchar_t* serial;
-  };
-  for (const auto& c : {Case{"AB-123\n      ", L"AB-123"},
-                        {"twelve chars\n", L"twelve chars"},
-                        {"thirteen char", L"thirteen cha"},  // one more than there is room for
-                        {std::string_view("end\0of text...", 13), L"end"},
-                        {"\n            ", L""}}) {
+TEST(MonitorKey, TakesTheSerialTextOfTheFirstDescriptorThatHasOneElseTheUnsignedNumber) {
+  using Case = std::pair<std::string_view, const wchar_t*>;
+  for (const auto& [text, serial] : {Case{"AB-123\n      ", L"AB-123"},
+                                     {"thirteen char", L"thirteen cha"},  // one more than there is room for
+                                     {std::string_view("end\0of text...", 13), L"end"},
+                                     {"\n            ", L""}}) {
+    SCOPED_TRACE(text);
     for (const auto descriptor : kDescriptors) {
-      SCOPED_TRACE(c.text);
-      SCOPED_TRACE(descriptor);
       auto block = CPanelBlock();
-      PutSerial(block, descriptor, c.text);
-      EXPECT_EQ(ReadEdidIdentity(block).serial, c.serial);
+      PutSerial(block, descriptor, text);
+      EXPECT_EQ(ReadEdidIdentity(block).serial, serial);
     }
   }
   auto block = CPanelBlock();
   PutSerial(block, 108, "second");
   PutSerial(block, 90, "first\n");
   EXPECT_EQ(ShortMonitorKey(kInstance, ReadEdidIdentity(block)), L"TSB8888FIRST_1C_07DB_26");
-}
-
-TEST(MonitorKey, WritesTheSerialNumberWithoutASign) {
-  for (const auto& [bytes, serial] : {std::pair{Bytes{0, 0, 0, 0}, L"0"},
-                                      {Bytes{1, 0, 0, 0}, L"1"},
-                                      {Bytes{0x78, 0x56, 0x34, 0x12}, L"305419896"},
-                                      {Bytes{0xFF, 0xFF, 0xFF, 0xFF}, L"4294967295"}}) {
-    auto block = CPanelBlock();
-    std::copy(bytes.begin(), bytes.end(), block.begin() + 12);
-    EXPECT_EQ(ReadEdidIdentity(block).serial, serial);
-  }
+  block = CPanelBlock();
+  std::fill_n(block.begin() + 12, 4, std::uint8_t{0xFF});
+  EXPECT_EQ(ReadEdidIdentity(block).serial, L"4294967295");
 }
 
 TEST(MonitorKey, OfAMonitorThatSaysNothingIsItsIdAndZeros) {
@@ -91,7 +67,6 @@ TEST(MonitorKey, OfAMonitorThatSaysNothingIsItsIdAndZeros) {
     block.resize(size);
     EXPECT_EQ(ShortMonitorKey(kInstance, ReadEdidIdentity(block)), L"TSB8888_00_0000_00") << size;
   }
-  EXPECT_EQ(ShortMonitorKey(L"", {}), L"_00_0000_00");
   EXPECT_EQ(ShortMonitorKey(L"DISPLAY", {}), L"_00_0000_00");
   EXPECT_EQ(ShortMonitorKey(L"DISPLAY\\abc12ef", {}), L"ABC12EF_00_0000_00");
 }
@@ -99,7 +74,6 @@ TEST(MonitorKey, OfAMonitorThatSaysNothingIsItsIdAndZeros) {
 TEST(MonitorKey, IsWellFormedWhateverTheMonitorSays) {
   std::mt19937 random(20190816);
   for (int round = 0; round < 300; ++round) {
-    SCOPED_TRACE(round);
     Bytes block(128);
     for (auto& byte : block) byte = static_cast<std::uint8_t>(random());
     block[kDescriptors[random() % 4] + 3] = 0xFF;
@@ -108,7 +82,7 @@ TEST(MonitorKey, IsWellFormedWhateverTheMonitorSays) {
     EXPECT_LE(key.size(), 18U + 12U) << "with the longest serial text";
     EXPECT_TRUE(key.starts_with(L"TSB8888"));
     const auto made = key.substr(key.size() - 11);
-    EXPECT_TRUE(made[0] == L'_' && made[3] == L'_' && made[8] == L'_') << testing::PrintToString(made);
+    EXPECT_TRUE(made[0] == L'_' && made[3] == L'_' && made[8] == L'_') << round;
     EXPECT_EQ(std::stoul(made.substr(4, 4), nullptr, 16), 1990U + block[17]);
   }
 }
@@ -128,8 +102,6 @@ TEST(MonitorKey, HasALongFormWithTheMonitorsPlaceInTheMachine) {
   EXPECT_EQ(LongMonitorKey(device, edid), L"TSB88882290649088_1C_07DB_26___00000000_00000000_0");
 }
 
-// ---- The list of monitors ----
-
 TEST(MonitorList, DescribesTheConnectedMonitorsAndTheirPaths) {
   Laptop laptop;
   auto& panel = laptop.displays.cPanel();
@@ -142,13 +114,10 @@ TEST(MonitorList, DescribesTheConnectedMonitorsAndTheirPaths) {
 
   const auto monitors = tessaview::ListConnectedMonitors();
   ASSERT_EQ(monitors.size(), 4U);
-  EXPECT_EQ(monitors[0].gdiSourceName, L"\\\\.\\DISPLAY1");
-  EXPECT_EQ(monitors[0].rotation, 1U);
   EXPECT_EQ(monitors[1].shortKey, L"TSB88882290649088_1C_07DB_26");
   EXPECT_EQ(monitors[1].longKey, L"TSB88882290649088_1C_07DB_26_8086_9B41_00000000_00801050_801050");
   EXPECT_EQ(monitors[1].gdiSourceName, L"\\\\.\\DISPLAY2");
   EXPECT_EQ(monitors[1].friendlyName, L"Second screen");
-  EXPECT_STREQ(monitors[1].outputTechnology, L"Embedded display port");
   EXPECT_EQ(monitors[1].rotation, 4U);
   EXPECT_EQ(monitors[2].shortKey, L"DEL40A9_00_0000_00") << "no identification block to be had";
   for (const auto& idle : {monitors[2], monitors[3]}) {
@@ -160,33 +129,19 @@ TEST(MonitorList, DescribesTheConnectedMonitorsAndTheirPaths) {
   EXPECT_EQ(tessaview::ListConnectedMonitors().size(), 4U) << "even without paths";
 }
 
-TEST(OutputTechnology, HasAName) {
-  // In their order from 0 on.
-  constexpr const wchar_t* kNames[] = {L"HD15 (VGA) ",
-                                       L"S-video",
-                                       L"Composite video",
-                                       L"Component video",
-                                       L"Digital Video Interface (DVI)",
-                                       L"High-Definition Multimedia Interface (HDMI)",
-                                       L"Low Voltage Differential Swing (LVDS)",
-                                       L"Unknown",
-                                       L"Japanese D",
-                                       L"SDI",
-                                       L"External display port",
-                                       L"Embedded display port",
-                                       L"External Unified Display Interface (UDI)",
-                                       L"Embedded UDI",
-                                       L"Standard definition television (SDTV)",
-                                       L"Miracast wireless display device",
-                                       L"Unknown"};
-  for (std::int32_t technology = 0; technology < std::ssize(kNames); ++technology) {
-    EXPECT_STREQ(tessaview::OutputTechnologyName(technology), kNames[technology]) << technology;
-  }
+TEST(OutputTechnology, HasANameOrIsUnknown) {
+  using tessaview::OutputTechnologyName;
+  EXPECT_STREQ(OutputTechnologyName(0), L"HD15 (VGA) ");
+  EXPECT_STREQ(OutputTechnologyName(5), L"High-Definition Multimedia Interface (HDMI)");
+  EXPECT_STREQ(OutputTechnologyName(7), L"Unknown") << "never assigned";
+  EXPECT_STREQ(OutputTechnologyName(11), L"Embedded display port");
+  EXPECT_STREQ(OutputTechnologyName(15), L"Miracast wireless display device");
+  EXPECT_STREQ(OutputTechnologyName(16), L"Unknown");
   using Limits = std::numeric_limits<std::int32_t>;
-  EXPECT_STREQ(tessaview::OutputTechnologyName(-1), L"Other");
-  EXPECT_STREQ(tessaview::OutputTechnologyName(-2), L"Unknown");
-  EXPECT_STREQ(tessaview::OutputTechnologyName(Limits::max()), L"Unknown");
-  EXPECT_STREQ(tessaview::OutputTechnologyName(Limits::min()), L"Internal");
+  EXPECT_STREQ(OutputTechnologyName(-1), L"Other");
+  EXPECT_STREQ(OutputTechnologyName(-2), L"Unknown");
+  EXPECT_STREQ(OutputTechnologyName(Limits::max()), L"Unknown");
+  EXPECT_STREQ(OutputTechnologyName(Limits::min()), L"Internal");
 }
 
 }  // namespace

@@ -10,7 +10,6 @@
 #include "os/device_io.h"
 #include "os/messages.h"
 #include "os/power.h"
-#include "os/processes.h"
 #include "os/services.h"
 #include "os/threads.h"
 #include "sim/laptop.h"
@@ -43,37 +42,20 @@ using SimulatedTime = SimulatedLaptop;
 using SimulatedFaults = SimulatedLaptop;
 using SimulatedEnd = SimulatedLaptop;
 using SimulatedUi = SimulatedLaptop;
-using SimulatedPrograms = SimulatedLaptop;
 
-// ---- Time and threads ----
-
-TEST_F(SimulatedTime, MovesToTheNextDeadlineOnlyWhenAllWait) {
+TEST_F(SimulatedTime, MovesToTheNextDeadlineWhenAllWaitAndNoFurtherThanAsked) {
   Laptop laptop;
   const auto start = laptop.NowMs();
   StartNoter("slow", 300'000, 1);
   StartNoter("quick", 100'000, 2);
+  laptop.Advance(150'000);
+  EXPECT_EQ(gHeard, Words{"quick"});
+  EXPECT_EQ(laptop.NowMs(), start + 150'000);
   EXPECT_TRUE(laptop.Settle());
   EXPECT_EQ(gHeard, (Words{"quick", "quick", "slow"}));
   EXPECT_EQ(laptop.NowMs(), start + 300'000);
-}
-
-TEST_F(SimulatedTime, AdvancesExactlyAndRunsWhatIsDueByThen) {
-  Laptop laptop;
-  const auto start = laptop.NowMs();
-  StartNoter("tick", 100, 10);
-  laptop.Advance(250);
-  EXPECT_EQ(gHeard.size(), 2U);
-  EXPECT_EQ(laptop.NowMs(), start + 250);
-  laptop.Advance(50);
-  EXPECT_EQ(gHeard.size(), 3U);
-}
-
-TEST_F(SimulatedTime, SettlingGivesUpAtItsLimit) {
-  Laptop laptop;
-  const auto start = laptop.NowMs();
   StartNoter("poll", 100, 1'000'000);
-  EXPECT_FALSE(laptop.Settle(1000));
-  EXPECT_EQ(laptop.NowMs(), start + 1000);
+  EXPECT_FALSE(laptop.Settle(1000)) << "gives up at its limit";
 }
 
 TEST_F(SimulatedTime, PassesForALoopThatPollsWithoutSleeping) {
@@ -120,9 +102,7 @@ TEST_F(SimulatedTime, ALockIsHeldAcrossDoorCallsAndTakenTwiceByItsOwner) {
   EXPECT_EQ(gHeard[3], "out");
 }
 
-// ---- Faults ----
-
-TEST_F(SimulatedFaults, FailAfterSomeCallsAndForSomeCalls) {
+TEST_F(SimulatedFaults, FailOrCutOrDelaySomeCalls) {
   Laptop laptop;
   laptop.faults.Fail<&os::QueryPowerStatus>({.error = 5, .times = 2, .after = 1});
   std::vector<std::uint32_t> errors;
@@ -130,22 +110,15 @@ TEST_F(SimulatedFaults, FailAfterSomeCallsAndForSomeCalls) {
   EXPECT_EQ(errors, (std::vector<std::uint32_t>{0, 5, 5, 0}));
   EXPECT_EQ(laptop.faults.Calls<&os::QueryPowerStatus>(), 4U);
   EXPECT_EQ(laptop.faults.Calls<&os::ServiceState>(), 0U);
-}
 
-TEST_F(SimulatedFaults, SlowCallsTakeVirtualTimeAndShortAnswersAreCut) {
-  Laptop laptop;
   const auto start = laptop.NowMs();
   laptop.faults.Slow<&os::Sessions>(500);
   laptop.faults.Short<&os::Sessions>(2);
   EXPECT_EQ((*os::Sessions()).size(), 2U);
-  EXPECT_EQ(laptop.NowMs(), start + 500);
-
   laptop.faults.ClearAll();
   EXPECT_EQ((*os::Sessions()).size(), 3U);
   EXPECT_EQ(laptop.NowMs(), start + 500);
 }
-
-// ---- The end of the process ----
 
 TEST_F(SimulatedEnd, UnwindsThreadsWhereverTheyAreStuck) {
   static os::Lock lock;
@@ -166,14 +139,10 @@ TEST_F(SimulatedEnd, UnwindsThreadsWhereverTheyAreStuck) {
       const std::lock_guard hold(lock);
       gHeard.push_back("never");
     });
-    os::StartThread(L"poller", [] {
-      const Farewell farewell;
-      for (;;) os::Sleep(500);
-    });
     laptop.Settle(5000);
     EXPECT_TRUE(gHeard.empty());
   }
-  EXPECT_EQ(gHeard, (Words{"unwound", "unwound", "unwound"}));
+  EXPECT_EQ(gHeard, (Words{"unwound", "unwound"}));
 
   Laptop next;  // the lock is free again
   os::StartThread(L"taker", [] {
@@ -190,33 +159,24 @@ TEST_F(SimulatedEnd, ATestThatWaitsForNothingIsToldSo) {
   EXPECT_THROW(os::SendCopyData(laptop.ui.MainWindow(), 102, {}), std::runtime_error);
 }
 
-// ---- The service window ----
-
 void Note(const std::string& what, std::uint64_t a = 0, std::int64_t b = 0) {
   gHeard.push_back(what + " " + std::to_string(a) + " " + std::to_string(b));
 }
 
+/// All that nothing is noted for is left without a handler: a message that came through would end the test.
 const os::ServiceWindowEvents& NotingEvents() {
-  static const os::ServiceWindowEvents events{
-      .hotKeyMessage = os::RegisterMessage(sim::HotKey::kHotKeyMessage),
-      .touchPadStatusMessage = os::RegisterMessage(sim::HotKey::kTouchPadMessage),
-      .hotKey = [](std::uint64_t wParam, std::int64_t lParam) { Note("hot key", wParam, lParam); },
-      .touchPadStatus = [](std::uint64_t wParam, std::int64_t lParam) { Note("touch pad", wParam, lParam); },
-      .copyData = [](std::uint64_t kind, os::BytesView record) { Note("copy data", kind, std::ssize(record)); },
-      .rawInput = [](const os::RawInput&) { Note("raw input"); },
-      .command = [](std::uint16_t id) { Note("command", id); },
-      .timer = [](std::uint64_t id) { Note("timer", id); },
-      .powerBroadcast = [](std::uint32_t event) { Note("power", event); },
-      .powerSetting = [](os::PowerSetting setting,
-                         std::uint32_t value) { Note("setting", static_cast<std::uint32_t>(setting), value); },
-      .sessionChange = [](std::uint32_t event) { Note("session", event); },
-      .queryEndSession = [](std::uint32_t reason) { Note("end session", reason); },
-      .destroy =
-          [] {
-            Note("destroy");
-            os::QuitMessageLoop(3);
-          },
-  };
+  static const auto events = [] {
+    os::ServiceWindowEvents made{};
+    made.hotKeyMessage = os::RegisterMessage(sim::HotKey::kHotKeyMessage);
+    made.touchPadStatusMessage = os::RegisterMessage(sim::HotKey::kTouchPadMessage);
+    made.hotKey = [](std::uint64_t wParam, std::int64_t lParam) { Note("hot key", wParam, lParam); };
+    made.powerBroadcast = [](std::uint32_t event) { Note("power", event); };
+    made.powerSetting = [](os::PowerSetting setting, std::uint32_t value) {
+      Note("setting", static_cast<std::uint32_t>(setting), value);
+    };
+    made.sessionChange = [](std::uint32_t event) { Note("session", event); };
+    return made;
+  }();
   return events;
 }
 
@@ -227,7 +187,7 @@ void StartWindow(void (*prepare)(os::WindowHandle)) {
         os::RegisterServiceWindowClass({.name = L"W", .largeIcon = 0, .smallIcon = 0, .menu = 0}, NotingEvents()));
     const auto window = os::CreateServiceWindow(L"W", L"title");
     prepare(window);
-    Note("loop ended", 0, os::RunMessageLoop(window, 0));
+    os::RunMessageLoop(window, 0);
   });
   sim::Machine().Settle();
 }
@@ -236,20 +196,6 @@ class SimulatedWindow : public SimulatedLaptop {
  protected:
   Laptop laptop;
 };
-
-TEST_F(SimulatedWindow, SettlesBeforeFarTimersAndServesThemInTime) {
-  StartWindow([](os::WindowHandle window) {
-    os::StartTimer(window, 9487, 3'600'000);
-    os::StartTimer(window, 1, 1'000);
-  });
-  EXPECT_TRUE(gHeard.empty());
-  laptop.Advance(2'500);
-  EXPECT_EQ(gHeard, (Words{"timer 1 0", "timer 1 0"}));
-  laptop.window.StopTimer(1);
-  laptop.Advance(3'600'000);
-  EXPECT_EQ(gHeard.back(), "timer 9487 0");
-  EXPECT_EQ(gHeard.size(), 3U);
-}
 
 TEST_F(SimulatedWindow, HearsOnlyWhatItLetThroughAndAskedFor) {
   StartWindow([](os::WindowHandle window) { os::AllowMessage(window, NotingEvents().hotKeyMessage); });
@@ -276,40 +222,10 @@ TEST_F(SimulatedWindow, MessagesWaitUntilTheLoopRunsAndRegistrationsTellCurrentV
   laptop.power.Plug();  // no change, so no new value
   laptop.sessions.Lock();
   EXPECT_EQ(gHeard, (Words{"setting 3 0", "power 10 0", "power 10 0", "session 7 0"}));
-  EXPECT_EQ(os::WindowClassName(os::ForegroundWindow()), L"Windows.UI.Core.CoreWindow");
-  laptop.sessions.Unlock();
-  EXPECT_EQ(os::WindowClassName(os::ForegroundWindow()), L"Progman");
-}
-
-TEST_F(SimulatedWindow, ClosingItEndsTheLoop) {
-  StartWindow([](os::WindowHandle) {});
-  laptop.window.PostRaw(0x0010, 0, 0);  // WM_CLOSE
-  laptop.Settle();
-  EXPECT_EQ(gHeard, (Words{"destroy 0 0", "loop ended 0 3"}));
-  EXPECT_EQ(os::FindTopWindow(L"W"), os::WindowHandle::None);
-}
-
-// ---- The UI ----
-
-TEST_F(SimulatedUi, AHungUiBlocksASenderUntilItRecoversAndNeverATimedOne) {
-  Laptop laptop({.uiRunning = true});
-  laptop.ui.Hang();
-  const auto record = sim::EncodeUiRecord({.text = L"POWERON"});
-  os::StartThread(L"sender", [&record] {
-    os::SendCopyData(os::FindTopWindow(L"Tessaview"), 102, record);
-    gHeard.push_back("sent");
-  });
-  EXPECT_TRUE(laptop.Settle());
-  EXPECT_TRUE(gHeard.empty());
-  EXPECT_FALSE(os::SendCopyDataTimeout(laptop.ui.MainWindow(), 102, record, 100));
-
-  laptop.ui.Recover();
-  EXPECT_EQ(gHeard, Words{"sent"});
-  EXPECT_EQ(laptop.ui.Received(), std::vector<std::wstring>{L"POWERON"});
 }
 
 TEST_F(SimulatedUi, ABusyUiAnswersLateOrTooLate) {
-  for (const auto& [busyMs, taken, waitedMs] : {std::tuple{60U, true, 60U}, {100U, true, 100U}, {250U, false, 100U}}) {
+  for (const auto& [busyMs, taken, waitedMs] : {std::tuple{100U, true, 100U}, {250U, false, 100U}}) {
     SCOPED_TRACE(busyMs);
     Laptop laptop({.uiRunning = true});
     const auto start = laptop.NowMs();
@@ -317,65 +233,6 @@ TEST_F(SimulatedUi, ABusyUiAnswersLateOrTooLate) {
     EXPECT_EQ(os::SendCopyDataTimeout(laptop.ui.MainWindow(), 102, {}, 100), taken);
     EXPECT_EQ(laptop.NowMs(), start + waitedMs);
   }
-}
-
-TEST_F(SimulatedUi, RecordsKeepEveryFieldAndTextBeyondTheBasicPlane) {
-  const sim::UiRecord record{.text = L"\U0001F600" + std::wstring(257, L'x'),
-                             .handle = 0xFEDC'BA98'FFFF'FFFF,
-                             .rect = {-1, 2, 3, 4},
-                             .point = {5, -6}};
-  const auto bytes = sim::EncodeUiRecord(record);
-  EXPECT_EQ(bytes[528], 0xFF);
-  const auto decoded = sim::DecodeUiRecord(bytes);
-  ASSERT_TRUE(decoded);
-  EXPECT_EQ(decoded->text, record.text);
-  EXPECT_EQ(decoded->Percent(), -1);
-  EXPECT_EQ(decoded->handle, record.handle);
-  EXPECT_EQ(decoded->rect, record.rect);
-  EXPECT_EQ(decoded->point, record.point);
-  EXPECT_FALSE(sim::DecodeUiRecord(os::BytesView(bytes).first(551)));
-}
-
-// ---- Programs and sessions ----
-
-TEST_F(SimulatedPrograms, RunForTheirTimeAndEndWithTheirCodes) {
-  Laptop laptop;
-  laptop.processes[L"tool.exe"] = {.exitCode = 1, .runMs = 3000, .first = {7}};
-  {
-    const auto token = os::SessionUserToken(1);
-    const auto environment = os::CreateEnvironment(*token);
-    const auto start = [&](const wchar_t* program) {
-      return os::StartAsUser(*token, program, L"", *environment, L"WinSta0\\Default");
-    };
-    const auto process = start(L"C:\\x\\Tool.exe");
-    ASSERT_TRUE(process);
-    EXPECT_EQ(os::WaitForProcess(*process, 2999).outcome, os::WaitOutcome::TimedOut);
-    EXPECT_EQ(os::ProcessExitCode(*process), 259U);
-    EXPECT_EQ(os::WaitForProcess(*process, 1).outcome, os::WaitOutcome::Ended);
-    EXPECT_EQ(os::ProcessExitCode(*process), 7U);
-    EXPECT_EQ(start(L"C:\\x\\other.exe").error(), 2U);
-    EXPECT_EQ(laptop.sessions.OpenTokens(), 1U);
-  }
-  EXPECT_EQ(laptop.sessions.OpenTokens() + laptop.sessions.OpenEnvironments() + laptop.processes.OpenHandles(), 0U);
-  ASSERT_EQ(laptop.processes.StartsOf(L"tool.exe"), 1U);
-  EXPECT_EQ(laptop.processes.Starts()[0].session, 1U);
-  EXPECT_EQ(os::SessionUserToken(0).error(), 1008U);
-}
-
-TEST_F(SimulatedPrograms, ActivatingTheUiOpensItsWindowLater) {
-  Laptop laptop;
-  EXPECT_FALSE(os::CreateActivationManager());  // not without COM
-  ASSERT_TRUE(os::JoinCom());
-  const auto manager = os::CreateActivationManager();
-  ASSERT_TRUE(manager);
-  EXPECT_TRUE(os::ActivateApplication(*manager, sim::Apps::kUiId, L"argument"));
-  laptop.Advance(499);
-  EXPECT_FALSE(laptop.ui.Running());
-  laptop.Advance(1);
-  EXPECT_TRUE(laptop.ui.Running());
-  EXPECT_FALSE(os::ActivateApplication(*manager, L"another", L""));
-  ASSERT_EQ(laptop.apps.Activations().size(), 2U);
-  EXPECT_EQ(laptop.apps.Activations()[0].argument, L"argument");
 }
 
 }  // namespace

