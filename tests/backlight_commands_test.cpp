@@ -10,7 +10,6 @@ namespace {
 
 using namespace tessaview;
 using sim::Firmware;
-using sim::LaptopOptions;
 using support::RunningLaptop;
 using support::Texts;
 
@@ -26,20 +25,6 @@ TEST(BacklightFromTheUi, IsStoredInFirmwareUnits) {
     EXPECT_TRUE(laptop.firmware.Writes(Firmware::kBacklight).empty()) << "the UI sets the panel itself";
     EXPECT_TRUE(laptop.ui.Received().empty());
   }
-}
-
-TEST(BacklightFromTheUi, BelongsToThePowerSourceInForce) {
-  RunningLaptop laptop({.backlight = 20, .backlightDC = 30});
-  laptop.ui.Send(L"BLSET", {.percent = 100});
-  EXPECT_EQ(laptop.settings.Text(L"Backlight"), L"255");
-  EXPECT_EQ(laptop.settings.Text(L"BacklightDC"), L"30");
-
-  laptop.power.Unplug();
-  laptop.ui.Send(L"BLSET", {.percent = 50});
-  EXPECT_EQ(laptop.settings.Text(L"Backlight"), L"255");
-  EXPECT_EQ(laptop.settings.Text(L"BacklightDC"), L"127");
-  EXPECT_EQ(gSettings.get().UserBacklightValue, 255u);
-  EXPECT_EQ(gSettings.get().UserBacklightValueDC, 127u);
 }
 
 struct Saving {

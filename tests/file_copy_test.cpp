@@ -47,14 +47,6 @@ TEST_F(FileCopy, OverwritesTheOutputWithTheRightsOfTheUser) {
   ExpectOwnRights();
 }
 
-TEST_F(FileCopy, AnotherAccountThanTheSystemsCopiesForItself) {
-  laptop.sessions.runsAsSystem = false;
-  laptop.sessions.SignOut();
-  Copy();
-  EXPECT_EQ(Output(), L"the sea");
-  EXPECT_FALSE(laptop.files.Copies().at(0).asUser);
-}
-
 TEST_F(FileCopy, IsRefusedWithoutAUserToCopyFor) {
   using Case = std::tuple<const char*, void (*)(sim::Laptop&)>;
   const Case cases[] = {

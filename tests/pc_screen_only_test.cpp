@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "os/device_io.h"
-#include "sim/laptop.h"
 #include "tests/support.h"
 
 namespace {

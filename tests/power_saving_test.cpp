@@ -58,8 +58,11 @@ TEST(PowerSaving, EveryTransitionAppliesItsLevelAndNoneBelowTen) {
   for (const auto& t : kTransitions) {
     for (const bool dark : {false, true}) {
       SCOPED_TRACE(t.story);
-      const auto stored = [dark](std::uint32_t level) { return dark ? 0 : level; };
-      RunningLaptop laptop({.backlight = stored(200), .backlightDC = stored(150), .powerSaving = t.allowed});
+      RunningLaptop laptop({.backlight = 200, .backlightDC = 150, .powerSaving = t.allowed});
+      for (const auto source : {+Unplug, +Plug}) {
+        source(laptop.power);
+        if (dark) laptop.ui.Send(L"BLSET", {.percent = 0});
+      }
       t.before(laptop.power);
       ForgetTheStory(laptop);
       t.step(laptop.power);

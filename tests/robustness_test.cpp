@@ -7,7 +7,6 @@
 #include <random>
 #include <set>
 
-#include "sim/laptop.h"
 #include "tests/spoilt_doors.h"
 #include "tests/support.h"
 

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <mutex>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -153,12 +152,6 @@ TEST_F(SimulatedEnd, UnwindsThreadsWhereverTheyAreStuck) {
   EXPECT_EQ(gHeard.back(), "taken");
 }
 
-TEST_F(SimulatedEnd, ATestThatWaitsForNothingIsToldSo) {
-  Laptop laptop({.uiRunning = true});
-  laptop.ui.Hang();
-  EXPECT_THROW(os::SendCopyData(laptop.ui.MainWindow(), 102, {}), std::runtime_error);
-}
-
 void Note(const std::string& what, std::uint64_t a = 0, std::int64_t b = 0) {
   gHeard.push_back(what + " " + std::to_string(a) + " " + std::to_string(b));
 }
@@ -192,12 +185,10 @@ void StartWindow(void (*prepare)(os::WindowHandle)) {
   sim::Machine().Settle();
 }
 
-class SimulatedWindow : public SimulatedLaptop {
- protected:
-  Laptop laptop;
-};
+using SimulatedWindow = SimulatedLaptop;
 
 TEST_F(SimulatedWindow, HearsOnlyWhatItLetThroughAndAskedFor) {
+  Laptop laptop;
   StartWindow([](os::WindowHandle window) { os::AllowMessage(window, NotingEvents().hotKeyMessage); });
   laptop.hotKey.PressF6();
   laptop.hotKey.TouchPadStatus(3, 1);
@@ -208,6 +199,7 @@ TEST_F(SimulatedWindow, HearsOnlyWhatItLetThroughAndAskedFor) {
 }
 
 TEST_F(SimulatedWindow, MessagesWaitUntilTheLoopRunsAndRegistrationsTellCurrentValues) {
+  Laptop laptop;
   laptop.power.Unplug();
   StartWindow([](os::WindowHandle window) {
     (void)os::RegisterPowerSetting(window, os::PowerSetting::AcDcPowerSource);

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "sim/laptop.h"
 #include "tests/support.h"
 
 namespace {

@@ -97,23 +97,6 @@ TEST(UiChannel, ABusyUiIsWaitedForAsLongAsTheSenderMay) {
   }
 }
 
-TEST(UiChannel, AHungUiBlocksTheBlockingSenderOnly) {
-  Laptop laptop({.uiRunning = true});
-  laptop.ui.Hang();
-  const auto start = laptop.NowMs();
-  const SendingThread patient(laptop, SendUiTextTimeout);
-  const SendingThread blocked(laptop, SendUiText);
-  laptop.Advance(300'000);
-  EXPECT_EQ(patient.returnedAt, start) << "a window the system holds for hung is not waited for";
-  EXPECT_EQ(patient.result, 1u);
-  EXPECT_FALSE(blocked.returnedAt);
-  EXPECT_TRUE(laptop.ui.Received().empty());
-
-  laptop.ui.Recover();
-  EXPECT_EQ(blocked.returnedAt, start + 300'000);
-  EXPECT_EQ(laptop.ui.Received(), Texts{L"POWERON"});
-}
-
 TEST(UiChannel, AHungUiHoldsTheControllerUpUnlessItOnlyAskedForTheVersion) {
   RunningLaptop laptop;
   laptop.ui.Hang();

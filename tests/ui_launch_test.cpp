@@ -4,7 +4,6 @@
 
 #include "lifecycle/helper_tools.h"
 #include "lifecycle/ui_activation.h"
-#include "sim/laptop.h"
 #include "tests/support.h"
 
 namespace {
@@ -92,19 +91,6 @@ TEST(UiActivation, SaysHowFarItCame) {
     EXPECT_EQ(laptop.trace.Lines(), (std::vector<std::wstring>{L"ShellExecute Failed, Use AUMID Launch.\n", line}));
     EXPECT_EQ(laptop.apps.Activations().size(), activations);
     EXPECT_EQ(laptop.apps.OpenManagers(), 0U);
-  }
-}
-
-TEST(UiActivation, OfNoApplicationAsksTheShellToOpenNothing) {
-  using Case = std::tuple<std::int64_t, const wchar_t*>;
-  for (const auto& [answer, line] :
-       {Case{33, L"ShellExecute sucessed\n"}, {32, L"ShellExecute failed, return value:32\n Use AUMID launch. \n"}}) {
-    SCOPED_TRACE(answer);
-    sim::Laptop laptop;
-    laptop.apps.shellAnswer = answer;
-    tessaview::LaunchByAumid(L"", L"FromTessaviewService");
-    EXPECT_EQ(laptop.trace.Lines(), std::vector<std::wstring>{line});
-    EXPECT_TRUE(laptop.apps.Activations().empty());
   }
 }
 

@@ -3,12 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "os/service_window.h"
-#include "sim/laptop.h"
 #include "tests/support.h"
 
 namespace {
 
-using sim::Sessions;
 using Lines = std::vector<std::wstring>;
 
 class WindowEvents : public testing::Test {
