@@ -57,7 +57,7 @@ TEST(TouchReset, FindsTheNodeByItsFirstHardwareIdSpeltExactlySo) {
 }
 
 TEST(TouchReset, GoesOnAsFarAsItCan) {
-  using Case = std::tuple<const char*, void (*)(sim::Laptop&), std::initializer_list<const wchar_t*>, bool>;
+  using Case = std::tuple<const char*, void (*)(sim::Laptop&), std::vector<const wchar_t*>, bool>;
   const Case cases[] = {
       {"raw input cannot be ended",
        [](sim::Laptop& l) { l.faults.Fail<&os::RegisterRawInput>({.error = 5, .times = 1}); },
