@@ -67,8 +67,12 @@ TEST(TraceLog, ReturnsTheStatusOfTheWrite) {
 TEST(TraceLog, WritesOnlyToAListenerAtLevelVerbose) {
   using Case = std::tuple<bool, std::uint8_t, bool>;
   sim::Laptop laptop;
-  for (const auto& [listens, level, written] :
-       {Case{false, 5, false}, {true, 5, true}, {true, 4, false}, {true, 0, true}, {true, 5, true}}) {
+  for (const auto& [listens, level, written] : {Case{false, 5, false},
+                                                {true, 5, true},
+                                                {true, 4, false},
+                                                {true, 0, true},
+                                                {false, 5, false},
+                                                {true, 5, true}}) {
     SCOPED_TRACE(testing::Message() << "listens " << listens << ", level " << int{level});
     laptop.trace.Listen(listens, level);
     laptop.trace.Clear();
