@@ -198,24 +198,6 @@ TEST_F(SimulatedWindow, HearsOnlyWhatItLetThroughAndAskedFor) {
   EXPECT_EQ(gHeard, Words{"hot key 107 0"});
 }
 
-TEST_F(SimulatedWindow, MessagesWaitUntilTheLoopRunsAndRegistrationsTellCurrentValues) {
-  Laptop laptop;
-  laptop.power.Unplug();
-  StartWindow([](os::WindowHandle window) {
-    (void)os::RegisterPowerSetting(window, os::PowerSetting::AcDcPowerSource);
-    (void)os::RegisterSessionEvents(window);
-    os::PostToWindow(window, NotingEvents().hotKeyMessage, 0xF9, 2);
-    os::Sleep(1000);
-    Note("before the loop");
-  });
-  EXPECT_EQ(gHeard, (Words{"before the loop 0 0", "setting 3 1", "hot key 249 2"}));
-  gHeard.clear();
-  laptop.power.Plug();
-  laptop.power.Plug();  // no change, so no new value
-  laptop.sessions.Lock();
-  EXPECT_EQ(gHeard, (Words{"setting 3 0", "power 10 0", "power 10 0", "session 7 0"}));
-}
-
 TEST_F(SimulatedUi, ABusyUiAnswersLateOrTooLate) {
   for (const auto& [busyMs, taken, waitedMs] : {std::tuple{100U, true, 100U}, {250U, false, 100U}}) {
     SCOPED_TRACE(busyMs);

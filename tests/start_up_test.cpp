@@ -156,22 +156,6 @@ TEST(StartUp, AppliesThePowerTheUserChoseIfAnyAndPublishesIt) {
   }
 }
 
-TEST(StartUp, InAShopBringsTheDarkPanelBackByATimer) {
-  using Case = std::tuple<const char*, const wchar_t*, std::uint32_t, const wchar_t*, bool>;
-  for (const auto& [story, saved, serviceState, factoryFlag, timer] :
-       {Case{"the demo service runs", L"Off", 4, L"0", true},
-        {"the factory made it a shop machine", L"Off", 1, L"1", true},
-        {"the service is only starting", L"Off", 2, L"0", false},
-        {"the panel is on", L"On", 4, L"1", false}}) {
-    SCOPED_TRACE(story);
-    sim::Laptop laptop({.saved = saved});
-    laptop.services.Set(L"RetailDemo", serviceState);
-    laptop.registry.SetText(L"SOFTWARE\\NORV\\FactoryConfig", L"RetailDemo", factoryFlag);
-    laptop.Boot();
-    EXPECT_EQ(laptop.window.TimerPeriod(kRetailDemoTimer), timer ? std::optional(300'000U) : std::nullopt);
-  }
-}
-
 TEST(StartUp, TakesTheFirstPowerNotificationsForThePresentState) {
   using Case = std::tuple<bool, bool, std::uint32_t>;
   for (const auto& [onMains, saver, backlight] : {Case{true, false, 200}, {false, false, 90}, {false, true, 58}}) {

@@ -88,23 +88,4 @@ TEST(Story, AWorkingDay) {
   EXPECT_TRUE(laptop.trace.Malformed().empty());
 }
 
-TEST(Story, TheFirstEveningOfANewMachine) {
-  // The controller starts while the owner still answers the questions of setup.
-  sim::Laptop laptop({.setupComplete = false});
-  EXPECT_TRUE(laptop.Boot());
-  // A UI that comes up early, as part of setup, does not mark setup as done.
-  laptop.ui.OpenGuide();
-  laptop.ui.Send(L"ALIVE");
-  EXPECT_EQ(laptop.registry.Text(kFactoryConfig, L"OobeCompleted").value_or(L"0"), L"0");
-  laptop.ui.Die();
-
-  // The package is still being installed when setup ends; some seconds later the UI is there.
-  laptop.processes[sim::Laptop::kCheckTool].first = {0, 0, 0};
-  laptop.sessions.FinishSetup();
-  EXPECT_EQ(laptop.processes.StartsOf(sim::Laptop::kCheckTool), 4U);
-  EXPECT_TRUE(laptop.ui.Running());
-  laptop.ui.Send(L"ALIVE");
-  EXPECT_EQ(laptop.registry.Text(kFactoryConfig, L"OobeCompleted"), L"1");
-}
-
 }  // namespace

@@ -30,25 +30,6 @@ TEST(TouchPadSearch, FindsThePadByItsUsageAndThenOpensTheCollectionThatTakesItsM
   EXPECT_EQ(laptop.touch.OpenHandles(), 1U) << "the pad is opened once";
 }
 
-TEST(TouchPadSearch, TakesTheFirstRangesThatAreThere) {
-  using Case = std::tuple<const char*, std::vector<os::HidValue>, std::int32_t, std::int32_t>;
-  const Case cases[] = {
-      {"a second finger",
-       {{kDesktopPage, kX, 17, 0, 100}, {kDesktopPage, kY, 17, 0, 50}, {kDesktopPage, kX, 17, 0, 999}},
-       100,
-       50},
-      {"the page counts", {{kDigitizerPage, kX, 17, 0, 7}, {kDesktopPage, kY, 17, 0, 50}}, 0, 50},
-  };
-  for (const auto& [story, values, x, y] : cases) {
-    SCOPED_TRACE(story);
-    sim::Laptop laptop;
-    laptop.touch.touchPad().inputValues = values;
-    EXPECT_TRUE(tessaview::SearchTouchPadAgain());
-    EXPECT_EQ(tessaview::gTouchPad.get().xLogicalMax, x);
-    EXPECT_EQ(tessaview::gTouchPad.get().yLogicalMax, y);
-  }
-}
-
 TEST(TouchPadSearch, GoesOnBehindACollectionItCannotUse) {
   using Case = std::tuple<const wchar_t*, void (*)(sim::HidCollection&)>;
   const Case cases[] = {

@@ -72,28 +72,6 @@ TEST(UiLaunch, MakesTheSurfaceATouchPadWhenTheTouchScreenIsWrong) {
   EXPECT_EQ(laptop.power.Registrations(), 5U) << "start-up goes on";
 }
 
-TEST(UiActivation, SaysHowFarItCame) {
-  using Case = std::tuple<const char*, void (*)(sim::Laptop&), const wchar_t*, std::size_t>;
-  const Case cases[] = {
-      {"all is well", [](sim::Laptop&) {}, L"AppActivationMgr->ActivateApplication Sucessed\n", 1},
-      {"the package is gone", [](sim::Laptop& l) { l.apps.uiInstalled = false; },
-       L"AppActivationMgr->ActivateApplication Failed\n", 1},
-      {"no manager", [](sim::Laptop& l) { l.faults.Fail<&os::CreateActivationManager>(); },
-       L"CoCreateInstance Failed\n", 0},
-      {"no COM", [](sim::Laptop& l) { l.faults.Fail<&os::JoinCom>(); }, L"CoInitializeEx Failed\n", 0},
-  };
-  for (const auto& [story, arrange, line, activations] : cases) {
-    SCOPED_TRACE(story);
-    sim::Laptop laptop;
-    arrange(laptop);
-    tessaview::StartUiLaunchThread();
-    EXPECT_TRUE(laptop.Settle());
-    EXPECT_EQ(laptop.trace.Lines(), (std::vector<std::wstring>{L"ShellExecute Failed, Use AUMID Launch.\n", line}));
-    EXPECT_EQ(laptop.apps.Activations().size(), activations);
-    EXPECT_EQ(laptop.apps.OpenManagers(), 0U);
-  }
-}
-
 TEST(HelperTools, AreStartedAsTheUserBeforeTheUiAndNotWaitedFor) {
   sim::Laptop laptop;
   for (const auto* const name : {L"NorvTessaviewWallpaper.exe", L"NorvTessaviewPin.exe"}) {

@@ -24,30 +24,6 @@ TEST_F(WindowEvents, AskTheUiEveryHourToLookForUpdates) {
   EXPECT_EQ(laptop.ui.ReceivedRecords().size(), 25U) << "and nothing else";
 }
 
-TEST_F(WindowEvents, OnlyLogSuspendResumeLockAndUnlock) {
-  using Case = std::tuple<std::uint32_t, Lines>;
-  for (const auto& [event, lines] : {Case{4, {L"PBT_APMSUSPEND \n"}},
-                                     {7, {L"PBT_APMRESUMESUSPEND \n"}},
-                                     {10, {L"PBT_APMPOWERSTATUSCHANGE \n"}},
-                                     {18, {L"PBT_APMRESUMEAUTOMATIC \n"}},
-                                     {6, {}},
-                                     {0xFFFF'FFFF, {}}}) {
-    SCOPED_TRACE(event);
-    laptop.trace.Clear();
-    laptop.power.Broadcast(event);
-    EXPECT_EQ(laptop.trace.Lines(), lines);
-  }
-  laptop.trace.Clear();
-  laptop.sessions.Lock();
-  laptop.sessions.Unlock();
-  EXPECT_EQ(laptop.trace.Lines(), (Lines{L"WTS_SESSION_LOCK \n", L"WTS_SESSION_UNLOCK \n"}));
-  laptop.power.Notify(os::PowerSetting::AcDcPowerSource, 2);  // a short-term source, neither mains nor battery
-  laptop.window.PostRaw(0x0113, 1, 0);                        // WM_TIMER, of no timer of ours
-  laptop.Settle();
-  EXPECT_TRUE(laptop.firmware.Requests().empty());
-  EXPECT_TRUE(laptop.ui.ReceivedRecords().empty());
-}
-
 TEST(EndOfSession, LeavesATouchPadBehindWhenTheUserGoesOrTheControllerIsToClose) {
   using Case = std::tuple<std::uint32_t, bool>;
   for (const auto& [reason, touchPad] : {Case{0x8000'0000, true},  // the user signs out
