@@ -25,6 +25,7 @@ std::uint32_t RegisterMessage(const wchar_t* name) {
 
 bool PostToWindow(WindowHandle window, std::uint32_t message, std::uint64_t wParam, std::int64_t lParam) {
   if (sim::Enter<&PostToWindow>().failed()) return false;
+  if (window == WindowHandle::None) return true;  // a message to the calling thread itself, which nobody hears
   auto* target = Machine().desktop.Find(window);
   if (target == nullptr) return false;
   target->posted.push_back({message, wParam, lParam});

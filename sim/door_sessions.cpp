@@ -58,7 +58,7 @@ Status EnablePrivilege(const Token& token, const wchar_t* privilege) {
 }
 
 bool RunsAsSystem() {
-  return !sim::Enter<&RunsAsSystem>().failed() && Machine().sessions.runsAsSystem;
+  return sim::Enter<&RunsAsSystem>().failed() || Machine().sessions.runsAsSystem;
 }
 
 Status Impersonate(const Token& token) {

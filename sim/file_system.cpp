@@ -73,6 +73,7 @@ void FileSystem::Remove(const std::wstring& path) {
 os::PathKind FileSystem::Kind(const std::wstring& path) const {
   const auto* entry = Find(path);
   if (entry == nullptr) return os::PathKind::Missing;
+  if (!entry->isFolder && (path.ends_with(L'\\') || path.ends_with(L'/'))) return os::PathKind::Missing;
   return entry->isFolder ? os::PathKind::Directory : os::PathKind::File;
 }
 
@@ -144,7 +145,7 @@ std::uint32_t FileSystem::TryCreateFolder(const std::wstring& path) {
 
 std::uint32_t FileSystem::TryCopy(const std::wstring& from, const std::wstring& to) {
   const auto* source = Find(from);
-  if (source == nullptr) return kFileNotFound;
+  if (source == nullptr) return Kind(Parent(from)) == os::PathKind::Directory ? kFileNotFound : kPathNotFound;
   if (source->isFolder) return kAccessDenied;
   if (const auto error = WriteRefusal(to); error != 0) return error;
   auto copy = *source;

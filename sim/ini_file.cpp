@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cwctype>
+#include <string_view>
 #include <utility>
 
 namespace sim {
@@ -35,6 +36,17 @@ std::optional<std::wstring> KeyName(const std::wstring& line) {
   const auto equals = text.find(L'=');
   if (equals == std::wstring::npos || text.front() == L';') return std::nullopt;
   return Trimmed(text.substr(0, equals));
+}
+
+std::uint32_t NumberBase(const std::wstring& digits) {
+  const auto prefix = digits.substr(0, 2);
+  return prefix == L"0x" ? 16 : prefix == L"0o" ? 8 : prefix == L"0b" ? 2 : 10;
+}
+
+/// What a digit stands for; more than any base allows when it is none.
+std::uint32_t DigitValue(wchar_t digit) {
+  constexpr std::wstring_view kDigits = L"0123456789abcdef";
+  return static_cast<std::uint32_t>(std::min(kDigits.find(static_cast<wchar_t>(std::towlower(digit))), kDigits.size()));
 }
 
 }  // namespace
@@ -101,11 +113,13 @@ std::optional<std::size_t> IniFile::FindKey(const std::wstring& section, const s
 }
 
 std::uint32_t LeadingNumber(const std::wstring& text) {
-  const bool negative = !text.empty() && text.front() == L'-';
+  auto at = std::find_if(text.begin(), text.end(), [](wchar_t c) { return c > L' '; });
+  const bool negative = at != text.end() && *at == L'-';
+  if (at != text.end() && (*at == L'-' || *at == L'+')) ++at;
+  const auto base = NumberBase({at, text.end()});
+  if (base != 10) at += 2;
   std::uint32_t number = 0;
-  for (auto at = text.begin() + (negative ? 1 : 0); at != text.end() && *at >= L'0' && *at <= L'9'; ++at) {
-    number = number * 10 + static_cast<std::uint32_t>(*at - L'0');
-  }
+  for (; at != text.end() && DigitValue(*at) < base; ++at) number = number * base + DigitValue(*at);
   return negative ? 0U - number : number;
 }
 

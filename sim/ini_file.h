@@ -34,7 +34,8 @@ class IniFile {
   std::vector<std::wstring> lines_;
 };
 
-/// The number a text begins with: an optional minus sign and decimal digits, in 32 bits; 0 when it has none.
+/// The number a text begins with, in 32 bits; 0 when it has none. Blanks and a sign may come first; the digits are
+/// decimal, or hexadecimal after 0x, octal after 0o, binary after 0b.
 [[nodiscard]] std::uint32_t LeadingNumber(const std::wstring& text);
 
 }  // namespace sim

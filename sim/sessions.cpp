@@ -1,6 +1,8 @@
 #include "sim/sessions.h"
 
 #include <algorithm>
+#include <iterator>
+#include <string_view>
 #include <utility>
 
 #include "sim/laptop.h"
@@ -12,7 +14,10 @@ constexpr std::uint32_t kInvalidHandle = 6;          // ERROR_INVALID_HANDLE
 constexpr std::uint32_t kNoToken = 1008;             // ERROR_NO_TOKEN
 constexpr std::uint32_t kFileNotFound = 2;           // ERROR_FILE_NOT_FOUND
 constexpr std::uint32_t kNotAllAssigned = 1300;      // ERROR_NOT_ALL_ASSIGNED
+constexpr std::uint32_t kNoSuchPrivilege = 1313;     // ERROR_NO_SUCH_PRIVILEGE
 constexpr std::uint32_t kLocked = 7, kUnlocked = 8;  // WTS_SESSION_LOCK, WTS_SESSION_UNLOCK
+constexpr const wchar_t* kPrivileges[] = {L"SeCreateTokenPrivilege", L"SeDebugPrivilege",
+                                          L"SeSystemEnvironmentPrivilege", L"SeTcbPrivilege"};
 constexpr auto kLockScreenClass = L"Windows.UI.Core.CoreWindow";
 
 }  // namespace
@@ -68,6 +73,8 @@ os::Result<os::Token> Sessions::UserToken(std::uint32_t sessionId) {
 os::Status Sessions::EnablePrivilege(os::TokenHandle token, const wchar_t* privilege) {
   const auto* of = tokens_.Find(token);
   if (of == nullptr) return os::Error{kInvalidHandle};
+  const auto isIt = [=](const wchar_t* known) { return std::wstring_view(known) == privilege; };
+  if (std::none_of(std::begin(kPrivileges), std::end(kPrivileges), isIt)) return os::Error{kNoSuchPrivilege};
   if (of->session || missingPrivileges.contains(privilege)) return os::Error{kNotAllAssigned};
   enabledPrivileges_.insert(privilege);
   return os::Done{};

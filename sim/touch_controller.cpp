@@ -9,7 +9,8 @@
 namespace sim {
 namespace {
 
-constexpr std::uint32_t kFileNotFound = 2, kAccessDenied = 5, kInvalidParameter = 87, kNoSuchNode = 1168;
+constexpr std::uint32_t kFileNotFound = 2, kAccessDenied = 5, kInvalidParameter = 87, kNoMoreItems = 259,
+                        kNoSuchNode = 1168;
 
 // The beginning of the report after which the pad moves the cursor, its report id first.
 constexpr std::array<std::uint8_t, 12> kCursorMode{3, 0x00, 0x09, 0xA1, 0x00, 0x00, 0x0F, 0x00, 0x00, 0x00, 0x08, 0x70};
@@ -121,7 +122,8 @@ std::vector<std::wstring> TouchController::FirstHardwareIds(os::HidNodesHandle n
 
 std::uint32_t TouchController::SwitchNode(os::HidNodesHandle nodes, std::size_t index, bool enable) {
   const auto* list = nodeLists_.Find(nodes);
-  if (list == nullptr || index >= list->size() || !(*list)[index]->plugged) return kNoSuchNode;
+  if (list == nullptr || index >= list->size()) return kNoMoreItems;
+  if (!(*list)[index]->plugged) return kNoSuchNode;
   auto& node = *(*list)[index];
   nodeSwitches_.push_back({node.hardwareIds.empty() ? std::wstring() : node.hardwareIds[0], enable});
   const bool comesBack = enable && !node.enabled;

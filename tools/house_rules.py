@@ -10,6 +10,7 @@ import sys
 from pathlib import Path
 
 import include_rules
+import verification_table
 from source_tree import Tree
 
 LONGEST_CPP_FILE = 400  # lines
@@ -88,7 +89,7 @@ def reasons_stand_for_themselves(tree):
                 yield file.at(number, f"'{found[0]}' points outside the tree; give the reason itself instead")
 
 
-RULES = include_rules.RULES + (
+RULES = include_rules.RULES + verification_table.RULES + (
     time_and_threads_behind_the_door,
     tidy_text,
     cpp_files_are_short,

@@ -45,6 +45,12 @@ BITES = {
                            "src/display/b.h": H, "src/display/b.cpp": '#include "touch/c.h"\n',
                            "src/touch/c.h": H + '#include "power/a.h"\n'},
                           ["src/power/a.cpp:2: includes run in a circle: display/b → touch/c → power/a → display/b; "]),
+    "door function not accounted for": (
+        {"src/os/a.h": H + "namespace os {\nstruct S { void (*Call)(int); };\n[[nodiscard]] int One(S s = {});\n"
+                           "void Two();  // not Three()\n}\n",
+         "docs/verification.md": "| door | Wine |\n|---|---|\n| `a.h` | `One`, `Gone` |\n| `b.h` | |\n"},
+        ["docs/verification.md:3: a.h declares Two", "docs/verification.md:3: a.h declares no Gone",
+         "docs/verification.md:4: there is no b.h"]),
     "tab": ({"src/core/a.cpp": "\tint a;\n"}, ["src/core/a.cpp:1: a tab"]),
     "trailing blank": ({"README.md": "one\ntwo \n"}, ["README.md:2: blanks"]),
     "carriage return": ({"README.md": "one\r\n"}, ["README.md:1: blanks"]),

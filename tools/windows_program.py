@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks the linked Windows program: it is small, hardened, tells its version and needs nothing but Windows itself."""
+"""Checks linked Windows programs: each is small, hardened, tells its version and needs nothing but Windows itself."""
 
 import argparse
 import re
@@ -65,21 +65,27 @@ def project_version(cmake_lists):
     return tuple(int(number) for number in found[1].split("."))
 
 
+def check(program, objdump, version):
+    """Prints what the program is, after what is wrong with it; True when nothing is."""
+    listing = subprocess.run([objdump, "-p", program], check=True, capture_output=True, text=True).stdout
+    image = program.read_bytes()
+    libraries = imported_libraries(listing)
+    found = list(faults(image, libraries, version))
+    for fault in found:
+        print(f"{program.name}: {fault}")
+    print(f"{program.name}: {len(image)} bytes, version {file_version(image)}, imports {', '.join(libraries)}")
+    return not found
+
+
 def main(arguments):
     parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("program", type=Path)
+    parser.add_argument("programs", type=Path, nargs="+", metavar="program")
     parser.add_argument("--objdump", default="x86_64-w64-mingw32-objdump")
     options = parser.parse_args(arguments)
 
-    listing = subprocess.run([options.objdump, "-p", options.program], check=True, capture_output=True, text=True).stdout
-    image = options.program.read_bytes()
-    libraries = imported_libraries(listing)
     version = project_version((Path(__file__).resolve().parent.parent / "CMakeLists.txt").read_text())
-    found = list(faults(image, libraries, version))
-    for fault in found:
-        print(f"{options.program.name}: {fault}")
-    print(f"{options.program.name}: {len(image)} bytes, version {file_version(image)}, imports {', '.join(libraries)}")
-    return 1 if found else 0
+    sound = [check(program, options.objdump, version) for program in options.programs]
+    return 0 if all(sound) else 1
 
 
 if __name__ == "__main__":

@@ -45,7 +45,8 @@ struct FirmwareRecord {
 
 enum FirmwareLimits { kFirmwareJournalSize = 1024, kFirmwareReplyMost = 1024 };
 
-/* The requests from the wanted one on, oldest first; older ones than the last 1024 are gone. */
+/* The requests from the wanted one on, oldest first; older ones than the last 1024 are gone. A wanted one that is still
+ * to come means that the driver began anew: all of them. */
 struct FirmwareJournal {
   uint32_t total; /* requests since the reset */
   uint32_t first; /* index of records[0] */

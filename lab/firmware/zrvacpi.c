@@ -97,7 +97,7 @@ static NTSTATUS ReadJournal(void* buffer, ULONG inputSize, ULONG outputSize, ULO
   uint32_t first = 0;
   if (inputSize < sizeof first || outputSize < sizeof *out) return STATUS_INVALID_PARAMETER;
   memcpy(&first, buffer, sizeof first);
-  if (first > journalTotal) first = journalTotal;
+  if (first > journalTotal) first = 0;
   if (journalTotal - first > kFirmwareJournalSize) first = journalTotal - kFirmwareJournalSize;
 
   out->total = journalTotal;

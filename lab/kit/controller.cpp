@@ -10,13 +10,12 @@ namespace {
 constexpr UINT kAnswerMs = 30000;
 constexpr WORD kExitCommand = 105;
 
-/// Sends a message and waits until it is handled; false when it was not in time.
+}  // namespace
+
 bool Deliver(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   DWORD_PTR result = 0;
   return SendMessageTimeoutW(window, message, wParam, lParam, SMTO_NORMAL, kAnswerMs, &result) != 0;
 }
-
-}  // namespace
 
 bool Controller::Start() {
   const std::wstring folder = kControllerFolder;
@@ -39,7 +38,7 @@ void Controller::PostTouchPadStatus(bool enabled) {
   PostMessageW(Window(), message, kStatusReport, enabled ? 1 : 0);
 }
 
-bool Controller::NotifyPowerSetting(const GUID& setting, std::uint32_t value) const {
+bool Controller::NotifyPowerSetting(const GUID& setting, std::uint32_t value) {
   // The record must lie in the controller's own memory: only the message's two words cross the processes.
   std::array<std::byte, sizeof(POWERBROADCAST_SETTING) + sizeof value> record{};
   auto* content = reinterpret_cast<POWERBROADCAST_SETTING*>(record.data());
@@ -47,7 +46,9 @@ bool Controller::NotifyPowerSetting(const GUID& setting, std::uint32_t value) co
   content->DataLength = sizeof value;
   std::memcpy(content->Data, &value, sizeof value);
 
-  const HANDLE process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, process_.id());
+  DWORD id = 0;
+  GetWindowThreadProcessId(Window(), &id);
+  const HANDLE process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, id);
   if (process == nullptr) return false;
   void* const there = VirtualAllocEx(process, nullptr, record.size(), MEM_COMMIT, PAGE_READWRITE);
   const bool handled = there != nullptr &&

@@ -18,6 +18,15 @@ constexpr int kLineHeight = 27;
 std::mutex mutex;
 std::deque<std::wstring> lines;
 
+/// Headings, what happened to the laptop and how a check came out stand out from what was merely seen.
+COLORREF ColourOf(const std::wstring& line) {
+  if (!line.starts_with(L"  ")) return RGB(0, 70, 130);
+  if (line.starts_with(L"  laptop ")) return RGB(150, 80, 0);
+  if (line.starts_with(L"  ok ")) return RGB(0, 115, 50);
+  if (line.starts_with(L"  NOT SO ")) return RGB(190, 0, 0);
+  return RGB(70, 74, 80);
+}
+
 void Paint(HWND window) {
   PAINTSTRUCT paint{};
   const HDC to = BeginPaint(window, &paint);
@@ -33,6 +42,7 @@ void Paint(HWND window) {
   int y = 20;
   const std::lock_guard lock(mutex);
   for (const auto& line : lines) {
+    SetTextColor(to, ColourOf(line));
     TextOutW(to, 30, y, line.c_str(), static_cast<int>(line.size()));
     y += kLineHeight;
   }
@@ -57,7 +67,7 @@ void ServeDesktop() {
   const HWND window =
       CreateWindowExW(0, kDesktopClass, L"Desktop", WS_POPUP | WS_VISIBLE, 0, 0, GetSystemMetrics(SM_CXSCREEN),
                       GetSystemMetrics(SM_CYSCREEN), nullptr, nullptr, windowClass.hInstance, nullptr);
-  SetForegroundWindow(window);
+  if (window == nullptr) return;
   MSG message{};
   while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
 }
@@ -65,10 +75,13 @@ void ServeDesktop() {
 }  // namespace
 
 bool OpenDesktop() {
-  std::thread(ServeDesktop).detach();
+  static std::once_flag opened;
+  std::call_once(opened, [] { std::thread(ServeDesktop).detach(); });
   return Eventually([] {
     const HWND window = FindWindowW(kDesktopClass, nullptr);
-    return window != nullptr && GetForegroundWindow() == window;
+    if (window == nullptr) return false;
+    SetForegroundWindow(window);
+    return GetForegroundWindow() == window;
   });
 }
 

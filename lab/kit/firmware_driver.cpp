@@ -73,9 +73,10 @@ bool FirmwareDriver::Reset() {
   return ControlDevice(kDevice, kFirmwareReset, nullptr, 0);
 }
 
-std::vector<FirmwareRecord> FirmwareDriver::Requests(std::uint32_t first) const {
+std::vector<FirmwareRecord> FirmwareDriver::Requests(std::uint32_t& next) const {
   const auto journal = std::make_unique<FirmwareJournal>();
-  if (!ControlDevice(kDevice, kFirmwareReadJournal, &first, sizeof first, journal.get(), sizeof *journal)) return {};
+  if (!ControlDevice(kDevice, kFirmwareReadJournal, &next, sizeof next, journal.get(), sizeof *journal)) return {};
+  next = journal->total;
   return {journal->records, journal->records + journal->count};
 }
 

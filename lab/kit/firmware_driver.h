@@ -29,8 +29,8 @@ class FirmwareDriver {
   /// Factory registers, no faults, an empty journal.
   bool Reset();
 
-  /// The requests from the `first` one on, oldest first.
-  [[nodiscard]] std::vector<FirmwareRecord> Requests(std::uint32_t first = 0) const;
+  /// The requests from number `next` on, oldest first; `next` moves behind them. It begins anew with a driver that did.
+  [[nodiscard]] std::vector<FirmwareRecord> Requests(std::uint32_t& next) const;
 };
 
 /// "DEVS 0x00050031 = 0" or "DSTS 0x00050032 -> 116", and the fault met, if any.

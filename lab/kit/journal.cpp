@@ -28,6 +28,16 @@ bool Journal::HasLine(const std::wstring& text, std::size_t mark) const {
                      [&](const std::wstring& line) { return line.find(text) != std::wstring::npos; });
 }
 
+bool Journal::Contains(const std::wstring& text, std::size_t mark) const {
+  const std::lock_guard lock(mutex_);
+  return HasLine(text, mark);
+}
+
+void Journal::Clear() {
+  const std::lock_guard lock(mutex_);
+  lines_.clear();
+}
+
 bool Journal::WaitFor(const std::wstring& text, std::size_t mark, std::chrono::milliseconds patience) const {
   std::unique_lock lock(mutex_);
   return added_.wait_for(lock, patience, [&] { return HasLine(text, mark); });

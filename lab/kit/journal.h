@@ -27,6 +27,11 @@ class Journal {
 
   [[nodiscard]] std::vector<std::wstring> Since(std::size_t mark) const;
 
+  void Clear();
+
+  /// Whether a line from `mark` on contains `text`.
+  [[nodiscard]] bool Contains(const std::wstring& text, std::size_t mark = 0) const;
+
   /// Waits until a line from `mark` on contains `text`; false when none came in time.
   [[nodiscard]] bool WaitFor(const std::wstring& text, std::size_t mark = 0,
                              std::chrono::milliseconds patience = kPatience) const;

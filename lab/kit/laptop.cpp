@@ -1,5 +1,7 @@
 #include "kit/laptop.h"
 
+#include <filesystem>
+
 #include "kit/activation_server.h"
 #include "kit/laptop_state.h"
 #include "kit/machine.h"
@@ -9,6 +11,7 @@ namespace lab {
 namespace {
 
 constexpr DWORD kWatchMs = 20;
+constexpr std::chrono::milliseconds kPipeQuiet{30};
 constexpr std::size_t kModeReportBytes = 12;  // what the mode report sets; the rest of the 32 is padding
 
 /// The part after "trace " and the like, when the line begins so.
@@ -63,6 +66,24 @@ bool Laptop::Boot() {
   return has(serves, L"application activation");
 }
 
+bool Laptop::Renew() {
+  controller.End();
+  ui.End();
+  ResetLaptopState(*SharedLaptopState());
+  std::error_code ignored;
+  std::filesystem::remove(SettingsPath(), ignored);
+  for (const auto which : {kTouchPad, kTouchScreen}) {
+    if (!touch.Plug(which)) return false;
+  }
+  const std::lock_guard lock(devices_);
+  (void)touch.Outputs(kTouchPad, nextReport_);  // those of the time before
+  nextRequest_ = 0;
+  if (!firmware.Start()) return false;
+  trace.WaitUntilQuiet(kPipeQuiet);  // what the ended controller said last is still on its way
+  for (auto* journal : {&trace, &usage, &uiTalk, &requests, &reports, &patched}) journal->Clear();
+  return true;
+}
+
 bool Laptop::WaitForController() {
   constexpr std::chrono::seconds kStartUp{30};
   if (!Eventually([this] { return Controller::Window() != nullptr || !controller.IsRunning(); }, kStartUp))
@@ -81,16 +102,13 @@ void Laptop::SortIn(const std::wstring& line) {
 }
 
 void Laptop::WatchDevices() {
-  while (WaitForSingleObject(stop_, kWatchMs) == WAIT_TIMEOUT) {
-    for (const auto& request : firmware.Requests(requestsSeen_)) {
-      requestsSeen_++;
-      requests.Add(Describe(request));
-    }
-    for (const auto& report : touch.Outputs(kTouchPad, reportsSeen_)) {
-      reportsSeen_++;
-      reports.Add(HexText(report, kModeReportBytes));
-    }
-  }
+  while (WaitForSingleObject(stop_, kWatchMs) == WAIT_TIMEOUT) ReadDevices();
+}
+
+void Laptop::ReadDevices() {
+  const std::lock_guard lock(devices_);
+  for (const auto& request : firmware.Requests(nextRequest_)) requests.Add(Describe(request));
+  for (const auto& report : touch.Outputs(kTouchPad, nextReport_)) reports.Add(HexText(report, kModeReportBytes));
 }
 
 }  // namespace lab

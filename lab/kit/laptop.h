@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <mutex>
 #include <string>
 
 #include "kit/controller.h"
@@ -26,6 +27,11 @@ class Laptop {
   /// one is told to the listener.
   bool Boot();
 
+  /// The laptop as after a boot, with nothing running on it: controller and UI gone, no settings file, factory
+  /// registers and no faults in the firmware, both collections plugged in, on mains and extended. The journals are
+  /// empty. False when a device does not answer.
+  bool Renew();
+
   /// Waits until the controller's message loop has served everything posted to it so far; false when it does not, or
   /// there is no window, within 30 seconds.
   bool WaitForController();
@@ -45,9 +51,11 @@ class Laptop {
  private:
   void SortIn(const std::wstring& line);
   void WatchDevices();
+  void ReadDevices();
 
   Listener listener_;
-  std::uint32_t requestsSeen_ = 0, reportsSeen_ = 0;
+  std::mutex devices_;  // guards the two numbers, and that what is read is in the journals before more is read
+  std::uint32_t nextRequest_ = 0, nextReport_ = 0;
   HANDLE watcher_ = nullptr, stop_ = nullptr;
 };
 

@@ -16,12 +16,6 @@ bool WriteText(HKEY key, const wchar_t* name, const std::wstring& text) {
                         static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))) == ERROR_SUCCESS;
 }
 
-std::wstring EnvironmentText(const wchar_t* name) {
-  std::array<wchar_t, 1024> text{};
-  GetEnvironmentVariableW(name, text.data(), static_cast<DWORD>(text.size()));
-  return text.data();
-}
-
 /// A PNG is whole when its last chunk, 12 bytes named IEND, is there.
 bool IsWholePng(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
@@ -33,6 +27,12 @@ bool IsWholePng(const std::filesystem::path& path) {
 }
 
 }  // namespace
+
+std::wstring EnvironmentText(const wchar_t* name) {
+  std::array<wchar_t, 1024> text{};
+  GetEnvironmentVariableW(name, text.data(), static_cast<DWORD>(text.size()));
+  return text.data();
+}
 
 bool WriteFactoryIds() {
   HKEY key = nullptr;

@@ -5,6 +5,9 @@
 
 namespace lab {
 
+/// A variable of this process's environment; empty when it is not set.
+[[nodiscard]] std::wstring EnvironmentText(const wchar_t* name);
+
 /// Writes the factory's hardware ids that tell B and C panel apart, as they are on this laptop, into the registry.
 bool WriteFactoryIds();
 

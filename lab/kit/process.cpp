@@ -1,19 +1,26 @@
 #include "kit/process.h"
 
+#include <winternl.h>
+
 #include <array>
+#include <cstddef>
 #include <cstdio>
+#include <cstring>
 #include <utility>
+#include <vector>
 
 namespace lab {
 namespace {
 
 constexpr DWORD kInjectionMs = 20000;
 
-/// Loads a DLL into a suspended process: LoadLibraryW sits at the same address in every process.
+}  // namespace
+
 bool LoadInto(HANDLE process, const std::wstring& dll) {
   const std::size_t size = (dll.size() + 1) * sizeof(wchar_t);
   void* const path = VirtualAllocEx(process, nullptr, size, MEM_COMMIT, PAGE_READWRITE);
   if (path == nullptr || !WriteProcessMemory(process, path, dll.c_str(), size, nullptr)) return false;
+  // LoadLibraryW sits at the same address in every process.
   const auto load = reinterpret_cast<LPTHREAD_START_ROUTINE>(
       reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "LoadLibraryW")));
   const HANDLE thread = CreateRemoteThread(process, nullptr, 0, load, path, 0, nullptr);
@@ -24,8 +31,6 @@ bool LoadInto(HANDLE process, const std::wstring& dll) {
   CloseHandle(thread);
   return loaded;
 }
-
-}  // namespace
 
 ChildProcess ChildProcess::Start(const std::wstring& program, const std::wstring& arguments,
                                  const std::wstring& patch) {
@@ -68,6 +73,28 @@ std::optional<std::uint32_t> ChildProcess::WaitForExit(std::chrono::milliseconds
   DWORD code = 0;
   if (!GetExitCodeProcess(process_, &code)) return {};
   return code;
+}
+
+// GetProcessHandleCount would be the way, but Wine always answers 0.
+std::uint32_t ChildProcess::HandleCount() const {
+  constexpr auto kAllHandles = static_cast<SYSTEM_INFORMATION_CLASS>(16);  // SystemHandleInformation
+  struct Handle {
+    ULONG owner;
+    std::array<BYTE, 20> rest;
+  };
+  // A 32-bit count, then the handles, aligned to 8 bytes.
+  constexpr std::size_t kFirst = 8, kRoom = 1 << 20;
+  std::vector<std::byte> list(kRoom);
+  ULONG size = 0, count = 0;
+  if (NtQuerySystemInformation(kAllHandles, list.data(), kRoom, &size) != 0) return 0;
+  std::memcpy(&count, list.data(), sizeof count);
+  std::uint32_t own = 0;
+  for (std::size_t i = 0; i < count; i++) {
+    Handle handle{};
+    std::memcpy(&handle, list.data() + kFirst + i * sizeof handle, sizeof handle);
+    if (handle.owner == id()) own++;
+  }
+  return own;
 }
 
 void ChildProcess::Kill() {

@@ -34,6 +34,9 @@ class ChildProcess {
   /// The exit code once the program has ended; empty when it has not in time.
   [[nodiscard]] std::optional<std::uint32_t> WaitForExit(std::chrono::milliseconds patience = kPatience) const;
 
+  /// Its open handles (NtQuerySystemInformation); 0 when the system does not say.
+  [[nodiscard]] std::uint32_t HandleCount() const;
+
   void Kill();
 
  private:
@@ -41,6 +44,10 @@ class ChildProcess {
 
   HANDLE process_ = nullptr;
 };
+
+/// Loads a DLL into a process, suspended or not (CreateRemoteThread of LoadLibraryW), and waits for it; false when that
+/// fails.
+bool LoadInto(HANDLE process, const std::wstring& dll);
 
 /// The folder that the lab's programs are installed in, with a backslash at its end.
 [[nodiscard]] std::wstring LabFolder();

@@ -3,25 +3,39 @@
 #include <cwchar>
 #include <iterator>
 
-#include "ui/ui_message.h"
-
 namespace lab {
-
 namespace {
 
 std::wstring Program() {
   return LabFolder() + L"tessaview-ui.exe";
 }
 
-}  // namespace
-
-bool StandInUi::Start() {
-  process_ = ChildProcess::Start(Program());
-  return process_ && Eventually(IsThere);
+/// Open as long as this process lives, so that a wake that comes first is not lost.
+HANDLE WakeEvent() {
+  static const HANDLE wake = CreateEventW(nullptr, FALSE, FALSE, kWakeEvent);
+  return wake;
 }
 
-bool StandInUi::IsThere() {
-  return FindWindowW(kUiClass, nullptr) != nullptr;
+}  // namespace
+
+bool StandInUi::Start(const wchar_t* windowClass) {
+  const std::wstring wanted = windowClass;
+  const wchar_t* const option = wanted == kUiGuideClass ? L"--guide" : wanted == kUiVideoClass ? L"--video" : L"";
+  process_ = ChildProcess::Start(Program(), option);
+  return process_ && Eventually([&] { return IsThere(windowClass); });
+}
+
+bool StandInUi::IsThere(const wchar_t* windowClass) {
+  return FindWindowW(windowClass, nullptr) != nullptr;
+}
+
+bool StandInUi::Hang() {
+  ResetEvent(WakeEvent());
+  return SendUiMessage(FindWindowW(kUiClass, nullptr), kPleaseHang, {});
+}
+
+void StandInUi::Wake() {
+  SetEvent(WakeEvent());
 }
 
 bool StandInUi::Send(const std::wstring& command, std::uint64_t number) {

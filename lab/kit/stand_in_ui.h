@@ -4,16 +4,21 @@
 #include <string>
 
 #include "kit/process.h"
+#include "ui/ui_message.h"
 
 namespace lab {
 
-/// The user-facing application's stand-in: a process of its own with the UI's window on the C panel.
+/// The user-facing application's stand-in: a process of its own with one of the UI's windows on the C panel.
 class StandInUi {
  public:
-  /// Starts it and waits for its window.
-  bool Start();
+  /// Starts it with the main window, or with the window of another class of the UI's, and waits for that.
+  bool Start(const wchar_t* windowClass = kUiClass);
 
-  [[nodiscard]] static bool IsThere();
+  [[nodiscard]] static bool IsThere(const wchar_t* windowClass = kUiClass);
+
+  /// The main window's process serves nothing any more, as a hung one, until it is woken. Returns once it hangs.
+  static bool Hang();
+  static void Wake();
 
   /// Has it send the controller a command, the number in the record's handle field; true when the controller took it.
   static bool Send(const std::wstring& command, std::uint64_t number = 0);

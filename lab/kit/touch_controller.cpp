@@ -60,6 +60,7 @@ bool BusAnswers() {
 }  // namespace
 
 bool TouchController::Install() {
+  if (BusAnswers()) return true;
   CopyDriver(L"zrvbus.sys");
   CopyDriver(L"zrvhid.sys");
   const std::wstring folder = LabFolder();
@@ -76,6 +77,7 @@ bool TouchController::Install() {
 }
 
 bool TouchController::Plug(TouchDevice which) {
+  if (IsPresent(which)) return true;
   const std::uint32_t request = which;
   return ControlDevice(kBus, kTouchPlug, &request, sizeof request) && Eventually([&] { return IsPresent(which); });
 }
@@ -97,11 +99,12 @@ bool TouchController::Report(TouchDevice which, const TouchBytes& report) {
   return ControlDevice(kBus, kTouchInput, request.data(), static_cast<std::uint32_t>(request.size()));
 }
 
-std::vector<TouchBytes> TouchController::Outputs(TouchDevice which, std::uint32_t first) const {
-  const std::array<std::uint32_t, 2> request{static_cast<std::uint32_t>(which), first};
+std::vector<TouchBytes> TouchController::Outputs(TouchDevice which, std::uint32_t& next) const {
+  const std::array<std::uint32_t, 2> request{static_cast<std::uint32_t>(which), next};
   const auto outputs = std::make_unique<TouchOutputs>();
   std::vector<TouchBytes> reports;
   if (!ControlDevice(kBus, kTouchOutputs, request.data(), sizeof request, outputs.get(), sizeof *outputs)) return {};
+  next = outputs->total;
   for (std::uint32_t i = 0; i < outputs->count; i++) {
     const TouchReport& report = outputs->reports[i];
     reports.emplace_back(report.bytes, report.bytes + report.size);

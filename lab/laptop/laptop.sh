@@ -3,7 +3,7 @@
 #
 #   laptop_prepare SOURCE STATE   builds what the X server needs, makes the base prefix once; SOURCE is the repository,
 #                                 STATE a folder for what is built and running
-#   laptop_install FROM…          the programs of the laptop, once it has a fresh prefix
+#   laptop_install LAB CONTROLLER the programs of the laptop, once it has a fresh prefix
 #   laptop_boot                   X server, prefix and Wine server up; DISPLAY and WINEPREFIX set
 #   laptop_run PROGRAM…           a Windows program in the lab's folder
 #   laptop_end                    ends all of it, by process id; safe to call at any time, also twice
@@ -116,13 +116,13 @@ laptop_boot() {
   laptop_wait "Wine server" "$laptop_wine_pid" test -S "/proc/$laptop_wine_pid/cwd/socket"
 }
 
-# laptop_install LAB CONTROLLER: the lab's programs and drivers, and the controller with the package check beside it.
+# laptop_install LAB CONTROLLER: the lab's programs and drivers, and the controller with its package check beside it.
 laptop_install() {
   local lab=$1 controller=$2
   local drive=$WINEPREFIX/drive_c
   mkdir -p "$drive/lab" "$drive/Program Files/NORV/Tessaview"
   cp "$lab"/*.exe "$lab"/*.dll "$lab"/*.sys "$lab"/*.inf "$drive/lab/"
-  cp "$controller" "$lab/NorvTessaviewCheck.exe" "$drive/Program Files/NORV/Tessaview/"
+  cp "$controller" "${controller%/*}/NorvTessaviewCheck.exe" "$drive/Program Files/NORV/Tessaview/"
 }
 
 # laptop_run SECONDS PROGRAM ARGUMENT…: no longer than so many seconds.

@@ -1,5 +1,5 @@
-// The import patch: loaded into the controller before its first instruction, it redirects the calls that Wine only
-// pretends to serve.
+// The import patch: loaded into the controller, and the programs that it starts, before their first instruction, it
+// redirects the calls that Wine only pretends to serve.
 #include <windows.h>
 
 #include "kit/text_pipe.h"
@@ -21,6 +21,7 @@ void Install() {
   RedirectAll(DisplayCalls());
   RedirectAll(PowerCalls());
   RedirectAll(TouchCalls());
+  RedirectAll(ProgramCalls());
 }
 
 }  // namespace

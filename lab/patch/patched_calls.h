@@ -12,6 +12,7 @@ std::array<Redirection, 2> TraceCalls();
 std::array<Redirection, 1> DisplayCalls();
 std::array<Redirection, 1> PowerCalls();
 std::array<Redirection, 4> TouchCalls();
+std::array<Redirection, 2> ProgramCalls();
 
 /// Tells the story or test a line, when one listens: "trace …", "usage …" or "patch …".
 void Report(const std::wstring& line);

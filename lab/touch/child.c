@@ -103,7 +103,7 @@ void CopyOutputs(struct Child* child, uint32_t first, struct TouchOutputs* to) {
   KIRQL level;
   KeAcquireSpinLock(&child->lock, &level);
   const uint32_t total = child->outputTotal;
-  if (first > total) first = total;
+  if (first > total) first = 0;
   if (total - first > kTouchOutputsKept) first = total - kTouchOutputsKept;
   to->total = total;
   to->first = first;

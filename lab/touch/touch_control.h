@@ -20,7 +20,8 @@ struct TouchReport {
   uint8_t bytes[kTouchReportMost];
 };
 
-/* The output reports written to the device since it was plugged in, from the wanted one on; the last 64 are kept. */
+/* The output reports written to the device since it was plugged in, from the wanted one on; the last 64 are kept. A
+ * wanted one that is still to come means that the device was plugged in anew: all of them. */
 struct TouchOutputs {
   uint32_t total, first, count;
   struct TouchReport reports[kTouchOutputsKept];

@@ -43,8 +43,17 @@ std::wstring Talk::Touched(const unsigned char* report, std::size_t size) {
     swprintf(byte.data(), byte.size(), L" %02X", report[i]);
     line += byte.data();
   }
+  constexpr std::size_t kContactSize = 8;  // report id, tip switch, contact id, X, Y, contact count
+  if (size == kContactSize) Follow(report);
   Keep(line);
   return line;
+}
+
+void Talk::Follow(const unsigned char* contact) {
+  const bool down = (contact[1] & 1) != 0;
+  if (down && !fingerDown_) trail_.clear();
+  trail_.push_back({contact[3] | contact[4] << 8, contact[5] | contact[6] << 8});
+  fingerDown_ = down;
 }
 
 void Talk::Keep(std::wstring line) {

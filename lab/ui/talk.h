@@ -8,6 +8,8 @@
 
 namespace lab {
 
+inline constexpr LONG kTouchRange = 4096;
+
 /// What the stand-in UI knows: the last texts both ways, and whether the C panel is meant to be on.
 class Talk {
  public:
@@ -15,7 +17,7 @@ class Talk {
   std::wstring Received(const UiMessage& message);
   std::wstring Sent(const UiMessage& message);
 
-  /// A touch report came from the controller.
+  /// A touch report came from the controller. Returns its line, "touch 01 01 …".
   std::wstring Touched(const unsigned char* report, std::size_t size);
 
   /// Whether the panel is on; empty until the controller has told.
@@ -23,12 +25,19 @@ class Talk {
   [[nodiscard]] const std::wstring& lastReceived() const { return lastReceived_; }
   [[nodiscard]] const std::deque<std::wstring>& lines() const { return lines_; }
 
+  /// Where the finger has been, in the touch controller's units, 0 to kTouchRange; a finger that comes down anew leaves
+  /// a new trail.
+  [[nodiscard]] const std::deque<POINT>& trail() const { return trail_; }
+
  private:
   void Keep(std::wstring line);
+  void Follow(const unsigned char* contact);
 
   std::optional<bool> panelOn_;
   std::wstring lastReceived_;
   std::deque<std::wstring> lines_;  // newest last
+  std::deque<POINT> trail_;
+  bool fingerDown_ = false;
 };
 
 }  // namespace lab

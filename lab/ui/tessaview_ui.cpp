@@ -1,20 +1,34 @@
 // The stand-in UI.
-//   tessaview-ui                  shows itself on the C panel and talks with the controller
-//   tessaview-ui COMMAND [VALUE]  sends the controller one command: tessaview-ui BLSET 50
+//   tessaview-ui                        shows itself on the C panel and talks with the controller
+//   tessaview-ui --guide                shows the first-run guide's window instead
+//   tessaview-ui --video                shows the video's window instead
+//   tessaview-ui COMMAND [VALUE [X Y]]  sends the controller one command: tessaview-ui BLSET 50
 #include <cstdio>
 #include <cwchar>
 #include <iterator>
+#include <span>
+#include <string_view>
 
 #include "ui/ui_message.h"
 #include "ui/ui_window.h"
 
 namespace {
 
-int SendCommand(const wchar_t* command, const wchar_t* value) {
+std::int32_t NumberAt(std::span<wchar_t*> words, std::size_t index) {
+  return index < words.size() ? static_cast<std::int32_t>(wcstol(words[index], nullptr, 10)) : 0;
+}
+
+int SendCommand(std::span<wchar_t*> words) {
   lab::UiMessage message{};
-  wcsncpy(message.text, command, std::size(message.text) - 1);
-  if (value != nullptr) message.handle = wcstoul(value, nullptr, 10);
-  if (lab::SendUiMessage(FindWindowW(lab::kControllerClass, nullptr), lab::kUiMessageKind, message)) return 0;
+  wcsncpy(message.text, words[0], std::size(message.text) - 1);
+  message.handle = static_cast<std::uint32_t>(NumberAt(words, 1));
+  message.point[0] = NumberAt(words, 2);
+  message.point[1] = NumberAt(words, 3);
+  const HWND controller = FindWindowW(lab::kControllerClass, nullptr), shown = FindWindowW(lab::kUiClass, nullptr);
+  // A UI that shows itself sends it, so that the command stands in its talk.
+  const bool sent = shown == nullptr ? lab::SendUiMessage(controller, lab::kUiMessageKind, message)
+                                     : lab::SendUiMessage(shown, lab::kPleaseSend, message);
+  if (controller != nullptr && sent) return 0;
   std::fputs("the controller is not there\n", stderr);
   return 1;
 }
@@ -22,6 +36,9 @@ int SendCommand(const wchar_t* command, const wchar_t* value) {
 }  // namespace
 
 int wmain(int count, wchar_t** words) {
-  if (count < 2) return lab::RunUiWindow();
-  return SendCommand(words[1], count > 2 ? words[2] : nullptr);
+  const std::wstring_view first = count < 2 ? L"" : words[1];
+  if (first.empty()) return lab::RunUiWindow(lab::kUiClass, {});
+  if (first == L"--guide") return lab::RunUiWindow(lab::kUiGuideClass, L"guide");
+  if (first == L"--video") return lab::RunUiWindow(lab::kUiVideoClass, L"video");
+  return SendCommand(std::span(words, static_cast<std::size_t>(count)).subspan(1));
 }

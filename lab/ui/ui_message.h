@@ -20,8 +20,15 @@ static_assert(sizeof(UiMessage) == 552 && offsetof(UiMessage, handle) == 520 && 
 inline constexpr WPARAM kRawTouchKind = 101;   // controller to UI: one HID report
 inline constexpr WPARAM kUiMessageKind = 102;  // both ways: a UiMessage
 inline constexpr WPARAM kPleaseSend = 900;     // lab to stand-in UI: a UiMessage that it shall send to the controller
+inline constexpr WPARAM kPleaseHang = 901;  // lab to stand-in UI: a UiMessage; serves nothing until kWakeEvent is set
 
+/// Set by the lab, it ends a hang of the stand-in UI (auto-reset).
+inline constexpr wchar_t kWakeEvent[] = L"TessaviewLabWake";
+
+// The UI's window classes, its own and those of the first-run guide and of the video.
 inline constexpr wchar_t kUiClass[] = L"Tessaview";
+inline constexpr wchar_t kUiGuideClass[] = L"TessaviewQuickGuide";
+inline constexpr wchar_t kUiVideoClass[] = L"TessaviewVideoClass";
 inline constexpr wchar_t kControllerClass[] = L"TESSAVIEWSERVICE";
 
 /// Sends one record and waits until the other side has taken it, at most 10 s; false when nobody has.

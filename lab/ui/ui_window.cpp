@@ -13,8 +13,10 @@ namespace {
 
 Talk talk;
 HANDLE journal = INVALID_HANDLE_VALUE;
+std::wstring ownName;
 
-void Tell(const std::wstring& line) {
+void Tell(const std::wstring& event) {
+  const std::wstring line = ownName + event;
   DWORD written = 0;
   if (journal != INVALID_HANDLE_VALUE) {
     WriteFile(journal, line.data(), static_cast<DWORD>(line.size() * sizeof(wchar_t)), &written, nullptr);
@@ -34,6 +36,19 @@ void DrawLine(HDC to, const std::wstring& text, RECT area, int height, COLORREF 
   DeleteObject(font);
 }
 
+/// The finger's way over the panel, which may pass under the texts.
+void DrawTrail(HDC to, const RECT& all) {
+  constexpr int kRadius = 26;
+  const HGDIOBJ brush = SelectObject(to, CreateSolidBrush(RGB(236, 150, 40)));
+  const HGDIOBJ pen = SelectObject(to, GetStockObject(NULL_PEN));
+  for (const auto& [x, y] : talk.trail()) {
+    const int left = x * all.right / kTouchRange, top = y * all.bottom / kTouchRange;
+    Ellipse(to, left - kRadius, top - kRadius, left + kRadius, top + kRadius);
+  }
+  SelectObject(to, pen);
+  DeleteObject(SelectObject(to, brush));
+}
+
 /// The state and the last text large on the left, the talk so far on the right.
 void Paint(HWND window) {
   PAINTSTRUCT paint{};
@@ -46,12 +61,13 @@ void Paint(HWND window) {
   FillRect(to, &all, background);
   DeleteObject(background);
   SetBkMode(to, TRANSPARENT);
+  if (!off) DrawTrail(to, all);
 
   const COLORREF bright = off ? RGB(130, 130, 130) : RGB(255, 255, 255);
   const LONG middle = all.right / 2;
   DrawLine(to, title, {40, 30, middle, 170}, 110, bright, DT_LEFT);
-  DrawLine(to, L"last told", {40, 230, middle, 290}, 36, RGB(150, 180, 200), DT_LEFT);
-  DrawLine(to, talk.lastReceived(), {40, 290, middle, 420}, 84, bright, DT_LEFT);
+  if (!talk.lastReceived().empty()) DrawLine(to, L"last told", {40, 230, middle, 290}, 36, RGB(150, 180, 200), DT_LEFT);
+  DrawLine(to, talk.lastReceived(), {40, 290, middle, 420}, 64, bright, DT_LEFT);
   constexpr LONG kLineHeight = 52;
   LONG top = 24;
   for (const auto& line : talk.lines()) {
@@ -63,12 +79,23 @@ void Paint(HWND window) {
 
 // ---- What it does ----
 
+/// A hang, as far as others can see: whoever asked for it has his answer already.
+void Hang() {
+  ReplyMessage(TRUE);
+  const HANDLE wake = CreateEventW(nullptr, FALSE, FALSE, kWakeEvent);
+  Tell(L"hangs");
+  WaitForSingleObject(wake, INFINITE);
+  CloseHandle(wake);
+  Tell(L"woke");
+}
+
 /// The record of a WM_COPYDATA; null when it is none.
 const UiMessage* RecordOf(const COPYDATASTRUCT& data) {
   return data.cbData == sizeof(UiMessage) ? static_cast<const UiMessage*>(data.lpData) : nullptr;
 }
 
 void TakeData(HWND window, WPARAM kind, const COPYDATASTRUCT& data) {
+  if (kind == kPleaseHang) return Hang();
   if (kind == kRawTouchKind) {
     Tell(L"received " + talk.Touched(static_cast<const unsigned char*>(data.lpData), data.cbData));
   } else if (const UiMessage* message = RecordOf(data); message != nullptr && kind == kUiMessageKind) {
@@ -115,15 +142,16 @@ RECT CPanelArea() {
 
 }  // namespace
 
-int RunUiWindow() {
+int RunUiWindow(const wchar_t* className, const std::wstring& name) {
+  ownName = name.empty() ? name : name + L" ";
   journal = CreateFileW(kUiPipe, GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
   WNDCLASSW windowClass{};
   windowClass.lpfnWndProc = OnMessage;
   windowClass.hInstance = GetModuleHandleW(nullptr);
-  windowClass.lpszClassName = kUiClass;
+  windowClass.lpszClassName = className;
   RegisterClassW(&windowClass);
   const RECT area = CPanelArea();
-  const HWND window = CreateWindowExW(WS_EX_NOACTIVATE | WS_EX_TOPMOST, kUiClass, L"Tessaview", WS_POPUP | WS_VISIBLE,
+  const HWND window = CreateWindowExW(WS_EX_NOACTIVATE | WS_EX_TOPMOST, className, L"Tessaview", WS_POPUP | WS_VISIBLE,
                                       area.left, area.top, area.right - area.left, area.bottom - area.top, nullptr,
                                       nullptr, windowClass.hInstance, nullptr);
   if (window == nullptr) return 1;

@@ -10,9 +10,9 @@ namespace os {
 [[nodiscard]] std::wstring ReadProfileText(const std::wstring& path, const wchar_t* section, const wchar_t* key,
                                            const wchar_t* fallback);
 
-/// Reads one decimal value of an INI file (GetPrivateProfileIntW): the leading digits of the text, 0 when it has
-/// none; a value with a minus sign comes back as its two's complement. `fallback` when the file, section or key is
-/// missing or the text is empty. Any thread; a file read.
+/// Reads one number of an INI file (GetPrivateProfileIntW): the leading digits of the text, 0 when it has none;
+/// decimal, or hexadecimal after "0x". A value with a minus sign comes back as its two's complement. `fallback` when
+/// the file, section or key is missing or the text is empty. Any thread; a file read.
 [[nodiscard]] std::uint32_t ReadProfileNumber(const std::wstring& path, const wchar_t* section, const wchar_t* key,
                                               std::uint32_t fallback);
 

@@ -1,0 +1,105 @@
+// What the door asks of Windows about devices, where Wine only pretends to serve it.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+#include <setupapi.h>
+
+#include <string>
+
+#include "contract/patched.h"
+#include "os/device_io.h"
+#include "os/hid.h"
+#include "os/power.h"
+
+namespace contract {
+namespace {
+
+TEST(DeviceArguments, DevicesAreOpenedShared) {
+  static std::string asked;
+  CONTRACT_PATCH(
+      CreateFileW,
+      [](LPCWSTR, DWORD access, DWORD share, SECURITY_ATTRIBUTES*, DWORD disposition, DWORD flags, HANDLE) -> HANDLE {
+        asked = std::to_string(access >> 28) + " " + std::to_string(share) + " " + std::to_string(disposition) + " " +
+                std::to_string(flags);
+        return SetLastError(ERROR_SHARING_VIOLATION), INVALID_HANDLE_VALUE;
+      });
+  EXPECT_EQ(os::OpenDevice(L"\\\\.\\Device").error(), 32U);
+  EXPECT_EQ(asked, "12 3 3 0") << "read and write, shared for both, existing";
+  EXPECT_EQ(os::OpenHid(L"\\\\?\\HID#").error(), 32U);
+  EXPECT_EQ(asked, "4 3 3 0") << "write only";
+}
+
+TEST(DeviceArguments, AFirmwareVariableIsNamedSpacedAndSized) {
+  static std::wstring asked;
+  CONTRACT_PATCH(SetFirmwareEnvironmentVariableW, [](auto name, auto guid, auto value, auto size) -> BOOL {
+    asked = name + std::wstring(guid) + std::to_wstring(size) + std::to_wstring(*static_cast<BYTE*>(value));
+    return SetLastError(ERROR_PRIVILEGE_NOT_HELD), FALSE;
+  });
+  EXPECT_EQ(os::WriteFirmwareVariable(L"Name", L"{guid}", os::Bytes{9, 0, 0, 0}).error(), 1314U);
+  EXPECT_EQ(asked, L"Name{guid}49");
+}
+
+TEST(DeviceArguments, ThePowerStatusIsThatOfTheSourceAndTheSaver) {
+  static BOOL answers;
+  CONTRACT_PATCH(GetSystemPowerStatus, [](auto status) -> BOOL {
+    *status = {255, 2, 3, 1, 4, 5};
+    return SetLastError(ERROR_GEN_FAILURE), answers;
+  });
+  answers = TRUE;
+  const auto status = os::QueryPowerStatus();
+  ASSERT_TRUE(status);
+  EXPECT_TRUE(status->acLineStatus == 255 && status->systemStatusFlag == 1);
+  answers = FALSE;
+  EXPECT_EQ(os::QueryPowerStatus().error(), 31U);
+}
+
+TEST(DeviceArguments, ANodeIsSwitchedForGoodInAllProfiles) {
+  static SP_PROPCHANGE_PARAMS change;
+  static DWORD size;
+  static DI_FUNCTION called;
+  static DWORD enumeratorFlags;
+  CONTRACT_PATCH(SetupDiGetClassDevsW, [](auto devices, auto enumerator, auto, auto flags) -> HDEVINFO {
+    enumeratorFlags = devices == nullptr && std::wcscmp(enumerator, L"HID") == 0 ? flags : 0;
+    return reinterpret_cast<HDEVINFO>(0x1234);
+  });
+  CONTRACT_PATCH(SetupDiDestroyDeviceInfoList, [](auto) -> BOOL { return TRUE; });
+  CONTRACT_PATCH(SetupDiEnumDeviceInfo, [](auto, auto index, auto node) -> BOOL {
+    node->DevInst = 70 + index;
+    return index < 2;
+  });
+  CONTRACT_PATCH(SetupDiSetClassInstallParamsW, [](auto, auto node, auto parameters, auto length) -> BOOL {
+    change = *reinterpret_cast<SP_PROPCHANGE_PARAMS*>(parameters), size = length;
+    return node->DevInst == 71;
+  });
+  CONTRACT_PATCH(SetupDiCallClassInstaller, [](auto function, auto, auto node) -> BOOL {
+    called = function;
+    return SetLastError(ERROR_ACCESS_DENIED), node->DevInst == 71 && change.StateChange == DICS_ENABLE;
+  });
+  const auto nodes = os::OpenHidNodes();
+  ASSERT_TRUE(nodes);
+  EXPECT_EQ(enumeratorFlags, DWORD{DIGCF_PRESENT | DIGCF_ALLCLASSES});
+  EXPECT_TRUE(os::EnableHidNode(*nodes, 1, true));
+  EXPECT_EQ(os::EnableHidNode(*nodes, 1, false).error(), 5U) << "what the class installer says";
+  EXPECT_EQ(size, sizeof(SP_PROPCHANGE_PARAMS));
+  EXPECT_EQ(change.ClassInstallHeader.cbSize, sizeof(SP_CLASSINSTALL_HEADER));
+  EXPECT_TRUE(change.ClassInstallHeader.InstallFunction == DIF_PROPERTYCHANGE && called == DIF_PROPERTYCHANGE);
+  EXPECT_TRUE(change.StateChange == DICS_DISABLE && change.Scope == DICS_FLAG_GLOBAL && change.HwProfile == 0);
+}
+
+TEST(DeviceArguments, RawInputIsAskedForOneUsagePage) {
+  static RAWINPUTDEVICE asked;
+  CONTRACT_PATCH(RegisterRawInputDevices, [](auto devices, auto count, auto size) -> BOOL {
+    asked = *devices;
+    return SetLastError(ERROR_INVALID_PARAMETER), count == 1 && size == 16 && devices->usUsage == 0;
+  });
+  const auto window = os::WindowHandle{0x10234};
+  EXPECT_TRUE(os::RegisterRawInput(0x0D, 0, os::kRawInputPageOnly | os::kRawInputSink, window));
+  EXPECT_EQ(asked.usUsagePage, 0x0D);
+  EXPECT_EQ(asked.dwFlags, DWORD{RIDEV_PAGEONLY | RIDEV_INPUTSINK});
+  EXPECT_EQ(asked.hwndTarget, reinterpret_cast<HWND>(0x10234));
+  EXPECT_EQ(os::RegisterRawInput(0x0D, 4, os::kRawInputRemove, os::WindowHandle::None).error(), 87U);
+  EXPECT_TRUE(asked.dwFlags == RIDEV_REMOVE && asked.hwndTarget == nullptr);
+}
+
+}  // namespace
+}  // namespace contract

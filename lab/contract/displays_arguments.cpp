@@ -1,0 +1,154 @@
+// What the door asks of Windows about displays, where Wine only pretends to serve it.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+#include <shellscalingapi.h>
+
+#undef ChangeDisplaySettings  // the door has a function of this name
+
+#include <array>
+#include <bit>
+#include <cstring>
+#include <cwchar>
+#include <numeric>
+#include <tuple>
+
+#include "contract/com_object.h"
+#include "contract/patched.h"
+#include "os/displays.h"
+
+namespace contract {
+namespace {
+
+using os::DisplayQuery;
+
+/// A record whose bytes all differ from their neighbours'.
+template <class Record>
+Record Distinct(std::uint8_t first) {
+  std::array<std::uint8_t, sizeof(Record)> bytes{};
+  std::iota(bytes.begin(), bytes.end(), first);
+  return std::bit_cast<Record>(bytes);
+}
+
+DISPLAYCONFIG_PATH_INFO gPath;
+DISPLAYCONFIG_MODE_INFO gMode;
+
+TEST(DisplayArguments, APathAndItsModesComeBackAsTheyWere) {
+  gPath = Distinct<DISPLAYCONFIG_PATH_INFO>(1);
+  gPath.targetInfo.targetAvailable = TRUE;
+  gMode = Distinct<DISPLAYCONFIG_MODE_INFO>(100);
+  static bool tookTopology;
+  static UINT32 sizesFor, queried;
+  CONTRACT_PATCH(GetDisplayConfigBufferSizes, [](auto flags, auto paths, auto modes) -> LONG {
+    sizesFor = flags;
+    *paths = *modes = 3;
+    return 0;
+  });
+  CONTRACT_PATCH(QueryDisplayConfig,
+                 [](auto flags, auto pathCount, auto paths, auto modeCount, auto modes, auto topology) -> LONG {
+                   queried = flags;
+                   tookTopology = topology != nullptr;
+                   if (tookTopology) *topology = DISPLAYCONFIG_TOPOLOGY_CLONE;
+                   if (*pathCount != 3 || *modeCount != 3) return ERROR_INSUFFICIENT_BUFFER;
+                   *pathCount = *modeCount = 1;
+                   paths[0] = gPath, modes[0] = gMode;
+                   return 0;
+                 });
+  static UINT32 changedWith;
+  CONTRACT_PATCH(SetDisplayConfig, [](auto pathCount, auto paths, auto modeCount, auto modes, auto flags) -> LONG {
+    changedWith = flags;
+    if (pathCount == 0 && modeCount == 0) return paths == nullptr && modes == nullptr ? 31 : -1;
+    const bool same = pathCount == 1 && modeCount == 1 && std::memcmp(paths, &gPath, sizeof gPath) == 0 &&
+                      std::memcmp(modes, &gMode, sizeof gMode) == 0;
+    return same ? 0 : -1;
+  });
+
+  for (const auto query : {DisplayQuery::AllPaths, DisplayQuery::OnlyActivePaths, DisplayQuery::DatabaseCurrent}) {
+    const auto told = os::QueryDisplayConfiguration(DisplayQuery::OnlyActivePaths, query);
+    ASSERT_TRUE(told && told->paths.size() == 1 && told->modes.size() == 1);
+    EXPECT_EQ(sizesFor, UINT32{QDC_ONLY_ACTIVE_PATHS});
+    EXPECT_EQ(queried, static_cast<UINT32>(query));
+    EXPECT_EQ(tookTopology, query == DisplayQuery::DatabaseCurrent) << "refused with every other query";
+    EXPECT_EQ(told->topology, tookTopology ? os::Topology::Clone : os::Topology::None);
+    const auto& path = told->paths[0];
+    EXPECT_EQ(path.source.modeIndex, gPath.sourceInfo.modeInfoIdx);
+    EXPECT_EQ(path.target.id, gPath.targetInfo.id);
+    EXPECT_EQ(path.target.rotation, static_cast<UINT32>(gPath.targetInfo.rotation));
+    EXPECT_EQ(path.flags, gPath.flags);
+    EXPECT_EQ(os::ChangeDisplayConfiguration(told->paths, told->modes, 0x6A0), 0);
+  }
+  EXPECT_EQ(changedWith, 0x6A0U);
+  EXPECT_EQ(os::ChangeDisplayConfiguration({}, {}, 0x84), 31) << "null arrays, and the system's code";
+}
+
+TEST(DisplayArguments, AChangeOfOneDisplayIsADevmodeOfItsFields) {
+  static DEVMODEW mode;
+  static DWORD changeFlags;
+  CONTRACT_PATCH(ChangeDisplaySettingsExW, [](auto name, auto asked, auto window, auto flags, auto parameter) -> LONG {
+    mode = *asked, changeFlags = flags;
+    return std::wcscmp(name, L"\\\\.\\DISPLAY2") == 0 && !window && !parameter ? -2 : 0;
+  });
+  const os::DisplaySettings asked{.fields = os::kDmPosition | os::kDmPelsWidth,
+                                  .x = -7,
+                                  .y = 1080,
+                                  .width = 1920,
+                                  .height = 515,
+                                  .orientation = 3,
+                                  .frequency = 48,
+                                  .bitsPerPixel = 32,
+                                  .displayFlags = 4};
+  EXPECT_EQ(os::ChangeDisplaySettings(L"\\\\.\\DISPLAY2", asked, os::kCdsUpdateRegistry | os::kCdsGlobal), -2);
+  EXPECT_EQ(changeFlags, DWORD{CDS_UPDATEREGISTRY | CDS_GLOBAL});
+  EXPECT_EQ(mode.dmSize, 220);
+  EXPECT_EQ(mode.dmFields, DWORD{DM_POSITION | DM_PELSWIDTH});
+
+  static DWORD index;
+  CONTRACT_PATCH(EnumDisplaySettingsW, [](auto, auto which, auto told) -> BOOL {
+    if (told->dmSize != 220) return FALSE;
+    index = which;
+    *told = mode;
+    told->dmFields = 0xFFFFFFFF;
+    return TRUE;
+  });
+  const auto told = os::CurrentDisplaySettings(L"\\\\.\\DISPLAY2");
+  ASSERT_TRUE(told);
+  EXPECT_EQ(index, ENUM_CURRENT_SETTINGS);
+  EXPECT_EQ(std::tie(told->x, told->y, told->width, told->height, told->orientation, told->frequency,
+                     told->bitsPerPixel, told->displayFlags),
+            std::tie(asked.x, asked.y, asked.width, asked.height, asked.orientation, asked.frequency,
+                     asked.bitsPerPixel, asked.displayFlags));
+  EXPECT_EQ(told->fields, 0x7C00A0U) << "no field that the door does not carry";
+}
+
+TEST(DisplayArguments, AScaleIsTheMonitorsEffectiveHorizontalOne) {
+  static HRESULT result;
+  CONTRACT_PATCH(GetDpiForMonitor, [](auto, auto type, auto horizontal, auto vertical) -> HRESULT {
+    *horizontal = type == MDT_EFFECTIVE_DPI ? 144 : 1, *vertical = 120;
+    return result;
+  });
+  result = S_OK;
+  EXPECT_EQ(os::MonitorDpi(os::MonitorHandle{5}), 144U);
+  result = E_FAIL;
+  EXPECT_EQ(os::MonitorDpi(os::MonitorHandle{5}), 96U);
+}
+
+TEST(DisplayArguments, TheWallpaperObjectsPathsKeepTheirOrderAndGaps) {
+  EXPECT_TRUE(os::WallpaperMonitorPaths().empty()) << "Wine has no such object";
+  static auto object = ComObject()
+                           .With(
+                               5,
+                               +[](void*, UINT at, wchar_t** path) -> HRESULT {
+                                 if (at == 1) return *path = nullptr, E_FAIL;
+                                 *path = static_cast<wchar_t*>(CoTaskMemAlloc(8));
+                                 std::memcpy(*path, at == 0 ? L"one" : L"two", 8);
+                                 return S_OK;
+                               })
+                           .With(
+                               6, +[](void*, UINT* count) -> HRESULT { return *count = 3, S_OK; });
+  CONTRACT_PATCH(CoCreateInstance,
+                 [](auto, auto, auto, auto, auto out) -> HRESULT { return *out = object.Interface(), S_OK; });
+  EXPECT_EQ(os::WallpaperMonitorPaths(), (std::vector<std::wstring>{L"one", L"", L"two"}));
+}
+
+}  // namespace
+}  // namespace contract

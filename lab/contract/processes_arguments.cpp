@@ -1,0 +1,176 @@
+// What the door asks of Windows about sessions, users and programs, where Wine only pretends to serve it.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+#include <shellapi.h>
+#include <userenv.h>
+#include <wtsapi32.h>
+
+#include <cstring>
+
+#include "contract/com_object.h"
+#include "contract/patched.h"
+#include "os/first_sign_in.h"
+#include "os/processes.h"
+
+namespace contract {
+namespace {
+
+TEST(ProcessArguments, SessionsComeInTheSystemsOrderAndAreFreed) {
+  static WTS_SESSION_INFOW listed[]{
+      {0, nullptr, WTSDisconnected}, {2, nullptr, WTSActive}, {65536, nullptr, WTSListen}};
+  static void* freed;
+  static BOOL answers;
+  CONTRACT_PATCH(WTSEnumerateSessionsW,
+                 [](HANDLE server, DWORD, DWORD version, WTS_SESSION_INFOW** sessions, DWORD* count) -> BOOL {
+                   *sessions = listed, *count = 3;
+                   return SetLastError(ERROR_ACCESS_DENIED), answers && server == nullptr && version == 1;
+                 });
+  CONTRACT_PATCH(WTSFreeMemory, [](auto memory) { freed = memory; });
+  answers = TRUE;
+  const auto sessions = os::Sessions();
+  ASSERT_TRUE(sessions);
+  ASSERT_EQ(sessions->size(), 3U);
+  EXPECT_TRUE((*sessions)[1].id == 2 && (*sessions)[1].state == os::kSessionActive);
+  EXPECT_TRUE((*sessions)[2].id == 65536 && (*sessions)[2].state == 6);
+  EXPECT_EQ(freed, listed);
+  answers = FALSE;
+  EXPECT_EQ(os::Sessions().error(), 5U);
+}
+
+TEST(ProcessArguments, AProgramIsStartedAsTheUserAndNotMore) {
+  static std::wstring asked;
+  static STARTUPINFOW startup;
+  static DWORD startFlags;
+  static void* block;
+  CONTRACT_PATCH(CreateEnvironmentBlock, [](auto environment, auto token, auto inherit) -> BOOL {
+    *environment = &asked;
+    return token == reinterpret_cast<HANDLE>(0x70) && inherit == TRUE;
+  });
+  CONTRACT_PATCH(DestroyEnvironmentBlock, [](auto environment) -> BOOL { return block = environment, TRUE; });
+  CONTRACT_PATCH(CreateProcessAsUserW,
+                 [](auto token, auto program, auto commandLine, auto process, auto thread, auto inherit, auto flags,
+                    auto environment, auto folder, auto start, auto) -> BOOL {
+                   asked = std::wstring(program) + L"|" + (commandLine != nullptr ? commandLine : L"none") + L"|" +
+                           start->lpDesktop;
+                   startup = *start, startFlags = flags;
+                   const bool plain = !process && !thread && !inherit && !folder && environment == &asked;
+                   return SetLastError(plain && token == reinterpret_cast<HANDLE>(0x70) ? 740 : 1), FALSE;
+                 });
+  {
+    os::Token token{os::TokenHandle{0x70}};
+    const auto environment = os::CreateEnvironment(token);
+    ASSERT_TRUE(environment);
+    EXPECT_EQ(os::StartAsUser(token, L"a.exe", L"", *environment, L"desk").error(), 740U);
+    EXPECT_EQ(asked, L"a.exe|none|desk");
+    EXPECT_EQ(os::StartAsUser(token, L"a.exe", L"a -x", *environment, L"desk").error(), 740U);
+    EXPECT_EQ(asked, L"a.exe|a -x|desk");
+    (void)token.release();  // no handle of the system's
+  }
+  EXPECT_EQ(block, &asked) << "the environment is given back";
+  EXPECT_EQ(startFlags, DWORD{CREATE_UNICODE_ENVIRONMENT | NORMAL_PRIORITY_CLASS});
+  startup.lpDesktop = nullptr;
+  STARTUPINFOW plain{};
+  plain.cb = sizeof plain;
+  EXPECT_EQ(std::memcmp(&startup, &plain, sizeof plain), 0);
+}
+
+TEST(ProcessArguments, OnlyTheLocalSystemAccountIsTheSystem) {
+  static BOOL isSystem, opens;
+  CONTRACT_PATCH(IsWellKnownSid, [](PSID sid, WELL_KNOWN_SID_TYPE type) -> BOOL {
+    return sid != nullptr && type == WinLocalSystemSid && isSystem;
+  });
+  for (const BOOL is : {TRUE, FALSE}) {
+    isSystem = is;
+    EXPECT_EQ(os::RunsAsSystem(), is != FALSE);
+  }
+  CONTRACT_PATCH(OpenProcessToken, [](auto, auto, auto) -> BOOL { return opens; });
+  EXPECT_TRUE(os::RunsAsSystem()) << "it cannot be told";
+}
+
+TEST(ProcessArguments, ForeignRightsThatCannotBeGivenBackEndTheProcess) {
+  static UINT ended;
+  CONTRACT_PATCH(RevertToSelf, []() -> BOOL { return SetLastError(ERROR_GEN_FAILURE), FALSE; });
+  CONTRACT_PATCH(TerminateProcess, [](auto process, auto code) -> BOOL {
+    return ended = process == GetCurrentProcess() ? code : 0, TRUE;
+  });
+  os::RevertToOwnRights();
+  EXPECT_EQ(ended, 31U);
+}
+
+TEST(ProcessArguments, AnActivationPassesItsArgumentOrNone) {
+  static std::wstring asked;
+  static DWORD where;
+  static auto object = ComObject().With(
+      3, +[](void*, LPCWSTR id, LPCWSTR argument, int options, DWORD*) -> HRESULT {
+        asked = std::wstring(id) + L"|" + (argument != nullptr ? argument : L"none") + std::to_wstring(options);
+        return argument != nullptr ? S_OK : static_cast<HRESULT>(0x80270254);
+      });
+  CONTRACT_PATCH(CoCreateInstance, [](auto, auto, auto context, auto, auto out) -> HRESULT {
+    where = context;
+    return *out = object.Interface(), S_OK;
+  });
+  const auto manager = os::CreateActivationManager();
+  ASSERT_TRUE(manager);
+  EXPECT_EQ(where, DWORD{CLSCTX_LOCAL_SERVER});
+  EXPECT_TRUE(os::ActivateApplication(*manager, L"App", L"hide"));
+  EXPECT_EQ(asked, L"App|hide0");
+  EXPECT_EQ(os::ActivateApplication(*manager, L"App", L"").error(), 0x80270254U);
+  EXPECT_EQ(asked, L"App|none0");
+}
+
+TEST(ProcessArguments, TheShellIsAskedToOpenNothing) {
+  CONTRACT_PATCH(
+      ShellExecuteW,
+      [](HWND window, LPCWSTR verb, LPCWSTR file, LPCWSTR parameters, LPCWSTR folder, int show) -> HINSTANCE {
+        const bool nothing = !window && !file && !parameters && !folder && std::wcscmp(verb, L"open") == 0;
+        return reinterpret_cast<HINSTANCE>(static_cast<INT_PTR>(nothing && show == SW_SHOW ? 42 : 0));
+      });
+  EXPECT_EQ(os::ShellOpenNothing(), 42);
+}
+
+// ---- Windows setup, whose functions are looked up when the program runs ----
+
+BOOL gComplete, gTells;
+void(CALLBACK* gOnCompleted)(void*);
+void *gContext, *gEndedWait;
+int gCompletions;
+
+FARPROC WINAPI FindSetupFunction(HMODULE, LPCSTR name) {
+  void* found = nullptr;
+  const auto is = [=](const char* function) { return std::strcmp(name, function) == 0; };
+  if (is("OOBEComplete"))
+    found = reinterpret_cast<void*>(
+        +[](BOOL* complete) -> BOOL { return *complete = gComplete, SetLastError(ERROR_GEN_FAILURE), gTells; });
+  if (is("RegisterWaitUntilOOBECompleted"))
+    found = reinterpret_cast<void*>(+[](void(CALLBACK * call)(void*), void* context, void** wait) -> BOOL {
+      gOnCompleted = call, gContext = context, *wait = &gContext;
+      return gTells;
+    });
+  if (is("UnregisterWaitUntilOOBECompleted"))
+    found = reinterpret_cast<void*>(+[](void* wait) -> BOOL { return gEndedWait = wait, TRUE; });
+  return reinterpret_cast<FARPROC>(found);
+}
+
+TEST(SetupArguments, SetupIsAskedForWaitedForAndLetGo) {
+  CONTRACT_PATCH(GetProcAddress, FindSetupFunction);
+  gTells = TRUE;
+  for (const BOOL complete : {TRUE, FALSE}) {
+    gComplete = complete;
+    const auto told = os::IsSetupComplete();
+    ASSERT_TRUE(told);
+    EXPECT_EQ(*told, complete != FALSE);
+  }
+  const auto wait = os::WaitForSetup([] { ++gCompletions; });
+  ASSERT_NE(wait, os::SetupWait::None);
+  gOnCompleted(gContext);
+  EXPECT_EQ(gCompletions, 1);
+  os::EndWaitForSetup(wait);
+  EXPECT_EQ(gEndedWait, &gContext);
+  gTells = FALSE;
+  EXPECT_EQ(os::IsSetupComplete().error(), 31U);
+  EXPECT_EQ(os::WaitForSetup([] {}), os::SetupWait::None);
+}
+
+}  // namespace
+}  // namespace contract

@@ -1,0 +1,201 @@
+// The world of the contracts as Windows on the lab's laptop.
+#include <windows.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <utility>
+
+#include "contract/other_program.h"
+#include "kit/firmware_driver.h"
+#include "kit/journal.h"
+#include "kit/process.h"
+#include "kit/touch_controller.h"
+#include "os/device_io.h"
+#include "os/files.h"
+#include "tests/contract/world.h"
+
+namespace world {
+namespace {
+
+constexpr auto kKeys = L"SOFTWARE\\NORV\\Contract";  // all that the contracts write lies below
+
+lab::FirmwareDriver gFirmware;
+lab::TouchController gTouch;
+bool gFirmwareStopped = false;
+std::uint32_t gReportsBefore = 0;
+int gContract = 0;
+std::vector<HANDLE> gEvents;
+lab::ChildProcess gOther;
+HWND gWindow = nullptr;
+
+bool PlugBoth() {
+  for (const auto which : {kTouchPad, kTouchScreen}) {
+    if (!gTouch.IsPresent(which) && !gTouch.Plug(which)) return false;
+  }
+  return true;
+}
+
+bool BringFirmwareDriverBack() {
+  return !std::exchange(gFirmwareStopped, false) || gFirmware.Start();
+}
+
+/// The touch bus must not be installed twice on one laptop.
+bool Boot() {
+  return gFirmware.Install() && (os::OpenDevice(L"\\\\.\\ZRVHIDBUS") || gTouch.Install());
+}
+
+Launch OtherProgram(const std::wstring& arguments) {
+  return {os::OwnProgramPath(), L"contract_tests " + arguments};
+}
+
+}  // namespace
+
+void Begin() {
+  static const bool booted = Boot();
+  ASSERT_TRUE(booted);
+  ASSERT_TRUE(gFirmware.Reset());
+  ASSERT_TRUE(PlugBoth());
+  gReportsBefore = 0;
+  (void)gTouch.Outputs(kTouchPad, gReportsBefore);
+  ++gContract;
+  ASSERT_TRUE(CreateDirectoryW(Folder().c_str(), nullptr));
+}
+
+void End() {
+  gOther.Kill();
+  for (const HANDLE event : gEvents) CloseHandle(event);
+  gEvents.clear();
+  RegDeleteTreeW(HKEY_LOCAL_MACHINE, kKeys);
+  EXPECT_TRUE(BringFirmwareDriverBack());
+  EXPECT_TRUE(PlugBoth());
+}
+
+void Run(const std::function<void()>& body) {
+  body();
+}
+
+/// The system looks behind a text for its NUL, and takes it in when it stands there.
+void SetRegistryValue(const std::wstring& key, const std::wstring& value, const RegistryValue& stored) {
+  auto [type, bytes] = stored;
+  const auto size = static_cast<DWORD>(bytes.size());
+  bytes.insert(bytes.end(), 2, 0xFF);
+  EXPECT_EQ(RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), value.c_str(), type, bytes.data(), size), ERROR_SUCCESS);
+}
+
+RegistryValue StoredValue(const std::wstring& key, const std::wstring& value) {
+  HKEY opened = nullptr;
+  os::Bytes bytes(1024);
+  DWORD type = 0, size = static_cast<DWORD>(bytes.size());
+  if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, key.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) return {};
+  const auto code = RegQueryValueExW(opened, value.c_str(), nullptr, &type, bytes.data(), &size);
+  RegCloseKey(opened);
+  bytes.resize(size);
+  return code == ERROR_SUCCESS ? RegistryValue{type, bytes} : RegistryValue();
+}
+
+std::wstring Folder() {
+  return lab::LabFolder() + L"contract-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(gContract);
+}
+
+void WriteFile(const std::wstring& path, const std::string& text) {
+  EXPECT_TRUE(std::ofstream(std::filesystem::path(path), std::ios::binary) << text);
+}
+
+std::string FileText(const std::wstring& path) {
+  std::ifstream file(std::filesystem::path(path), std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Wine asks the host, and the host lets its administrator write everything.
+bool SetReadOnly(const std::wstring& path) {
+  EXPECT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
+  return !std::ofstream(std::filesystem::path(path), std::ios::app);
+}
+
+void AnswerShort(std::size_t bytes) {
+  EXPECT_TRUE(gFirmware.SetFault(kBacklight, kShortReply, static_cast<std::uint32_t>(bytes)));
+}
+
+void RemoveFirmwareDriver() {
+  gFirmwareStopped = true;
+  EXPECT_TRUE(gFirmware.Stop());
+  EXPECT_TRUE(lab::Eventually([] { return !os::OpenDevice(L"\\\\.\\ZRVACPI"); }));
+}
+
+void UnplugTouch() {
+  EXPECT_TRUE(gTouch.Unplug(kTouchPad) && gTouch.Unplug(kTouchScreen));
+}
+
+std::vector<os::Bytes> OutputReports() {
+  return gTouch.Outputs(kTouchPad, gReportsBefore);
+}
+
+void MakeEvent(const wchar_t* name) {
+  gEvents.push_back(CreateEventW(nullptr, TRUE, FALSE, name));
+}
+
+bool IsSignalled(const wchar_t* name) {
+  const HANDLE event = OpenEventW(SYNCHRONIZE, FALSE, name);
+  const bool signalled = WaitForSingleObject(event, 0) == WAIT_OBJECT_0;
+  CloseHandle(event);
+  return signalled;
+}
+
+std::wstring ServiceIn(std::uint32_t state) {
+  if (state == SERVICE_STOPPED) {
+    RemoveFirmwareDriver();
+  } else {
+    EXPECT_TRUE(BringFirmwareDriverBack());
+  }
+  return L"zrvacpi";
+}
+
+/// Wine tells a token for any session.
+std::uint32_t UserSession() {
+  return 0;
+}
+
+Launch Exits(std::uint32_t code) {
+  return OtherProgram(L"--exit " + std::to_wstring(code));
+}
+
+Launch Lasts() {
+  return OtherProgram(L"--last");
+}
+
+os::WindowHandle OpenWindow(const wchar_t* className, const wchar_t* title) {
+  contract::SharedJournal()->count = 0;
+  contract::SharedJournal()->hangs = 0;
+  gOther =
+      lab::ChildProcess::Start(os::OwnProgramPath(), L"--window " + std::wstring(className) + L" \"" + title + L"\"");
+  const auto isThere = [&] { return (gWindow = FindWindowW(className, title)) != nullptr; };
+  EXPECT_TRUE(lab::Eventually([&] { return isThere() && GetForegroundWindow() == gWindow; }));
+  return static_cast<os::WindowHandle>(reinterpret_cast<std::uintptr_t>(gWindow));
+}
+
+void CloseWindow() {
+  PostMessageW(gWindow, WM_CLOSE, 0, 0);
+  EXPECT_TRUE(lab::Eventually([] { return IsWindow(gWindow) == FALSE; }));
+}
+
+void Hang(std::uint32_t ms) {
+  PostMessageW(gWindow, contract::HangMessage(), ms, 0);
+  EXPECT_TRUE(lab::Eventually([] { return contract::SharedJournal()->hangs != 0; }));
+}
+
+std::vector<Told> ToldToWindow(std::size_t count) {
+  const auto* const journal = contract::SharedJournal();
+  EXPECT_TRUE(lab::Eventually([&] { return static_cast<std::size_t>(journal->count) >= count; }));
+  std::vector<Told> told;
+  for (std::size_t i = 0; i < static_cast<std::size_t>(journal->count); ++i) {
+    const auto& entry = journal->entries[i];
+    told.push_back({entry.kindOrMessage,
+                    entry.wParam,
+                    entry.lParam,
+                    {entry.bytes.begin(), entry.bytes.begin() + static_cast<std::ptrdiff_t>(entry.size)}});
+  }
+  return told;
+}
+
+}  // namespace world

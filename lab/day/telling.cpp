@@ -1,0 +1,74 @@
+#include "day/telling.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+
+namespace lab {
+namespace {
+
+/// Trace lines that tell something, by how they begin.
+constexpr std::array<std::wstring_view, 34> kTellingLines{
+    L" ******* Start",
+    L"[InitGenerationCheck]",
+    L"Enable Device",
+    L"Find TouchPad",
+    L"Get Rawinput hDevice",
+    L" Create ini file success",
+    L"Read ini file",
+    L"[TessaviewPowerControl] Tessaview Power",
+    L"[TessaviewPowerControl] Tessaview Backlight",
+    L"[TessaviewPowerControl] Set ini",
+    L"[TessaviewPowerControl] Set Cursor",
+    L"[Update_UI_Status] Send",
+    L" No Found Package",
+    L" Found Package",
+    L" PackageCheck Fail",
+    L" CreateProcessWithUserLevel Fail",
+    L" Launch UWP",
+    L"AppActivationMgr",
+    L"The computer is powered",
+    L"Battery saver is",
+    L"Touchpad status",
+    L"Receivedata",
+    L"UI set BacklightValue",
+    L"Send to UI",
+    L"[Power Saving] ",
+    L"[DisplayChange]",
+    L"Win + P",
+    L"BPanelDisplayFrequency",
+    L"[SetFPS]",
+    L"Success!! Set",
+    L"Failed!! Set",
+    L"----- F6",
+    L"----------------- F6",
+    L"----------------- TESSAVIEW_POWER",
+};
+
+}  // namespace
+
+bool IsTelling(std::wstring_view who, std::wstring_view line) {
+  if (who == L"firmware") return line.starts_with(L"DEVS");
+  if (who != L"controller") return true;
+  return std::any_of(kTellingLines.begin(), kTellingLines.end(),
+                     [&](std::wstring_view beginning) { return line.starts_with(beginning); });
+}
+
+Log::Log() {
+  std::array<wchar_t, 1024> path{};
+  GetEnvironmentVariableW(L"LAB_LOG", path.data(), static_cast<DWORD>(path.size()));
+  file_ = _wfopen((std::wstring(L"Z:") + path.data()).c_str(), L"w, ccs=UTF-8");
+}
+
+Log::~Log() {
+  if (file_ != nullptr) std::fclose(file_);
+}
+
+void Log::Write(const std::wstring& who, const std::wstring& line) {
+  if (file_ == nullptr) return;
+  std::fwprintf(file_, L"%-12ls%ls%ls", who.c_str(), line.c_str(), line.ends_with(L'\n') ? L"" : L"\n");
+  std::fflush(file_);
+}
+
+}  // namespace lab

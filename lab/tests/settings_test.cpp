@@ -1,0 +1,60 @@
+// The settings file as it lies on disk.
+#include <filesystem>
+#include <fstream>
+
+#include "tests/lab_test.h"
+
+namespace {
+
+using namespace lab;
+
+using SettingsOnDisk = LabTest;
+
+std::string FileText() {
+  std::ifstream file(std::filesystem::path(SettingsPath()), std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void WriteFile(const std::string& text) {
+  const std::filesystem::path path = SettingsPath();
+  std::filesystem::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << text;
+}
+
+TEST_F(SettingsOnDisk, AreMadeWithTheirFolders) {
+  std::error_code ignored;
+  std::filesystem::remove_all(std::filesystem::path(SettingsPath()).parent_path().parent_path(), ignored);
+  StartController();
+  EXPECT_EQ(FileText(),
+            "[PowerStatus]\r\nTessaview=On\r\nBacklight=116\r\nBacklightDC=116\r\nPowerSaving=1\r\nMode=Cursor\r\n");
+  EXPECT_TRUE(laptop.trace.Contains(L" Create ini file success"));
+}
+
+TEST_F(SettingsOnDisk, AreRepairedAndWhatIsSoundIsKept) {
+  WriteFile("; kept\r\n[PowerStatus]\r\nTessaview=on\r\nBacklight=9\r\nBacklightDC=255\r\nMode=\r\nOther=1\r\n");
+  StartController();
+  EXPECT_EQ(FileText(),
+            "; kept\r\n[PowerStatus]\r\nTessaview=On\r\nBacklight=116\r\nBacklightDC=255\r\nMode=Cursor\r\nOther=1\r\n"
+            "PowerSaving=1\r\n");
+}
+
+TEST_F(SettingsOnDisk, BringTheUsersChoiceBack) {
+  StartController();
+  ASSERT_TRUE(laptop.controller.NotifyPowerSetting(kAcDcPowerSource, 0)) << "mains";
+  ASSERT_TRUE(SendCommand(L"BLSET", 100));
+  ASSERT_TRUE(SendCommand(L"POWERSAVEROFF"));
+  PressF6ForOff();
+  Controller::Exit();
+  ASSERT_EQ(laptop.controller.WaitForExit(), 0u);
+  const std::string chosen =
+      "[PowerStatus]\r\nTessaview=Off\r\nBacklight=255\r\nBacklightDC=116\r\nPowerSaving=0\r\nMode=Cursor\r\n";
+  EXPECT_EQ(FileText(), chosen);
+
+  const auto asked = laptop.requests.Mark();
+  StartController();
+  EXPECT_TRUE(laptop.requests.WaitFor(L"DEVS 0x00050031 = 0", asked)) << "the panel was off, and is switched off again";
+  EXPECT_FALSE(laptop.requests.Contains(L"DEVS 0x00050032", asked));
+  EXPECT_EQ(FileText(), chosen);
+}
+
+}  // namespace

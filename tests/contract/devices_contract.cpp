@@ -1,0 +1,167 @@
+#include <algorithm>
+#include <cwctype>
+#include <optional>
+
+#include "os/device_io.h"
+#include "os/hid.h"
+#include "tests/contract/world.h"
+
+namespace contract {
+namespace {
+
+using DeviceContract = Contract;
+using HidContract = Contract;
+
+// ---- The firmware driver ----
+
+constexpr auto kDriver = L"\\\\.\\ZRVACPI";
+constexpr std::uint32_t kRequest = 0x0022240C;
+const os::Bytes kReadBacklight{'D', 'S', 'T', 'S', 4, 0, 0, 0, 0x32, 0x00, 0x05, 0x00};
+
+TEST_F(DeviceContract, AReplyIsAsLongAsTheDriverMadeIt) {
+  const auto device = os::OpenDevice(kDriver);
+  ASSERT_TRUE(device);
+  const auto reply = os::Control(*device, kRequest, kReadBacklight, 16);
+  ASSERT_TRUE(reply && reply->size() >= 4 && reply->size() <= 16);
+  EXPECT_EQ(os::Bytes(reply->begin(), reply->begin() + 4), (os::Bytes{116, 0, 0, 0}));
+  EXPECT_EQ(os::Control(*device, kRequest, kReadBacklight, 1), os::Bytes{116}) << "no longer than offered";
+  for (const std::size_t size : {2, 0}) {
+    world::AnswerShort(size);
+    const auto cut = os::Control(*device, kRequest, kReadBacklight, 16);
+    ASSERT_TRUE(cut) << "a short reply is a success";
+    EXPECT_EQ(cut->size(), size);
+  }
+}
+
+TEST_F(DeviceContract, ARefusedRequestAndAMissingDeviceFail) {
+  const auto device = os::OpenDevice(kDriver);
+  ASSERT_TRUE(device);
+  EXPECT_FALSE(os::Control(*device, kRequest, {}, 16)) << "nothing asked";
+  EXPECT_FALSE(os::Control(*device, kRequest + 4, kReadBacklight, 16)) << "another control code";
+  EXPECT_FALSE(os::Control(os::Device(), kRequest, kReadBacklight, 16)) << "nothing open";
+  EXPECT_EQ(os::OpenDevice(L"\\\\.\\NoSuchDevice").error(), 2U) << "ERROR_FILE_NOT_FOUND";
+  world::RemoveFirmwareDriver();
+  EXPECT_EQ(os::OpenDevice(kDriver).error(), 2U);
+}
+
+// ---- HID ----
+
+/// The present interface paths of the C panel's touch controller.
+std::vector<std::wstring> TouchPaths() {
+  std::vector<std::wstring> paths;
+  const auto interfaces = os::HidInterfaces();
+  EXPECT_TRUE(interfaces);
+  for (const auto& each : *interfaces) {
+    auto path = each.path;
+    for (auto& letter : path) letter = static_cast<wchar_t>(std::towupper(letter));
+    if (path.find(L"VEN_GDX&DEV_1515") != std::wstring::npos) paths.push_back(each.path);
+  }
+  return paths;
+}
+
+/// The collection that takes output reports.
+struct ModeSwitch {
+  std::wstring path;
+  os::HidDevice device;
+  os::HidCapabilities capabilities;
+};
+std::optional<ModeSwitch> FindModeSwitch() {
+  for (const auto& path : TouchPaths()) {
+    auto device = os::OpenHid(path);
+    const auto capabilities = device ? os::QueryHidCapabilities(*device) : std::nullopt;
+    if (capabilities && capabilities->outputReportLength > 0)
+      return ModeSwitch{path, std::move(*device), *capabilities};
+  }
+  return {};
+}
+
+TEST_F(HidContract, ACollectionTellsWhatItIs) {
+  const auto paths = TouchPaths();
+  ASSERT_GE(paths.size(), 2U);
+  bool hasTouchScreen = false;
+  for (const auto& path : paths) {
+    const auto device = os::OpenHid(path);
+    ASSERT_TRUE(device);
+    const auto attributes = os::QueryHidAttributes(*device);
+    const auto capabilities = os::QueryHidCapabilities(*device);
+    ASSERT_TRUE(attributes && capabilities);
+    EXPECT_EQ(attributes->productId, 0x1515);
+    const auto inputs = os::HidInputValues(*device), outputs = os::HidOutputValues(*device);
+    EXPECT_EQ(inputs.size(), capabilities->inputValueCaps);
+    EXPECT_EQ(outputs.size(), capabilities->outputValueCaps);
+    if (capabilities->usagePage != 0x0D || capabilities->usage != 4) continue;
+    hasTouchScreen = true;
+    const auto isX = [](const os::HidValue& value) { return value.usagePage == 1 && value.usage == 0x30; };
+    const auto x = std::find_if(inputs.begin(), inputs.end(), isX);
+    ASSERT_NE(x, inputs.end());
+    EXPECT_TRUE(x->reportId != 0 && x->logicalMin == 0 && x->logicalMax > 0);
+  }
+  EXPECT_TRUE(hasTouchScreen);
+}
+
+TEST_F(HidContract, AnOutputReportIsTakenAtItsLengthOnly) {
+  const auto mode = FindModeSwitch();
+  ASSERT_TRUE(mode);
+  const auto outputs = os::HidOutputValues(mode->device);
+  ASSERT_FALSE(outputs.empty());
+  os::Bytes report(mode->capabilities.outputReportLength, 0x5A);
+  report[0] = outputs[0].reportId;
+  const os::Bytes tooShort(report.begin(), report.end() - 1);
+  EXPECT_FALSE(os::WriteHidReport(mode->device, tooShort));
+  EXPECT_TRUE(os::WriteHidReport(mode->device, report));
+  EXPECT_EQ(world::OutputReports(), std::vector<os::Bytes>{report});
+}
+
+TEST_F(HidContract, AnUnpluggedCollectionIsInNoListAndServesNoHandle) {
+  auto mode = FindModeSwitch();
+  ASSERT_TRUE(mode);
+  os::Bytes report(mode->capabilities.outputReportLength, 0);
+  report[0] = os::HidOutputValues(mode->device).at(0).reportId;
+  world::UnplugTouch();
+  EXPECT_TRUE(TouchPaths().empty());
+  EXPECT_EQ(os::OpenHid(mode->path).error(), 2U) << "ERROR_FILE_NOT_FOUND";
+  EXPECT_FALSE(os::WriteHidReport(mode->device, report));
+  EXPECT_FALSE(os::QueryHidAttributes(mode->device));
+  EXPECT_FALSE(os::QueryHidCapabilities(os::HidDevice()));
+  EXPECT_TRUE(os::HidInputValues(os::HidDevice()).empty());
+}
+
+TEST_F(HidContract, RawInputDevicesAreCountedListedAndNamed) {
+  const auto count = os::RawInputDeviceCount();
+  ASSERT_TRUE(count && *count > 0);
+  const auto devices = os::RawInputDevices(*count);
+  ASSERT_TRUE(devices);
+  EXPECT_EQ(devices->size(), *count);
+  EXPECT_EQ(os::RawInputDevices(*count - 1).error(), 122U) << "ERROR_INSUFFICIENT_BUFFER";
+  std::size_t opened = 0;
+  for (const auto device : *devices) opened += os::OpenHid(os::RawDevicePath(device)) ? 1 : 0;
+  EXPECT_GE(opened, TouchPaths().size()) << "a name is a path to open";
+  EXPECT_EQ(os::RawDevicePath(os::RawDevice{0x7FFFFFF1}), L"") << "no such device";
+}
+
+TEST_F(HidContract, ARawInputRegistrationIsChecked) {
+  constexpr auto kTarget = os::WindowHandle::None;
+  const struct {
+    std::uint16_t page, usage;
+    std::uint32_t flags, error;
+  } cases[]{
+      {0x0D, 0, os::kRawInputPageOnly, 0},
+      {0x0D, 0, os::kRawInputPageOnly | os::kRawInputRemove, 0},
+      {0x0D, 0, os::kRawInputPageOnly | os::kRawInputSink, 87},  // a sink without a window
+  };
+  for (const auto& each : cases) {
+    EXPECT_EQ(os::RegisterRawInput(each.page, each.usage, each.flags, kTarget).error(), each.error) << each.flags;
+  }
+}
+
+TEST_F(HidContract, ANodeIsToldByItsFirstHardwareId) {
+  const auto nodes = os::OpenHidNodes();
+  ASSERT_TRUE(nodes);
+  const auto ids = os::FirstHardwareIds(*nodes);
+  const auto isOurs = [](const auto& id) { return id.starts_with(L"HID\\VEN_GDX&DEV_1515"); };
+  EXPECT_GE(std::count_if(ids.begin(), ids.end(), isOurs), 2);
+  EXPECT_EQ(os::EnableHidNode(*nodes, ids.size(), true).error(), 259U) << "ERROR_NO_MORE_ITEMS";
+}
+
+}  // namespace
+}  // namespace contract

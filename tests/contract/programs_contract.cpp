@@ -1,0 +1,143 @@
+#include <algorithm>
+#include <mutex>
+
+#include "os/clock.h"
+#include "os/first_sign_in.h"
+#include "os/kernel_objects.h"
+#include "os/power.h"
+#include "os/processes.h"
+#include "os/services.h"
+#include "os/threads.h"
+#include "tests/contract/world.h"
+
+namespace contract {
+namespace {
+
+using KernelObjectContract = Contract;
+using ProcessContract = Contract;
+using ThreadContract = Contract;
+using SystemContract = Contract;
+
+TEST_F(KernelObjectContract, AMutexExistsAsLongAsSomebodyHoldsIt) {
+  constexpr auto kName = L"Mutex_Contract";
+  auto first = os::CreateNamedMutex(kName);
+  EXPECT_TRUE(first.mutex && !first.alreadyExisted);
+  {
+    const auto second = os::CreateNamedMutex(kName);
+    EXPECT_TRUE(second.mutex && second.alreadyExisted);
+    EXPECT_FALSE(os::CreateNamedMutex(L"MUTEX_contract").alreadyExisted) << "names have a case";
+  }
+  first.mutex.reset();
+  EXPECT_FALSE(os::CreateNamedMutex(kName).alreadyExisted);
+}
+
+TEST_F(KernelObjectContract, AnEventIsOpenedNotMade) {
+  constexpr auto kName = L"Global\\NORV Contract Event";
+  EXPECT_FALSE(os::OpenNamedEvent(kName));
+  world::MakeEvent(kName);
+  const auto event = os::OpenNamedEvent(kName);
+  ASSERT_TRUE(event);
+  os::SignalEvent(event);
+  EXPECT_TRUE(world::IsSignalled(kName));
+  os::ResetEvent(event);
+  EXPECT_FALSE(world::IsSignalled(kName));
+}
+
+/// What a program needs to be started with.
+struct Rights {
+  os::Result<os::Token> token = os::SessionUserToken(world::UserSession());
+  os::Result<os::Environment> environment = token ? os::CreateEnvironment(*token) : os::Error{1};
+
+  os::Result<os::Process> Start(const world::Launch& launch) {
+    return os::StartAsUser(*token, launch.program, launch.commandLine, *environment, L"winsta0\\default");
+  }
+};
+
+TEST_F(ProcessContract, AProgramRunsAsTheUserAndLeavesItsExitCode) {
+  Rights rights;
+  ASSERT_TRUE(rights.token && rights.environment);
+  for (const std::uint32_t code : {0U, 7U}) {
+    const auto process = rights.Start(world::Exits(code));
+    ASSERT_TRUE(process);
+    EXPECT_EQ(os::WaitForProcess(*process, 20'000).outcome, os::WaitOutcome::Ended);
+    EXPECT_EQ(os::ProcessExitCode(*process), code);
+  }
+  const auto lasting = rights.Start(world::Lasts());
+  ASSERT_TRUE(lasting);
+  EXPECT_EQ(os::WaitForProcess(*lasting, 10).outcome, os::WaitOutcome::TimedOut);
+  EXPECT_EQ(os::ProcessExitCode(*lasting), 259U) << "STILL_ACTIVE";
+}
+
+TEST_F(ProcessContract, WhatCannotBeStartedOrWaitedForSaysWhy) {
+  Rights rights;
+  ASSERT_TRUE(rights.token && rights.environment);
+  EXPECT_EQ(rights.Start({L"C:\\Windows\\NoSuchProgram.exe", L""}).error(), 2U) << "ERROR_FILE_NOT_FOUND";
+  const auto nothing = os::WaitForProcess(os::Process(), 10);
+  EXPECT_EQ(nothing.outcome, os::WaitOutcome::Failed);
+  EXPECT_EQ(nothing.error, 6U) << "ERROR_INVALID_HANDLE";
+  EXPECT_EQ(os::ProcessExitCode(os::Process()), std::nullopt);
+  EXPECT_EQ(os::ProcessImagePath(0), L"");
+  EXPECT_EQ(os::ProcessImagePath(0x7FFFFFF0), L"");
+}
+
+TEST_F(ProcessContract, ATokenGivesWhatItHolds) {
+  const auto own = os::OwnToken();
+  ASSERT_TRUE(own);
+  EXPECT_TRUE(os::EnablePrivilege(*own, L"SeSystemEnvironmentPrivilege"));
+  EXPECT_EQ(os::EnablePrivilege(*own, L"SeCreateTokenPrivilege").error(), 1300U) << "ERROR_NOT_ALL_ASSIGNED";
+  EXPECT_EQ(os::EnablePrivilege(*own, L"SeNoSuchPrivilege").error(), 1313U) << "ERROR_NO_SUCH_PRIVILEGE";
+  const auto user = os::SessionUserToken(world::UserSession());
+  ASSERT_TRUE(user);
+  EXPECT_TRUE(os::Impersonate(*user));
+  os::RevertToOwnRights();
+  EXPECT_EQ(os::Impersonate(os::Token()).error(), 6U) << "ERROR_INVALID_HANDLE";
+}
+
+TEST_F(ProcessContract, AThreadMayJoinComTwice) {
+  world::Run([] {
+    EXPECT_TRUE(os::JoinCom());
+    EXPECT_TRUE(os::JoinCom());
+  });
+}
+
+TEST_F(ThreadContract, ALockKeepsOtherThreadsOutAndItsOwnerIn) {
+  world::Run([] {
+    static os::Lock lock;
+    static int inside, most, ended;
+    inside = most = ended = 0;
+    const auto body = [] {
+      const std::lock_guard outer(lock), inner(lock);
+      most = std::max(most, ++inside);
+      os::Sleep(5);
+      --inside, ++ended;
+    };
+    EXPECT_TRUE(os::StartThread(L"one", body) && os::StartThread(L"another", body));
+    const auto have = [] {
+      const std::lock_guard hold(lock);
+      return ended;
+    };
+    const auto start = os::NowMs();
+    while (have() < 2) os::Sleep(5);
+    EXPECT_EQ(most, 1);
+    EXPECT_GE(os::NowMs(), start);
+  });
+}
+
+TEST_F(SystemContract, AServiceHasAStateOrIsUnknown) {
+  for (const std::uint32_t state : {1U, os::kServiceRunning}) {
+    EXPECT_EQ(os::ServiceState(world::ServiceIn(state).c_str()), state);
+  }
+  EXPECT_EQ(os::ServiceState(L"NoSuchService"), std::nullopt);
+}
+
+TEST_F(SystemContract, SetupIsOverAndThePowerSourceKnown) {
+  const auto complete = os::IsSetupComplete();
+  ASSERT_TRUE(complete);
+  EXPECT_TRUE(*complete);
+  EXPECT_EQ(os::WaitForSetup([] {}), os::SetupWait::None) << "nothing to wait for";
+  os::EndWaitForSetup(os::SetupWait::None);
+  EXPECT_TRUE(os::QueryPowerStatus());
+}
+
+}  // namespace
+}  // namespace contract

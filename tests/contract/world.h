@@ -1,0 +1,83 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "os/types.h"
+
+/// What a contract of the door finds on the laptop before it calls the door, and looks at afterwards. There are two
+/// such worlds: the simulated laptop, and Windows as the lab boots it. Both have the two panels on the desktop, the
+/// firmware driver with its factory registers, the touch controller plugged in, and a user signed in.
+namespace world {
+
+/// Each contract begins with a world that no other has changed.
+void Begin();
+void End();
+
+/// Runs `body` as a thread of the controller's would run, until it has returned.
+void Run(const std::function<void()>& body);
+
+// ---- Registry, below HKEY_LOCAL_MACHINE ----
+inline constexpr std::uint32_t kText = 1, kBinary = 3, kDword = 4;  // REG_SZ, REG_BINARY, REG_DWORD
+using RegistryValue = std::pair<std::uint32_t, os::Bytes>;          // its type, and its bytes as they are stored
+void SetRegistryValue(const std::wstring& key, const std::wstring& value, const RegistryValue& stored);
+RegistryValue StoredValue(const std::wstring& key, const std::wstring& value);
+
+// ---- Files ----
+std::wstring Folder();  // an empty one, without a backslash at its end
+void WriteFile(const std::wstring& path, const std::string& text);
+std::string FileText(const std::wstring& path);
+bool SetReadOnly(const std::wstring& path);  // false in a world that does not hold to it
+
+// ---- The firmware driver ----
+inline constexpr std::uint32_t kBacklight = 0x00050032;  // a register that reads as 116
+void AnswerShort(std::size_t bytes);                     // requests for the backlight
+void RemoveFirmwareDriver();                             // until the contract ends
+
+// ---- The touch controller ----
+void UnplugTouch();  // until the contract ends
+std::vector<os::Bytes> OutputReports();
+
+// ---- Other programs ----
+void MakeEvent(const wchar_t* name);
+bool IsSignalled(const wchar_t* name);
+std::wstring ServiceIn(std::uint32_t state);  // the name of a service that is in this state, 1 stopped or 4 running
+std::uint32_t UserSession();                  // one with a user's token
+struct Launch {
+  std::wstring program, commandLine;
+};
+Launch Exits(std::uint32_t code);
+Launch Lasts();
+
+/// Opens a window of another program, in the foreground. It takes every copy-data record and answers 0.
+os::WindowHandle OpenWindow(const wchar_t* className, const wchar_t* title);
+void CloseWindow();
+void Hang(std::uint32_t ms);  // from now on, for so long, it answers nothing
+
+/// What a window was told: a copy-data record with its kind, or a posted message with its parameters.
+struct Told {
+  std::uint64_t kindOrMessage = 0, wParam = 0;
+  std::int64_t lParam = 0;
+  os::Bytes record = {};
+  friend bool operator==(const Told&, const Told&) = default;
+};
+/// What it was told, once that is at least `count` things.
+std::vector<Told> ToldToWindow(std::size_t count);
+
+}  // namespace world
+
+namespace contract {
+
+class Contract : public testing::Test {
+ protected:
+  void SetUp() override { world::Begin(); }
+  void TearDown() override { world::End(); }
+};
+
+}  // namespace contract

@@ -1,0 +1,147 @@
+// The world of the contracts as a simulated laptop.
+#include <memory>
+
+#include "core/utf16.h"
+#include "os/threads.h"
+#include "sim/laptop.h"
+#include "tests/contract/world.h"
+
+namespace world {
+namespace {
+
+constexpr auto kProgram = L"C:\\Contract\\contract.exe";
+
+std::unique_ptr<sim::Laptop> gLaptop;
+os::WindowHandle gWindow;
+std::vector<Told> gTold;
+
+sim::Window& OpenedWindow() {
+  return *gLaptop->desktop.Find(gWindow);
+}
+
+}  // namespace
+
+void Begin() {
+  gLaptop = std::make_unique<sim::Laptop>();
+  gLaptop->sessions.missingPrivileges = {L"SeCreateTokenPrivilege"};
+  gLaptop->files.AddFolder(Folder());
+  gTold.clear();
+}
+
+void End() {
+  gLaptop.reset();
+}
+
+void Run(const std::function<void()>& body) {
+  bool returned = false;
+  os::StartThread(L"contract", [&] {
+    body();
+    returned = true;
+  });
+  constexpr std::uint64_t kMinute = 60'000;
+  gLaptop->Advance(kMinute);
+  EXPECT_TRUE(returned);
+}
+
+void SetRegistryValue(const std::wstring& key, const std::wstring& value, const RegistryValue& stored) {
+  const auto& [type, bytes] = stored;
+  std::wstring units;
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) units += static_cast<wchar_t>(bytes[i] | bytes[i + 1] << 8);
+  if (type == kText) gLaptop->registry.SetUnterminatedText(key, value, units);
+  if (type == kBinary) gLaptop->registry.SetBytes(key, value, bytes);
+  if (type == kDword) gLaptop->registry.SetDword(key, value, bytes.at(0));
+}
+
+RegistryValue StoredValue(const std::wstring& key, const std::wstring& value) {
+  const auto* stored = gLaptop->registry.Find(key, value);
+  return stored == nullptr ? RegistryValue() : RegistryValue{static_cast<std::uint32_t>(stored->type), stored->bytes};
+}
+
+std::wstring Folder() {
+  return L"C:\\Contract\\files";
+}
+
+void WriteFile(const std::wstring& path, const std::string& text) {
+  gLaptop->files.AddFile(path, {text.begin(), text.end()});
+}
+
+std::string FileText(const std::wstring& path) {
+  const auto content = gLaptop->files.Content(path).value_or(os::Bytes());
+  return {content.begin(), content.end()};
+}
+
+bool SetReadOnly(const std::wstring& path) {
+  gLaptop->files.SetReadOnly(path);
+  return true;
+}
+
+void AnswerShort(std::size_t bytes) {
+  gLaptop->firmware.replyBytes = bytes;
+}
+
+void RemoveFirmwareDriver() {
+  gLaptop->firmware.driverInstalled = false;
+}
+
+void UnplugTouch() {
+  gLaptop->touch.Unplug();
+}
+
+std::vector<os::Bytes> OutputReports() {
+  return gLaptop->touch.OutputReports();
+}
+
+void MakeEvent(const wchar_t* name) {
+  gLaptop->events.Add(name);
+}
+
+bool IsSignalled(const wchar_t* name) {
+  return gLaptop->events.Signalled(name);
+}
+
+std::wstring ServiceIn(std::uint32_t state) {
+  gLaptop->services.Set(L"Contract", state);
+  return L"Contract";
+}
+
+std::uint32_t UserSession() {
+  return 1;
+}
+
+Launch Exits(std::uint32_t code) {
+  gLaptop->processes[L"contract.exe"] = {.exitCode = code};
+  return {kProgram, L""};
+}
+
+Launch Lasts() {
+  gLaptop->processes[L"contract.exe"] = {.neverEnds = true};
+  return {kProgram, L""};
+}
+
+os::WindowHandle OpenWindow(const wchar_t* className, const wchar_t* title) {
+  sim::Window window{.className = className, .title = title};
+  window.copyData = [](std::uint64_t kind, os::BytesView record) {
+    ToldToWindow(0);  // what was posted before
+    gTold.push_back({.kindOrMessage = kind, .record = {record.begin(), record.end()}});
+  };
+  gWindow = gLaptop->desktop.OpenInForeground(window);
+  return gWindow;
+}
+
+void CloseWindow() {
+  gLaptop->desktop.Close(gWindow);
+}
+
+void Hang(std::uint32_t ms) {
+  OpenedWindow().busyUntilMs = gLaptop->NowMs() + ms;
+  gLaptop->After(ms, [] {});  // something for time to move to
+}
+
+std::vector<Told> ToldToWindow(std::size_t /*count*/) {
+  auto& posted = OpenedWindow().posted;
+  for (const auto& each : posted) gTold.push_back({each.message, each.wParam, each.lParam, {}});
+  posted.clear();
+  return gTold;
+}
+
+}  // namespace world
