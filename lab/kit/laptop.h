@@ -32,8 +32,8 @@ class Laptop {
   /// empty. False when a device does not answer.
   bool Renew();
 
-  /// Waits until the controller's message loop has served everything posted to it so far; false when it does not, or
-  /// there is no window, within 30 seconds.
+  /// Waits until the controller's message loop has served everything posted to it so far, and what it asked of the
+  /// devices is in their journals; false when it does not, or there is no window, within 30 seconds.
   bool WaitForController();
 
   FirmwareDriver firmware;

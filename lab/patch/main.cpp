@@ -20,6 +20,7 @@ void Install() {
   RedirectAll(TraceCalls());
   RedirectAll(DisplayCalls());
   RedirectAll(PowerCalls());
+  RedirectAll(SessionCalls());
   RedirectAll(TouchCalls());
   RedirectAll(ProgramCalls());
 }

@@ -1,0 +1,48 @@
+// Sessions and who is told of them. Wine lists none and tells nobody: here the user of session 1 is at the console.
+#include <windows.h>
+
+#include <wtsapi32.h>
+
+#include "patch/patched_calls.h"
+
+namespace lab::patch {
+namespace {
+
+/// Freed by WTSFreeMemory, which in Wine is the process heap's.
+BOOL WINAPI ListSessions(HANDLE, DWORD, DWORD, PWTS_SESSION_INFOW* sessions, DWORD* count) {
+  static wchar_t services[] = L"Services", console[] = L"Console";
+  auto* list = static_cast<WTS_SESSION_INFOW*>(HeapAlloc(GetProcessHeap(), 0, 2 * sizeof(WTS_SESSION_INFOW)));
+  if (list == nullptr) return FALSE;
+  list[0] = {0, services, WTSDisconnected};
+  list[1] = {1, console, WTSActive};
+  *sessions = list;
+  *count = 2;
+  return TRUE;
+}
+
+/// Wine knows no sessions, but gives the token of its one user for any.
+BOOL WINAPI UserToken(ULONG session, PHANDLE token) {
+  Report(L"patch user of session " + std::to_wstring(session));
+  return WTSQueryUserToken(session, token);
+}
+
+BOOL WINAPI RegisterForSession(HWND window, DWORD flags) {
+  Report(L"patch sessions are told");
+  return WTSRegisterSessionNotification(window, flags);
+}
+
+BOOL WINAPI UnregisterForSession(HWND window) {
+  Report(L"patch sessions are told no more");
+  return WTSUnRegisterSessionNotification(window);
+}
+
+}  // namespace
+
+std::array<Redirection, 4> SessionCalls() {
+  return {{{"WTSEnumerateSessionsW", reinterpret_cast<void*>(ListSessions)},
+           {"WTSQueryUserToken", reinterpret_cast<void*>(UserToken)},
+           {"WTSRegisterSessionNotification", reinterpret_cast<void*>(RegisterForSession)},
+           {"WTSUnRegisterSessionNotification", reinterpret_cast<void*>(UnregisterForSession)}}};
+}
+
+}  // namespace lab::patch
