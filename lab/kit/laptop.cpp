@@ -88,8 +88,8 @@ bool Laptop::WaitForController() {
   constexpr std::chrono::seconds kStartUp{30};
   if (!Eventually([this] { return Controller::Window() != nullptr || !controller.IsRunning(); }, kStartUp))
     return false;
-  // A sent message may be served in the middle of start-up; a posted one comes in turn. This one is logged, no more. The
-  // first may come before what start-up itself had posted.
+  // A sent message may be served in the middle of start-up; a posted one comes in turn. This one is logged, no more.
+  // The first may come before what start-up itself had posted.
   for (int times = 0; times < 2; times++) {
     const auto mark = trace.Mark();
     PostMessageW(Controller::Window(), WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
