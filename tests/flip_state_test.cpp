@@ -16,19 +16,7 @@ using support::RunningLaptop;
 using support::Texts;
 using Words = std::vector<std::uint32_t>;
 
-TEST(FlipState, FoldedOverThePanelIsNotShownYetTheChoiceStays) {
-  RunningLaptop laptop({.saved = L"On", .uiRunning = true});
-  laptop.firmware.Flip(true);
-  laptop.hotKey.FlipChanged();
-
-  EXPECT_EQ(laptop.ui.Received(), Texts{L"POWEROFF"});
-  EXPECT_FALSE(tessaview::isTessaviewPowerOn.get());
-  EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"On");
-  EXPECT_TRUE(laptop.firmware.PanelOn());
-  EXPECT_FALSE(laptop.touch.InCursorMode());
-}
-
-TEST(FlipState, BackAsANotebookThePanelIsAsTheUserChose) {
+TEST(FlipState, FoldedOverThePanelIsNotShownAndBackAsANotebookItIsAsTheUserChose) {
   using Case = std::tuple<const wchar_t*, Texts, Words>;
   for (const auto& [saved, told, powers] :
        {Case{L"On", {L"POWERON"}, {}}, {L"Off", {L"POWEROFF"}, {0}}, {L"neither", {}, {}}}) {
@@ -36,6 +24,11 @@ TEST(FlipState, BackAsANotebookThePanelIsAsTheUserChose) {
     RunningLaptop laptop({.uiRunning = true});
     laptop.firmware.Flip(true);
     laptop.hotKey.FlipChanged();
+    EXPECT_EQ(laptop.ui.Received(), Texts{L"POWEROFF"});
+    EXPECT_FALSE(tessaview::isTessaviewPowerOn.get());
+    EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"On") << "the choice stays";
+    EXPECT_TRUE(laptop.firmware.PanelOn());
+
     laptop.settings.Set(L"Tessaview", saved);
     ForgetTheStory(laptop);
     laptop.firmware.SetRegister(Firmware::kFlip, 0xFFFFFFFE);  // only the lowest bit counts

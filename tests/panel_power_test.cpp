@@ -11,7 +11,6 @@
 namespace {
 
 using sim::Firmware;
-using sim::Laptop;
 using support::ForgetTheStory;
 using support::RunningLaptop;
 using support::Texts;
@@ -42,15 +41,16 @@ TEST(PanelPowerOn, FollowsThePowerSource) {
   struct Case {
     const char* story;
     void (*happens)(sim::Power& power);
-    std::uint32_t applied;
+    std::uint32_t stored, applied;
   };
-  for (const auto& c : {Case{"battery", [](sim::Power& p) { p.Unplug(); }, 150},
-                        {"saved battery", [](sim::Power& p) { p.Unplug(), p.BatterySaver(true); }, 58},
-                        {"saver on mains", [](sim::Power& p) { p.BatterySaver(true); }, 200},
+  for (const auto& c : {Case{"battery", [](sim::Power& p) { p.Unplug(); }, 150, 150},
+                        {"saved battery", [](sim::Power& p) { p.Unplug(), p.BatterySaver(true); }, 59, 58},
+                        {"dim on saved battery", [](sim::Power& p) { p.Unplug(), p.BatterySaver(true); }, 57, 57},
+                        {"saver on mains", [](sim::Power& p) { p.BatterySaver(true); }, 150, 200},
                         // The controller looks, and learns nothing; that counts as mains.
-                        {"unknown", [](sim::Power& p) { p.SourceUnknown(), p.BatterySaver(true); }, 200}}) {
+                        {"unknown", [](sim::Power& p) { p.SourceUnknown(), p.BatterySaver(true); }, 150, 200}}) {
     SCOPED_TRACE(c.story);
-    RunningLaptop laptop({.backlight = 200, .backlightDC = 150});
+    RunningLaptop laptop({.backlight = 200, .backlightDC = c.stored});
     c.happens(laptop.power);
     ForgetTheStory(laptop);
     TessaviewPowerControl(true);
@@ -82,37 +82,18 @@ TEST(PanelPowerOff, SwitchesThePanelOffRemembersItAndMakesTheSurfaceATouchPad) {
 }
 
 TEST(PanelPower, ThatTheFirmwareDoesNotTakeIsNotRememberedYetTheUiIsBroughtUpToDate) {
-  for (const auto trouble : {+[](Laptop& laptop) { laptop.firmware.driverInstalled = false; },
-                             +[](Laptop& laptop) { laptop.faults.Fail<&os::Control>(); }}) {
-    for (const bool on : {true, false}) {
-      SCOPED_TRACE(on);
-      const std::wstring before = on ? L"Off" : L"On";
-      RunningLaptop laptop({.saved = before, .uiRunning = true});
-      const bool cursorMode = laptop.touch.InCursorMode();
-      trouble(laptop);
-      TessaviewPowerControl(on);
+  for (const bool on : {true, false}) {
+    SCOPED_TRACE(on);
+    const std::wstring before = on ? L"Off" : L"On";
+    RunningLaptop laptop({.saved = before, .uiRunning = true});
+    const bool cursorMode = laptop.touch.InCursorMode();
+    laptop.faults.Fail<&os::Control>();
+    TessaviewPowerControl(on);
 
-      EXPECT_EQ(laptop.settings.Text(L"Tessaview"), before);
-      EXPECT_EQ(laptop.ui.Received(), Texts{on ? L"POWEROFF" : L"POWERON"}) << "from the old choice";
-      EXPECT_EQ(laptop.touch.InCursorMode(), cursorMode);
-      for (const auto& line : laptop.trace.Lines()) EXPECT_EQ(line.find(L"Set ini"), std::wstring::npos);
-    }
-  }
-}
-
-TEST(SavedPanelPower, IsAppliedOnlyWhenSpeltExactly) {
-  struct Case {
-    const wchar_t* saved;
-    Words levels, powers;
-  };
-  for (const auto& c : {Case{L"On", {116}, {}}, {L"Off", {}, {0}}, {L"on", {}, {}}, {L"OFF", {}, {}}, {L"", {}, {}}}) {
-    SCOPED_TRACE(testing::PrintToString(c.saved));
-    RunningLaptop laptop;
-    laptop.settings.Set(L"Tessaview", c.saved);
-    tessaview::ApplyIniPowerStatus();
-    EXPECT_EQ(laptop.firmware.Writes(Firmware::kBacklight), c.levels);
-    EXPECT_EQ(laptop.firmware.Writes(Firmware::kPower), c.powers);
-    EXPECT_EQ(laptop.settings.Text(L"Tessaview"), c.saved);
+    EXPECT_EQ(laptop.settings.Text(L"Tessaview"), before);
+    EXPECT_EQ(laptop.ui.Received(), Texts{on ? L"POWEROFF" : L"POWERON"}) << "from the old choice";
+    EXPECT_EQ(laptop.touch.InCursorMode(), cursorMode);
+    for (const auto& line : laptop.trace.Lines()) EXPECT_EQ(line.find(L"Set ini"), std::wstring::npos);
   }
 }
 

@@ -62,6 +62,7 @@ TEST(PanelSearch, TellsThePanelsByTheIdsUpToTheirLastBackslash) {
   for (const auto& c : {Case{kB, kC, 1},
                         {L"DISPLAY\\BOE0D53\\", L"DISPLAY\\TSB8888\\another instance", 1},
                         {L"BOE0D53", L"TSB8888", 1},            // whole without a backslash
+                        {kB, L"DISPLAY\\BOE0D53\\another", 1},  // one display may be both
                         {L"DISPLAY\\BOE", L"DISPLAY\\TSB", 1},  // "DISPLAY" matches every display
                         {L"display\\boe0d53\\4&1", kC, 3},      // small letters never match
                         {L"DISPLAY\\BOE0D5X\\1", L"X", 0},
@@ -77,12 +78,10 @@ TEST(PanelSearch, TellsThePanelsByTheIdsUpToTheirLastBackslash) {
 
 TEST(PanelSearch, FindsNothingWithoutBothIds) {
   using Registry = sim::Registry;
-  for (const auto spoil :
-       {+[](Registry& r) { r.RemoveKey(kFactory); }, +[](Registry& r) { r.Remove(kFactory, L"BPanelHardwareID"); },
-        +[](Registry& r) { r.SetDword(kFactory, L"BPanelHardwareID", 8); },
-        // Larger than the buffer.
-        +[](Registry& r) { r.SetText(kFactory, L"BPanelHardwareID", std::wstring(512, L'B')); },
-        +[](Registry& r) { r.SetText(kFactory, L"CPanelHardwareID", L""); }}) {
+  for (const auto spoil : {+[](Registry& r) { r.Remove(kFactory, L"BPanelHardwareID"); },
+                           // Larger than the buffer.
+                           +[](Registry& r) { r.SetText(kFactory, L"BPanelHardwareID", std::wstring(512, L'B')); },
+                           +[](Registry& r) { r.SetText(kFactory, L"CPanelHardwareID", L""); }}) {
     Laptop laptop;
     spoil(laptop.registry);
     EXPECT_EQ(EnumDisplayDevice(), PanelsFound::None);
@@ -91,15 +90,6 @@ TEST(PanelSearch, FindsNothingWithoutBothIds) {
     ExpectNothingButTheId(cPanel);
     EXPECT_EQ(b.hardwareId + cPanel.hardwareId, L"");
   }
-}
-
-TEST(PanelSearch, OneDisplayMayBeBothPanels) {
-  Laptop laptop;
-  laptop.registry.SetText(kFactory, L"CPanelHardwareID", L"DISPLAY\\BOE0D53\\another");
-  EXPECT_EQ(EnumDisplayDevice(), PanelsFound::Both);
-  const auto [b, c] = gPanelDisplayInfo.get();
-  EXPECT_EQ(c.gdiDeviceName, b.gdiDeviceName);
-  EXPECT_EQ(b.SettingsView(), kBAtTop);
 }
 
 TEST(PanelSearch, OverlooksDisplaysThatAreNotPlainlyActive) {

@@ -4,15 +4,12 @@
 
 #include <gtest/gtest.h>
 
-#include "display/panel_orientation.h"
-#include "display/panel_search.h"
 #include "os/displays.h"
 #include "tests/support.h"
 
 namespace {
 
 using os::Topology;
-using sim::Laptop;
 using support::ForgetTheStory;
 using support::Texts;
 using tessaview::isTessaviewPowerOn;
@@ -69,12 +66,6 @@ TEST_F(PanelStatus, StaysAsItWasWithoutAChoice) {
   }
 }
 
-TEST_F(PanelStatus, IsOffWhenTheProjectionCannotBeRead) {
-  laptop.faults.Fail<&os::QueryDisplayConfiguration>({.after = 1});  // after the panel search
-  tessaview::Update_UI_Status();
-  EXPECT_EQ(laptop.ui.Received(), Texts{L"POWEROFF"});
-}
-
 TEST_F(PanelStatus, WaitsForTheCPanelInStepsForThreeSecondsAtMost) {
   struct Case {
     std::uint32_t appearsAfterMs, waitedMs;
@@ -100,21 +91,6 @@ TEST_F(PanelStatus, GoesByWhatItFoundWhenThePanelNeverGetsAnArea) {
   EXPECT_EQ(laptop.NowMs() - start, 3000U);
   EXPECT_EQ(laptop.ui.Received(), Texts{L"CLOSEMASK"});
   EXPECT_EQ(laptop.trace.Count(L"EnumDisplayDevice Start"), 31U);
-}
-
-TEST(PanelOrientation, IsLandscapeAtTwoHundredAndSeventyDegreesOnly) {
-  // As somebody sitting before the panel says, in steps of 90 degrees.
-  const Texts words{L"Portrait", L"Landscape (flipped)", L"Portrait (flipped)", L"Landscape", L"Unknown"};
-  Laptop laptop;
-  for (std::uint32_t orientation = 0; orientation < words.size(); ++orientation) {
-    laptop.displays.cPanel().orientation = orientation;
-    tessaview::EnumDisplayDevice();
-    EXPECT_EQ(tessaview::IsCPanelLandscape(), orientation == kLandscape);
-    EXPECT_EQ(laptop.trace.Lines().back(), L"CPanelDisplayOrientation = " + words[orientation] + L" \n");
-  }
-  laptop.displays.cPanel().Unplug();
-  tessaview::EnumDisplayDevice();
-  EXPECT_FALSE(tessaview::IsCPanelLandscape());
 }
 
 }  // namespace

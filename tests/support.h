@@ -15,7 +15,7 @@ namespace support {
 using Texts = std::vector<std::wstring>;
 
 /// Whether the log holds these lines, whole and in this order; others may stand between them.
-inline testing::AssertionResult LogsInOrder(const sim::Laptop& laptop, std::vector<const wchar_t*> lines) {
+inline testing::AssertionResult LogsInOrder(const sim::Laptop& laptop, const std::vector<const wchar_t*>& lines) {
   std::size_t from = 0;
   for (const auto* line : lines) {
     const auto at = laptop.trace.IndexOf(line, from);

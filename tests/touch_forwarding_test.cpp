@@ -10,10 +10,6 @@ using Reports = std::vector<os::Bytes>;
 
 class TouchForwarding : public testing::Test {
  protected:
-  void SetUp() override {
-    laptop.Boot();
-    laptop.ui.ForgetReceived();
-  }
   /// What the UI got of these reports of one device.
   Reports Forwarded(const sim::HidCollection& device, const Reports& reports) {
     for (const auto& report : reports) laptop.touch.ReportFrom(device, report);
@@ -22,7 +18,7 @@ class TouchForwarding : public testing::Test {
     return received;
   }
 
-  sim::Laptop laptop{{.uiRunning = true}};
+  support::RunningLaptop laptop{{.uiRunning = true}};
   sim::HidCollection& screen = laptop.touch.touchScreen();
   sim::HidCollection& pad = laptop.touch.touchPad();
 };

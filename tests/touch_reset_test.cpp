@@ -40,19 +40,14 @@ TEST(TouchReset, SwitchesTheCollectionOffAndOnBetweenTwoRegistrations) {
   EXPECT_TRUE(TouchesReachTheUi(laptop));
 }
 
-TEST(TouchReset, FindsTheNodeByItsFirstHardwareIdSpeltExactlySo) {
-  using Case = std::tuple<const char*, std::vector<std::wstring>, std::size_t>;
-  for (const auto& [story, hardwareIds, switches] : {
-           Case{"as built", {kCollection, L"HID_DEVICE"}, 2},
-           {"in small letters", {L"hid\\ven_gdx&dev_1515&col06"}, 0},
-           {"not its first", {L"HID_DEVICE", kCollection}, 0},
-           {"longer", {L"HID\\VEN_GDX&DEV_1515&Col06&REV_01"}, 0},
-       }) {
-    SCOPED_TRACE(story);
+TEST(TouchReset, LeavesNodesAloneWhoseFirstHardwareIdIsSpeltOtherwise) {
+  for (const auto& hardwareIds : {std::vector<std::wstring>{L"hid\\ven_gdx&dev_1515&col06"},
+                                  {L"HID_DEVICE", kCollection},
+                                  {L"HID\\VEN_GDX&DEV_1515&Col06&REV_01"}}) {
     sim::Laptop laptop;
     laptop.touch.modeSwitch().hardwareIds = hardwareIds;
     EXPECT_TRUE(laptop.Boot());
-    EXPECT_EQ(laptop.touch.NodeSwitches().size(), switches);
+    EXPECT_TRUE(laptop.touch.NodeSwitches().empty()) << testing::PrintToString(hardwareIds);
   }
 }
 
@@ -76,6 +71,15 @@ TEST(TouchReset, GoesOnAsFarAsItCan) {
        {L"SetupDiGetClassDevs error = 1168 (0x490) \n", L"Dissable Device Fail\n",
         L"SetupDiGetClassDevs error = 1168 (0x490) \n", L"Enable Device Fail\n"},
        true},
+      {"the raw input devices cannot be counted",
+       [](sim::Laptop& l) { l.faults.Fail<&os::RawInputDeviceCount>(); },
+       {L"Get number of devices failed\n"},
+       false},
+      {"the raw input devices cannot be listed",
+       [](sim::Laptop& l) { l.faults.Fail<&os::RawInputDevices>({.error = 122}); },
+       {L"Get pRawInputDeviceList failed\n"},
+       false},
+      {"raw input is refused", [](sim::Laptop& l) { l.faults.Fail<&os::RegisterRawInput>({.after = 1}); }, {}, false},
   };
   for (const auto& [story, arrange, lines, connectedInTheEnd] : cases) {
     SCOPED_TRACE(story);
@@ -99,26 +103,6 @@ TEST(TouchReset, WaitsForAPadWithoutATimeLimit) {
   laptop.Advance(6000);  // it looks every second
   EXPECT_TRUE(laptop.settings.Exists());
   EXPECT_TRUE(TouchesReachTheUi(laptop));
-}
-
-TEST(RawInputRegistration, SaysWhyItFailedAndStartUpGoesOn) {
-  using Case = std::tuple<const char*, void (*)(sim::Faults&), const wchar_t*>;
-  const Case cases[] = {
-      {"no count", [](sim::Faults& f) { f.Fail<&os::RawInputDeviceCount>(); }, L"Get number of devices failed\n"},
-      {"no list", [](sim::Faults& f) { f.Fail<&os::RawInputDevices>({.error = 122}); },
-       L"Get pRawInputDeviceList failed\n"},
-      {"refused", [](sim::Faults& f) { f.Fail<&os::RegisterRawInput>({.after = 1}); },
-       L"Can't register raw input device\n"},
-  };
-  for (const auto& [story, arrange, line] : cases) {
-    SCOPED_TRACE(story);
-    sim::Laptop laptop({.uiRunning = true});
-    arrange(laptop.faults);
-    EXPECT_TRUE(laptop.Boot());
-    const auto& debug = laptop.trace.DebugTexts();
-    EXPECT_TRUE(laptop.trace.Contains(line) || std::count(debug.begin(), debug.end(), line) > 0);
-    EXPECT_FALSE(TouchesReachTheUi(laptop));
-  }
 }
 
 TEST(RawInputRegistration, NeedsTheTouchPad) {

@@ -36,32 +36,20 @@ TEST(TraceLog, WritesEachTextAsItStands) {
   EXPECT_TRUE(laptop.trace.Malformed().empty());
 }
 
-TEST(TraceLog, RegistersOnceWithTheFirstTextOfEachProcess) {
+TEST(TraceLog, TriesToRegisterOnceInEachProcess) {
   sim::Laptop laptop;
-  EXPECT_EQ(laptop.trace.Registrations(), 0u);
+  laptop.faults.Fail<&os::RegisterTraceProvider>({.times = 1});
+  laptop.Boot();
+  EXPECT_EQ(WriteTraceLog(L"lost"), 0u);
+  EXPECT_EQ(laptop.faults.Calls<&os::RegisterTraceProvider>(), 1u);
+  EXPECT_EQ(laptop.faults.Calls<&os::WriteTraceEvent>(), 0u);
+
   laptop.Boot();
   EXPECT_EQ(laptop.trace.Registrations(), 1u);
   EXPECT_EQ(laptop.faults.Calls<&os::SetTraceProviderTraits>(), 1u);
-  laptop.Boot();
-  EXPECT_EQ(laptop.trace.Registrations(), 2u) << "the next process has a provider of its own";
-}
-
-TEST(TraceLog, TriesToRegisterOnceOnly) {
-  sim::Laptop laptop;
-  laptop.faults.Fail<&os::RegisterTraceProvider>({.times = 1});
-  EXPECT_EQ(WriteTraceLog(L"lost"), 0u);
-  RecordUsage(L"lost, too");
-  EXPECT_EQ(laptop.faults.Calls<&os::RegisterTraceProvider>(), 1u);
-  EXPECT_EQ(laptop.faults.Calls<&os::WriteTraceEvent>(), 0u);
-}
-
-TEST(TraceLog, ReturnsTheStatusOfTheWrite) {
-  constexpr std::uint32_t kMoreData = 234;
-  sim::Laptop laptop;
-  laptop.faults.Fail<&os::WriteTraceEvent>({.error = kMoreData, .times = 1});
-  EXPECT_EQ(WriteTraceLog(L"too much"), kMoreData);
+  laptop.faults.Fail<&os::WriteTraceEvent>({.error = 234, .times = 1});
+  EXPECT_EQ(WriteTraceLog(L"too much"), 234u) << "the status of the write";
   EXPECT_EQ(WriteTraceLog(L"fits"), 0u);
-  EXPECT_EQ(laptop.trace.Lines(), Texts{L"fits"});
 }
 
 TEST(TraceLog, WritesOnlyToAListenerAtLevelVerbose) {

