@@ -7,7 +7,8 @@
 
 namespace contract {
 
-/// A COM object whose methods stand at given places of its interface. It counts no references: it outlives its users.
+/// A COM object whose methods stand at given places of its interface. It outlives its users, and only counts how often
+/// it is released.
 class ComObject {
  public:
   ComObject() { With(2, Release); }
@@ -18,17 +19,27 @@ class ComObject {
     return *this;
   }
 
-  /// What a user of the object is given; it must not move after that.
+  /// What a user of the object is given, nothing released yet; it must not move after that.
   [[nodiscard]] void* Interface() {
-    table_ = methods_.data();
-    return &table_;
+    seen_ = {methods_.data(), 0};
+    return &seen_;
   }
 
+  [[nodiscard]] ULONG releases() const { return seen_.releases; }
+
  private:
-  static ULONG WINAPI Release(void* /*object*/) { return 1; }
+  struct Seen {
+    void** table;  // where COM looks for it: first
+    ULONG releases;
+  };
+
+  static ULONG WINAPI Release(void* object) {
+    ++static_cast<Seen*>(object)->releases;
+    return 1;
+  }
 
   std::array<void*, 8> methods_{};
-  void** table_ = nullptr;
+  Seen seen_{};
 };
 
 }  // namespace contract

@@ -148,6 +148,7 @@ TEST(DisplayArguments, TheWallpaperObjectsPathsKeepTheirOrderAndGaps) {
   CONTRACT_PATCH(CoCreateInstance,
                  [](auto, auto, auto, auto, auto out) -> HRESULT { return *out = object.Interface(), S_OK; });
   EXPECT_EQ(os::WallpaperMonitorPaths(), (std::vector<std::wstring>{L"one", L"", L"two"}));
+  EXPECT_EQ(object.releases(), 1U);
 }
 
 }  // namespace

@@ -19,16 +19,16 @@ void Note(std::uint64_t kindOrMessage, std::uint64_t wParam, std::int64_t lParam
   InterlockedIncrement(&journal->count);
 }
 
-void HangFor(DWORD ms) {
-  SharedJournal()->hangs = 1;
-  Sleep(ms);
-  SharedJournal()->hangs = 0;
+/// Until the contracts say that it no longer hangs.
+void Hang() {
+  auto* const journal = SharedJournal();
+  for (journal->hangs = 1; journal->hangs != 0;) Sleep(5);
 }
 
 LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   constexpr UINT kFirstRegistered = 0xC000;
   if (message == HangMessage()) {
-    HangFor(static_cast<DWORD>(wParam));
+    Hang();
   } else if (message == WM_COPYDATA) {
     Note(wParam, 0, 0, reinterpret_cast<const COPYDATASTRUCT*>(lParam));
   } else if (message >= kFirstRegistered) {

@@ -27,7 +27,7 @@ struct WindowJournal {
 /// The shared journal; null when it cannot be had.
 [[nodiscard]] WindowJournal* SharedJournal();
 
-/// What makes the window hang for as many milliseconds as its wParam says.
+/// What makes the window hang until `hangs` of the journal is 0 again.
 [[nodiscard]] UINT HangMessage();
 
 /// The exit code of a start as the other program; nothing when the arguments say that this one is the contracts'.

@@ -110,13 +110,16 @@ TEST(ProcessArguments, AnActivationPassesItsArgumentOrNone) {
     where = context;
     return *out = object.Interface(), S_OK;
   });
-  const auto manager = os::CreateActivationManager();
+  auto manager = os::CreateActivationManager();
   ASSERT_TRUE(manager);
   EXPECT_EQ(where, DWORD{CLSCTX_LOCAL_SERVER});
   EXPECT_TRUE(os::ActivateApplication(*manager, L"App", L"hide"));
   EXPECT_EQ(asked, L"App|hide0");
   EXPECT_EQ(os::ActivateApplication(*manager, L"App", L"").error(), 0x80270254U);
   EXPECT_EQ(asked, L"App|none0");
+  EXPECT_EQ(object.releases(), 0U);
+  manager->reset();
+  EXPECT_EQ(object.releases(), 1U);
 }
 
 TEST(ProcessArguments, TheShellIsAskedToOpenNothing) {
@@ -161,6 +164,7 @@ TEST(SetupArguments, SetupIsAskedForWaitedForAndLetGo) {
     ASSERT_TRUE(told);
     EXPECT_EQ(*told, complete != FALSE);
   }
+  gCompletions = 0;
   const auto wait = os::WaitForSetup([] { ++gCompletions; });
   ASSERT_NE(wait, os::SetupWait::None);
   gOnCompleted(gContext);

@@ -49,6 +49,7 @@ TEST(WindowArguments, PowerSettingsAreAskedForByTheirGuidForTheWindow) {
 
 TEST(WindowArguments, TheRestIsAskedForThisWindowAndThisSession) {
   static std::string asked;
+  asked.clear();
   CONTRACT_PATCH(WTSRegisterSessionNotification, [](auto window, auto flags) -> BOOL {
     return SetLastError(ERROR_GEN_FAILURE), window == kNative && flags == NOTIFY_FOR_THIS_SESSION;
   });
@@ -102,26 +103,41 @@ UINT WINAPI TellRawInput(HRAWINPUT, UINT command, void* to, UINT* size, UINT hea
   return 38;
 }
 
-TEST(WindowArguments, EachMessageIsDecodedIntoItsEvent) {
-  static const os::ServiceWindowEvents events{
-      .hotKeyMessage = 0,  // a registration that failed
-      .touchPadStatusMessage = 0,
-      .hotKey = [](auto, auto) { Hear("hotKey"); },
-      .touchPadStatus = [](auto, auto) { Hear("touchPad"); },
-      .copyData = [](auto kind, auto record) { Hear("copyData", kind, record.size()); },
-      .rawInput = HearRawInput,
-      .command = [](auto id) { Hear("command", id); },
-      .timer = [](auto id) { Hear("timer", id); },
-      .powerBroadcast = [](auto event) { Hear("power", event); },
-      .powerSetting = [](auto setting, auto value) { Hear("setting", static_cast<int>(setting), value); },
-      .sessionChange = [](auto event) { Hear("session", event); },
-      .queryEndSession = [](auto reason) { Hear("end", reason); },
-      .destroy = [] { Hear("destroy"); }};
-  ASSERT_TRUE(os::RegisterServiceWindowClass({L"ContractDecoder", 0, 0, 0}, events));
-  const auto window = os::CreateServiceWindow(L"ContractDecoder", L"");
-  const auto native = reinterpret_cast<HWND>(static_cast<std::uintptr_t>(window));
-  CONTRACT_PATCH(GetRawInputData, TellRawInput);
+const os::ServiceWindowEvents kEvents{
+    .hotKeyMessage = 0,  // a registration that failed
+    .touchPadStatusMessage = 0,
+    .hotKey = [](auto, auto) { Hear("hotKey"); },
+    .touchPadStatus = [](auto, auto) { Hear("touchPad"); },
+    .copyData = [](auto kind, auto record) { Hear("copyData", kind, record.size()); },
+    .rawInput = HearRawInput,
+    .command = [](auto id) { Hear("command", id); },
+    .timer = [](auto id) { Hear("timer", id); },
+    .powerBroadcast = [](auto event) { Hear("power", event); },
+    .powerSetting = [](auto setting, auto value) { Hear("setting", static_cast<int>(setting), value); },
+    .sessionChange = [](auto event) { Hear("session", event); },
+    .queryEndSession = [](auto reason) { Hear("end", reason); },
+    .destroy = [] { Hear("destroy"); }};
 
+/// A service window of these events; a class stays registered as long as the process.
+class WindowDecoder : public testing::Test {
+ protected:
+  void SetUp() override {
+    static const auto registered = os::RegisterServiceWindowClass({L"ContractDecoder", 0, 0, 0}, kEvents);
+    ASSERT_TRUE(registered);
+    window = os::CreateServiceWindow(L"ContractDecoder", L"");
+  }
+
+  /// What the events heard of a message, which is always answered with 0.
+  [[nodiscard]] std::string HeardOf(UINT message, WPARAM wParam, LPARAM lParam) const {
+    gHeard.clear();
+    EXPECT_EQ(SendMessageW(reinterpret_cast<HWND>(static_cast<std::uintptr_t>(window)), message, wParam, lParam), 0);
+    return gHeard;
+  }
+
+  os::WindowHandle window{};
+};
+
+TEST_F(WindowDecoder, EachMessageIsDecodedIntoItsEvent) {
   struct Setting {
     GUID guid;
     DWORD length;
@@ -153,24 +169,24 @@ TEST(WindowArguments, EachMessageIsDecodedIntoItsEvent) {
       {WM_NULL, 0, 0, ""},
   };
   for (const auto& each : cases) {
-    gHeard.clear();
-    EXPECT_EQ(SendMessageW(native, each.message, each.wParam, each.lParam), 0) << each.message;
-    EXPECT_EQ(gHeard, each.heard) << each.message;
+    EXPECT_EQ(HeardOf(each.message, each.wParam, each.lParam), each.heard) << each.message;
   }
+  gHeard.clear();
+  os::DestroyServiceWindow(window);
+  EXPECT_EQ(gHeard, "destroy");
+}
 
+TEST_F(WindowDecoder, RawInputComesWithItsReports) {
+  CONTRACT_PATCH(GetRawInputData, TellRawInput);
   const struct {
     UINT announced, type;
     const char* heard;
   } records[]{{38, RIM_TYPEHID, "raw 1 2 3 4"}, {40, RIM_TYPEHID, "raw 0 2 3 4"}, {38, RIM_TYPEMOUSE, "raw 1 0 0 0"}};
   for (const auto& each : records) {
-    gHeard.clear();
     gAnnounced = each.announced, gRawType = each.type;
-    SendMessageW(native, WM_INPUT, RIM_INPUTSINK, 1);
-    EXPECT_EQ(gHeard, each.heard);
+    EXPECT_EQ(HeardOf(WM_INPUT, RIM_INPUTSINK, 1), each.heard);
   }
-  gHeard.clear();
   os::DestroyServiceWindow(window);
-  EXPECT_EQ(gHeard, "destroy");
 }
 
 // ---- Events out ----
@@ -183,6 +199,7 @@ TEST(TraceArguments, AProviderHearsWhoListens) {
     return id->Data1 == 0x01020304 && id->Data4[7] == 9 ? 0 : ERROR_INVALID_PARAMETER;
   });
   static std::string heard;
+  heard.clear();
   const auto provider = os::RegisterTraceProvider(
       {0x01020304, 5, 6, {0, 0, 0, 0, 0, 0, 0, 9}},
       [](bool enabled, std::uint8_t level) { heard += std::to_string(enabled) + std::to_string(level) + " "; });

@@ -30,19 +30,15 @@ lab::ChildProcess gOther;
 HWND gWindow = nullptr;
 
 bool PlugBoth() {
-  for (const auto which : {kTouchPad, kTouchScreen}) {
-    if (!gTouch.IsPresent(which) && !gTouch.Plug(which)) return false;
-  }
-  return true;
+  return gTouch.Plug(kTouchPad) && gTouch.Plug(kTouchScreen);
 }
 
 bool BringFirmwareDriverBack() {
   return !std::exchange(gFirmwareStopped, false) || gFirmware.Start();
 }
 
-/// The touch bus must not be installed twice on one laptop.
 bool Boot() {
-  return gFirmware.Install() && (os::OpenDevice(L"\\\\.\\ZRVHIDBUS") || gTouch.Install());
+  return gFirmware.Install() && gTouch.Install();
 }
 
 Launch OtherProgram(const std::wstring& arguments) {
@@ -179,9 +175,13 @@ void CloseWindow() {
   EXPECT_TRUE(lab::Eventually([] { return IsWindow(gWindow) == FALSE; }));
 }
 
-void Hang(std::uint32_t ms) {
-  PostMessageW(gWindow, contract::HangMessage(), ms, 0);
+void Hang() {
+  PostMessageW(gWindow, contract::HangMessage(), 0, 0);
   EXPECT_TRUE(lab::Eventually([] { return contract::SharedJournal()->hangs != 0; }));
+}
+
+void Wake() {
+  contract::SharedJournal()->hangs = 0;
 }
 
 std::vector<Told> ToldToWindow(std::size_t count) {

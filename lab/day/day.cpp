@@ -9,7 +9,9 @@ Day::Day()
         const std::lock_guard lock(telling_);
         log_.Write(who, line);
         if (IsTelling(who, line)) story_.Tell(who, line);
-      }) {}
+      }) {
+  log_.Begin(EnvironmentText(L"LAB_LOG"));
+}
 
 void Day::Chapter(const std::wstring& title) {
   if (laptop_.controller.IsRunning() && !laptop_.WaitForController()) Check(false, L"the controller answers");
@@ -17,6 +19,7 @@ void Day::Chapter(const std::wstring& title) {
 }
 
 void Day::Happens(const std::wstring& what) {
+  laptop_.ReadDevices();
   since_ = {laptop_.trace.Mark(), laptop_.usage.Mark(), laptop_.uiTalk.Mark(), laptop_.requests.Mark(),
             laptop_.reports.Mark()};
   story_.Tell(L"laptop", what);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <windows.h>
-
 #include <array>
 #include <cstdint>
 #include <mutex>
@@ -11,11 +9,14 @@
 #include "day/telling.h"
 #include "kit/laptop.h"
 #include "kit/laptop_state.h"
+#include "kit/log.h"
 #include "kit/story.h"
 
 namespace lab {
 
-/// A day in the laptop's life: the laptop, and the story that is told of it.
+/// A day in the laptop's life: the laptop, the story that is told of it, and a log of everything, telling or not, in
+/// the file that the environment variable LAB_LOG names as a Linux path. It lives as long as the process, as its laptop
+/// must.
 class Day {
  public:
   Day();
@@ -70,7 +71,7 @@ class Day {
   std::mutex telling_;
   Marks since_{};
   std::vector<std::wstring> pictures_;
-  Laptop laptop_;  // the last one: what it says on its way out is still told
+  Laptop laptop_;
 };
 
 }  // namespace lab

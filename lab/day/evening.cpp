@@ -2,11 +2,6 @@
 #include "day/chapters.h"
 
 namespace lab {
-namespace {
-
-constexpr wchar_t kCursorMode[] = L"03 00 09 A1 00 00 0F 00 00 00 08 70";  // the report that makes it a touch pad
-
-}  // namespace
 
 void DriverGone(Day& day) {
   FirmwareDriver& firmware = day.laptop().firmware;
@@ -17,7 +12,10 @@ void DriverGone(Day& day) {
             L"BLGET answered all the same, as for the brightest level");
   day.Happens(L"folded over and back, which nobody can ask the firmware about");
   Controller::PostHotKey(HotKey::FlipChanged);
-  day.Check(day.laptop().WaitForController() && day.UiTalk().empty(), L"nothing is told, the controller runs on");
+  const bool servesOn = day.laptop().WaitForController() && StandInUi::Send(L"BLGET");
+  day.Check(servesOn && day.UiHeard(L"received BLSET 99") &&
+                day.UiTalk() == std::vector<std::wstring>{L"sent BLGET", L"received BLSET 99"},
+            L"the UI is told nothing of it, and its next BLGET is answered");
   day.Happens(L"the driver is started, with the registers that it had when it was new");
   day.Check(firmware.Start(), L"its device answers");
   day.Check(StandInUi::Send(L"BLGET") && day.UiHeard(L"received BLSET 45"), L"BLGET answered with 45 percent again");
@@ -26,11 +24,10 @@ void DriverGone(Day& day) {
 void SwitchOff(Day& day) {
   day.Chapter(L"F6: the C panel off");
   day.Happens(L"F6 is pressed once");
-  Controller::PostHotKey(HotKey::F6Pressed);
-  Controller::PostHotKey(HotKey::F6Ended, kF6PanelOff);
+  Controller::PressF6(1, kF6PanelOff);
   day.Check(day.Asked(L"DEVS 0x00050031 = 0") && day.laptop().firmware.Read(kPanelPower) == kPanelOff,
             L"firmware told to power the panel off, and it is");
-  day.Check(day.PadGot(kCursorMode), L"touch surface switched to a touch pad");
+  day.Check(day.PadGot(kCursorReport), L"touch surface switched to a touch pad");
   day.Check(day.UiHeard(L"received POWEROFF"), L"UI told POWEROFF");
   day.Check(Day::SettingsAre({"Off", "127", "204", "1", "Cursor"}), L"settings remember Off");
   day.Picture(L"6-panel-off");
@@ -39,10 +36,8 @@ void SwitchOff(Day& day) {
   day.Check(day.Traced(L"Read ini file = Tessaview Power Off") && day.Asked(L"DEVS 0x00050031 = 0"),
             L"the panel stays off, as the user chose");
   day.Happens(L"F6 is pressed twice");
-  Controller::PostHotKey(HotKey::F6Pressed);
-  Controller::PostHotKey(HotKey::F6Pressed);
-  Controller::PostHotKey(HotKey::F6Ended, kF6PanelOn);
-  day.Check(day.Traced(L"F6 start as TOUCHPAD and switch time = 2") && day.Used(L"TESSAVIEW_F6_TESSAVIEW"),
+  Controller::PressF6(2, kF6PanelOn);
+  day.Check(day.Traced(L"----- F6 start as TOUCHPAD and switch time = 2 -----") && day.Used(L"TESSAVIEW_F6_TESSAVIEW"),
             L"understood as the wish for the panel");
   day.Note(L"F6 does not bring the panel back yet: the controller's part of it is still to be built");
 }
@@ -60,7 +55,7 @@ void ShutDown(Day& day) {
   day.Chapter(L"The user signs out, the controller ends");
   day.Happens(L"Windows asks whether the session may end, and ends it");
   day.Check(Deliver(Controller::Window(), WM_QUERYENDSESSION, 0, static_cast<LPARAM>(ENDSESSION_LOGOFF)) &&
-                day.PadGot(kCursorMode),
+                day.PadGot(kCursorReport),
             L"touch surface left as a touch pad, for who signs in next");
   day.Check(Deliver(Controller::Window(), WM_ENDSESSION, TRUE, static_cast<LPARAM>(ENDSESSION_LOGOFF)),
             L"the controller has nothing else to do");

@@ -19,10 +19,12 @@ void LiveOn(lab::Day& day) {
 
 int main(int count, char** words) {
   const bool keep = count > 1 && std::string_view(words[1]) == "--keep";
-  lab::Day day;
+  auto& day = *new lab::Day;  // its laptop's threads run until the process is over
   if (lab::BootLaptop(day) && lab::StartController(day)) {
     lab::TellTheState(day);
     keep ? lab::StayUp(day) : LiveOn(day);
   }
+  day.laptop().controller.End();
+  day.laptop().ui.End();
   return day.Summary();
 }

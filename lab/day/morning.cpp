@@ -27,13 +27,13 @@ bool StartController(Day& day) {
   day.Happens(L"the UI's package is installed");
   Day::State().packageCheck = kPackageInstalled;
   day.Check(day.Traced(L" Found Package"), L"it is found when it is looked for again");
-  day.Check(day.UiHeard(L"activated 7C31A0D4.TessaviewMaster"), L"UI activated by its application id");
+  day.Check(day.UiHeard(L"activated 7C31A0D4.TessaviewMaster_*"), L"UI activated by its application id");
   if (!day.Check(laptop.WaitForController(), L"the controller serves its window")) return false;
   if (!day.Check(StandInUi::IsThere(), L"UI has its window")) return false;
 
   // What the controller had done on the way, from its first line on.
-  day.Check(laptop.trace.WaitFor(L"Global gBPanel X: 0, Y: 0, Wdith: 1920, Height: 1080") &&
-                laptop.trace.WaitFor(L"Global gCPanel X: 0, Y: 1080, Wdith: 1920, Height: 515"),
+  day.Check(laptop.trace.WaitFor(L"[InitialDisplay] Global gBPanel X: 0, Y: 0, Wdith: 1920, Height: 1080") &&
+                laptop.trace.WaitFor(L"[InitialDisplay] Global gCPanel X: 0, Y: 1080, Wdith: 1920, Height: 515"),
             L"B and C panel found where they are");
   day.Check(laptop.trace.WaitFor(L"Find TouchPad Vid & Pid Success!") &&
                 laptop.trace.WaitFor(L"Get Rawinput hDevice of CPanel_TouchScreen successed"),
@@ -41,7 +41,7 @@ bool StartController(Day& day) {
   day.Check(laptop.requests.WaitFor(L"DEVS 0x00050032 = 116"), L"panel powered on at its default level");
   day.Check(Day::SettingsAre({"On", "116", "116", "1", "Cursor"}), L"settings file made with its defaults");
   day.Check(laptop.patched.WaitFor(L"user of session 1"), L"programs started for the user at the console");
-  day.Check(laptop.trace.WaitFor(L"The computer is powered by an AC power source"),
+  day.Check(laptop.trace.WaitFor(L"The computer is powered by an AC power source."),
             L"Windows tells that it is on mains");
   day.Picture(L"1-ui-launched");
   return true;

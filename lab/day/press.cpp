@@ -21,9 +21,8 @@ LaptopState& State() {
 
 bool F6() {
   const bool on = Setting("Tessaview") == "On";
-  std::puts(on ? "F6: panel off" : "F6: panel on, which the controller only takes note of so far");
-  Controller::PostHotKey(HotKey::F6Pressed);
-  Controller::PostHotKey(HotKey::F6Ended, on ? kF6PanelOff : kF6PanelOn);
+  std::puts(on ? "F6: panel off" : "F6 twice: panel on, which the controller only takes note of so far");
+  Controller::PressF6(on ? 1 : 2, on ? kF6PanelOff : kF6PanelOn);
   return true;
 }
 

@@ -1,7 +1,5 @@
 #include "day/telling.h"
 
-#include <windows.h>
-
 #include <algorithm>
 #include <array>
 
@@ -53,22 +51,6 @@ bool IsTelling(std::wstring_view who, std::wstring_view line) {
   if (who != L"controller") return true;
   return std::any_of(kTellingLines.begin(), kTellingLines.end(),
                      [&](std::wstring_view beginning) { return line.starts_with(beginning); });
-}
-
-Log::Log() {
-  std::array<wchar_t, 1024> path{};
-  GetEnvironmentVariableW(L"LAB_LOG", path.data(), static_cast<DWORD>(path.size()));
-  file_ = _wfopen((std::wstring(L"Z:") + path.data()).c_str(), L"w, ccs=UTF-8");
-}
-
-Log::~Log() {
-  if (file_ != nullptr) std::fclose(file_);
-}
-
-void Log::Write(const std::wstring& who, const std::wstring& line) {
-  if (file_ == nullptr) return;
-  std::fwprintf(file_, L"%-12ls%ls%ls", who.c_str(), line.c_str(), line.ends_with(L'\n') ? L"" : L"\n");
-  std::fflush(file_);
 }
 
 }  // namespace lab

@@ -1,5 +1,6 @@
 // Fingers on the C panel.
 #include "day/chapters.h"
+#include "kit/hex_text.h"
 
 namespace lab {
 
@@ -20,7 +21,7 @@ void Touch(Day& day) {
   bool reported = true;
   for (int step = 0; step <= kMoves; step++) {
     const auto bytes = report(step < kMoves ? kDown : kLifted, step);
-    if (step % 3 == 0 || step == kMoves) expected.push_back(L"received touch " + HexText(bytes, bytes.size()));
+    if (step % 3 == 0 || step == kMoves) expected.push_back(L"received touch " + HexText(bytes));
     reported = reported && day.laptop().touch.Report(kTouchPad, bytes);
   }
   day.Check(reported && day.UiHeard(expected.back()), L"the UI gets the lift");

@@ -32,6 +32,11 @@ void Controller::PostHotKey(HotKey key, LPARAM lParam) {
   PostMessageW(Window(), message, static_cast<WPARAM>(key), lParam);
 }
 
+void Controller::PressF6(int times, LPARAM end) {
+  for (int i = 0; i < times; i++) PostHotKey(HotKey::F6Pressed);
+  PostHotKey(HotKey::F6Ended, end);
+}
+
 void Controller::PostTouchPadStatus(bool enabled) {
   static const UINT message = RegisterWindowMessageW(L"Touchpad status reported from ZRVHotkey");
   constexpr WPARAM kStatusReport = 3;

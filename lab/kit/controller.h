@@ -28,6 +28,9 @@ class Controller {
   /// Posts a notification of the hot-key component.
   static void PostHotKey(HotKey key, LPARAM lParam = 0);
 
+  /// Presses F6 so many times; the end of the sequence says what should happen to the panel, kF6PanelOff or kF6PanelOn.
+  static void PressF6(int times, LPARAM end);
+
   /// Posts the hot-key component's report whether the touch pad is enabled.
   static void PostTouchPadStatus(bool enabled);
 

@@ -1,9 +1,18 @@
 #include "kit/journal.h"
 
 #include <algorithm>
+#include <string_view>
 #include <thread>
 
 namespace lab {
+namespace {
+
+bool Is(std::wstring_view line, std::wstring_view wanted) {
+  if (wanted.ends_with(L'*')) return line.starts_with(wanted.substr(0, wanted.size() - 1));
+  return line.substr(0, line.find_last_not_of(L" \n") + 1) == wanted;
+}
+
+}  // namespace
 
 void Journal::Add(std::wstring line) {
   if (onLine_) onLine_(line);
@@ -22,15 +31,14 @@ std::vector<std::wstring> Journal::Since(std::size_t mark) const {
   return {lines_.begin() + static_cast<std::ptrdiff_t>(std::min(mark, lines_.size())), lines_.end()};
 }
 
-bool Journal::HasLine(const std::wstring& text, std::size_t mark) const {
+bool Journal::HasLine(const std::wstring& wanted, std::size_t mark) const {
   const auto first = lines_.begin() + static_cast<std::ptrdiff_t>(std::min(mark, lines_.size()));
-  return std::any_of(first, lines_.end(),
-                     [&](const std::wstring& line) { return line.find(text) != std::wstring::npos; });
+  return std::any_of(first, lines_.end(), [&](const std::wstring& line) { return Is(line, wanted); });
 }
 
-bool Journal::Contains(const std::wstring& text, std::size_t mark) const {
+bool Journal::Contains(const std::wstring& wanted, std::size_t mark) const {
   const std::lock_guard lock(mutex_);
-  return HasLine(text, mark);
+  return HasLine(wanted, mark);
 }
 
 void Journal::Clear() {
@@ -38,9 +46,9 @@ void Journal::Clear() {
   lines_.clear();
 }
 
-bool Journal::WaitFor(const std::wstring& text, std::size_t mark, std::chrono::milliseconds patience) const {
+bool Journal::WaitFor(const std::wstring& wanted, std::size_t mark, std::chrono::milliseconds patience) const {
   std::unique_lock lock(mutex_);
-  return added_.wait_for(lock, patience, [&] { return HasLine(text, mark); });
+  return added_.wait_for(lock, patience, [&] { return HasLine(wanted, mark); });
 }
 
 void Journal::WaitUntilQuiet(std::chrono::milliseconds pause) const {

@@ -15,6 +15,8 @@ namespace lab {
 inline constexpr std::chrono::milliseconds kPatience{10000};
 
 /// What one party of the laptop said or was told, line by line, in order. Any thread.
+///
+/// What is looked for is a whole line, blanks at the line's end apart; or, with a `*` behind it, how a line begins.
 class Journal {
  public:
   /// `onLine` is called for each line as it comes, on the thread that adds it; may be empty.
@@ -29,18 +31,18 @@ class Journal {
 
   void Clear();
 
-  /// Whether a line from `mark` on contains `text`.
-  [[nodiscard]] bool Contains(const std::wstring& text, std::size_t mark = 0) const;
+  /// Whether a line from `mark` on is `wanted`.
+  [[nodiscard]] bool Contains(const std::wstring& wanted, std::size_t mark = 0) const;
 
-  /// Waits until a line from `mark` on contains `text`; false when none came in time.
-  [[nodiscard]] bool WaitFor(const std::wstring& text, std::size_t mark = 0,
+  /// Waits until a line from `mark` on is `wanted`; false when none came in time.
+  [[nodiscard]] bool WaitFor(const std::wstring& wanted, std::size_t mark = 0,
                              std::chrono::milliseconds patience = kPatience) const;
 
   /// Waits until no line has come for `pause`, at most kPatience.
   void WaitUntilQuiet(std::chrono::milliseconds pause) const;
 
  private:
-  [[nodiscard]] bool HasLine(const std::wstring& text, std::size_t mark) const;
+  [[nodiscard]] bool HasLine(const std::wstring& wanted, std::size_t mark) const;
 
   std::function<void(const std::wstring&)> onLine_;
   mutable std::mutex mutex_;

@@ -1,8 +1,12 @@
 #include "kit/laptop.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <span>
+#include <thread>
 
 #include "kit/activation_server.h"
+#include "kit/hex_text.h"
 #include "kit/laptop_state.h"
 #include "kit/machine.h"
 #include "kit/text_pipe.h"
@@ -11,7 +15,6 @@ namespace lab {
 namespace {
 
 constexpr DWORD kWatchMs = 20;
-constexpr std::chrono::milliseconds kPipeQuiet{30};
 constexpr std::size_t kModeReportBytes = 12;  // what the mode report sets; the rest of the 32 is padding
 
 /// The part after "trace " and the like, when the line begins so.
@@ -33,14 +36,6 @@ Laptop::Laptop(const Listener& listener)
       patched([listener](const auto& line) { listener(L"patch", line); }),
       listener_(listener) {}
 
-Laptop::~Laptop() {
-  if (watcher_ == nullptr) return;
-  SetEvent(stop_);
-  WaitForSingleObject(watcher_, INFINITE);
-  CloseHandle(watcher_);
-  CloseHandle(stop_);
-}
-
 bool Laptop::Boot() {
   const auto has = [this](bool works, const wchar_t* part) {
     if (!works) listener_(L"laptop", std::wstring(part) + L" does not work");
@@ -51,24 +46,23 @@ bool Laptop::Boot() {
       !has(touch.Plug(kTouchPad), L"the touch pad") || !has(touch.Plug(kTouchScreen), L"the touch screen")) {
     return false;
   }
-  ListenOnPipe(kTracePipe, [this](const std::wstring& line) { SortIn(line); });
-  ListenOnPipe(kUiPipe, [this](const std::wstring& line) { uiTalk.Add(line); });
+  ListenOnPipe(kTracePipe, tracing_, [this](const std::wstring& line) { SortIn(line); });
+  ListenOnPipe(kUiPipe, talking_, [this](const std::wstring& line) { uiTalk.Add(line); });
   const bool serves = ServeActivations([this](const auto& application, const auto& argument) {
     uiTalk.Add(L"activated " + application + L" " + argument);
     if (!StandInUi::IsThere()) ui.Start();
   });
-  stop_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-  const auto watch = [](void* laptop) -> DWORD {
-    static_cast<Laptop*>(laptop)->WatchDevices();
-    return 0;
-  };
-  watcher_ = CreateThread(nullptr, 0, watch, this, 0, nullptr);
+  std::thread([this] {
+    for (;; Sleep(kWatchMs)) ReadDevices();
+  }).detach();
   return has(serves, L"application activation");
 }
 
 bool Laptop::Renew() {
   controller.End();
   ui.End();
+  // What the ended programs said last is still on its way; a package check ends by itself.
+  if (!Eventually([this] { return tracing_ == 0 && talking_ == 0; })) return false;
   ResetLaptopState(*SharedLaptopState());
   std::error_code ignored;
   std::filesystem::remove(SettingsPath(), ignored);
@@ -79,7 +73,6 @@ bool Laptop::Renew() {
   (void)touch.Outputs(kTouchPad, nextReport_);  // those of the time before
   nextRequest_ = 0;
   if (!firmware.Start()) return false;
-  trace.WaitUntilQuiet(kPipeQuiet);  // what the ended controller said last is still on its way
   for (auto* journal : {&trace, &usage, &uiTalk, &requests, &reports, &patched}) journal->Clear();
   return true;
 }
@@ -106,14 +99,12 @@ void Laptop::SortIn(const std::wstring& line) {
   if (Unwrap(line, L"patch ", rest)) patched.Add(rest);
 }
 
-void Laptop::WatchDevices() {
-  while (WaitForSingleObject(stop_, kWatchMs) == WAIT_TIMEOUT) ReadDevices();
-}
-
 void Laptop::ReadDevices() {
   const std::lock_guard lock(devices_);
   for (const auto& request : firmware.Requests(nextRequest_)) requests.Add(Describe(request));
-  for (const auto& report : touch.Outputs(kTouchPad, nextReport_)) reports.Add(HexText(report, kModeReportBytes));
+  for (const auto& report : touch.Outputs(kTouchPad, nextReport_)) {
+    reports.Add(HexText(std::span(report).first(std::min(report.size(), kModeReportBytes))));
+  }
 }
 
 }  // namespace lab

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <mutex>
 #include <string>
@@ -12,14 +13,17 @@
 
 namespace lab {
 
-/// The virtual laptop with everything that the controller meets on it, and a journal of what each part saw.
+/// How the report begins that makes the touch pad's surface a plain touch pad, as the journal of its reports has it.
+inline constexpr wchar_t kCursorReport[] = L"03 00 09 A1 00 00 0F 00 00 00 08 70";
+
+/// The virtual laptop with everything that the controller meets on it, and a journal of what each part saw. Once booted
+/// it must live as long as its process: threads of its own hear the laptop's programs.
 class Laptop {
  public:
   /// Hears each line as it happens: whose journal it is in, and the line.
   using Listener = std::function<void(const std::wstring& who, const std::wstring& line)>;
 
   explicit Laptop(const Listener& listener);
-  ~Laptop();
   Laptop(const Laptop&) = delete;
   Laptop& operator=(const Laptop&) = delete;
 
@@ -29,12 +33,15 @@ class Laptop {
 
   /// The laptop as after a boot, with nothing running on it: controller and UI gone, no settings file, factory
   /// registers and no faults in the firmware, both collections plugged in, on mains and extended. The journals are
-  /// empty. False when a device does not answer.
+  /// empty. False when a device does not answer, or another program of the lab still runs.
   bool Renew();
 
   /// Waits until the controller's message loop has served everything posted to it so far, and what it asked of the
   /// devices is in their journals; false when it does not, or there is no window, within 30 seconds.
   bool WaitForController();
+
+  /// Brings what was asked of the devices so far into their journals; by itself that happens every 20 ms.
+  void ReadDevices();
 
   FirmwareDriver firmware;
   TouchController touch;
@@ -50,13 +57,11 @@ class Laptop {
 
  private:
   void SortIn(const std::wstring& line);
-  void WatchDevices();
-  void ReadDevices();
 
   Listener listener_;
   std::mutex devices_;  // guards the two numbers, and that what is read is in the journals before more is read
   std::uint32_t nextRequest_ = 0, nextReport_ = 0;
-  HANDLE watcher_ = nullptr, stop_ = nullptr;
+  std::atomic<int> tracing_ = 0, talking_ = 0;  // programs that are connected to the pipes
 };
 
 }  // namespace lab

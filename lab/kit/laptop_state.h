@@ -20,7 +20,7 @@ struct LaptopState {
 /// Both panels extended, on mains, and the UI's package installed.
 inline void ResetLaptopState(LaptopState& state) {
   constexpr std::uint32_t kExtended = 4;
-  state = {.topology = kExtended, .onMains = 1, .batterySaver = 0, .packageCheck = 1};
+  state = {.topology = kExtended, .onMains = 1, .batterySaver = 0, .packageCheck = kPackageInstalled};
 }
 
 /// The laptop's state, in memory that all programs of the lab share (CreateFileMappingW). The first to ask makes

@@ -99,7 +99,7 @@ std::uint32_t ChildProcess::HandleCount() const {
 
 void ChildProcess::Kill() {
   if (process_ == nullptr) return;
-  if (IsRunning()) TerminateProcess(process_, 1);
+  if (IsRunning() && TerminateProcess(process_, 1)) (void)WaitForExit();
   CloseHandle(std::exchange(process_, nullptr));
 }
 

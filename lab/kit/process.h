@@ -37,6 +37,7 @@ class ChildProcess {
   /// Its open handles (NtQuerySystemInformation); 0 when the system does not say.
   [[nodiscard]] std::uint32_t HandleCount() const;
 
+  /// Ends it by force, if it runs, and waits until it is gone.
   void Kill();
 
  private:

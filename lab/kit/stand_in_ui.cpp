@@ -1,8 +1,5 @@
 #include "kit/stand_in_ui.h"
 
-#include <cwchar>
-#include <iterator>
-
 namespace lab {
 namespace {
 
@@ -38,11 +35,8 @@ void StandInUi::Wake() {
   SetEvent(WakeEvent());
 }
 
-bool StandInUi::Send(const std::wstring& command, std::uint64_t number) {
-  UiMessage message{};
-  wcsncpy(message.text, command.c_str(), std::size(message.text) - 1);
-  message.handle = number;
-  return SendUiMessage(FindWindowW(kUiClass, nullptr), kPleaseSend, message);
+bool StandInUi::Send(const std::wstring& command, std::uint64_t number, const wchar_t* windowClass) {
+  return SendUiMessage(FindWindowW(windowClass, nullptr), kPleaseSend, MakeUiMessage(command.c_str(), number));
 }
 
 bool StandInUi::SendByCommandLine(const std::wstring& commandAndNumber) {

@@ -26,12 +26,17 @@ HANDLE NewPipe(const std::wstring& name) {
 
 }  // namespace
 
-void ListenOnPipe(const std::wstring& name, const std::function<void(std::wstring)>& onText) {
+void ListenOnPipe(const std::wstring& name, std::atomic<int>& connections,
+                  const std::function<void(std::wstring)>& onText) {
   // The first instance is there before this returns, so that a program started next finds it.
-  std::thread([name, onText, pipe = NewPipe(name)]() mutable {
+  std::thread([name, onText, &connections, pipe = NewPipe(name)]() mutable {
     while (pipe != INVALID_HANDLE_VALUE) {
       if (ConnectNamedPipe(pipe, nullptr) || GetLastError() == ERROR_PIPE_CONNECTED) {
-        std::thread([pipe, onText] { ServeConnection(pipe, onText); }).detach();
+        ++connections;
+        std::thread([pipe, onText, &connections] {
+          ServeConnection(pipe, onText);
+          --connections;
+        }).detach();
       } else {
         CloseHandle(pipe);
       }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <string>
 
@@ -10,7 +11,9 @@ inline constexpr wchar_t kTracePipe[] = L"\\\\.\\pipe\\TessaviewLabTrace";
 inline constexpr wchar_t kUiPipe[] = L"\\\\.\\pipe\\TessaviewLabUi";
 
 /// Listens on a named pipe for the rest of the process's life and hands on each message, a UTF-16 text, on a thread of
-/// its own. Any number of programs may write at once, each its own connection.
-void ListenOnPipe(const std::wstring& name, const std::function<void(std::wstring)>& onText);
+/// its own. Any number of programs may write at once, each its own connection: how many are open is kept in
+/// `connections`, which must live as long. One is open until its program has ended and its last message is handed on.
+void ListenOnPipe(const std::wstring& name, std::atomic<int>& connections,
+                  const std::function<void(std::wstring)>& onText);
 
 }  // namespace lab

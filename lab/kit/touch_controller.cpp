@@ -112,14 +112,4 @@ std::vector<TouchBytes> TouchController::Outputs(TouchDevice which, std::uint32_
   return reports;
 }
 
-std::wstring HexText(const TouchBytes& bytes, std::size_t most) {
-  std::wstring text;
-  for (std::size_t i = 0; i < bytes.size() && i < most; i++) {
-    std::array<wchar_t, 8> one{};
-    swprintf(one.data(), one.size(), i == 0 ? L"%02X" : L" %02X", bytes[i]);
-    text += one.data();
-  }
-  return text;
-}
-
 }  // namespace lab

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 #include "touch/touch_control.h"
@@ -32,8 +31,5 @@ class TouchController {
   /// them. It begins anew with a collection that was plugged in again.
   [[nodiscard]] std::vector<TouchBytes> Outputs(TouchDevice which, std::uint32_t& next) const;
 };
-
-/// "03 00 09 A1 …", at most `most` bytes.
-[[nodiscard]] std::wstring HexText(const TouchBytes& bytes, std::size_t most);
 
 }  // namespace lab

@@ -1,6 +1,7 @@
 # The virtual laptop, to be sourced by a bash script with `set -euo pipefail`: an X server with two panels, a Wine prefix
 # with the programs in place, and the server that keeps it running.
 #
+#   laptop_step COMMAND…          a lengthy command that a signal to the script ends, with all that it started
 #   laptop_prepare SOURCE STATE   builds what the X server needs, makes the base prefix once; SOURCE is the repository,
 #                                 STATE a folder for what is built and running
 #   laptop_install LAB CONTROLLER the programs of the laptop, once it has a fresh prefix
@@ -15,6 +16,20 @@ readonly LAPTOP_BASE_VERSION=1  # count up when the making of the base prefix ch
 
 laptop_x_pid=
 laptop_wine_pid=
+laptop_step_pid=
+laptop_new_base=  # while it is made
+
+# In the background, so that the script takes a signal at once, and a process group of its own, which can be ended whole.
+laptop_step() {
+  local outcome=0
+  set -m
+  "$@" </dev/null &
+  laptop_step_pid=$!
+  set +m
+  wait "$laptop_step_pid" || outcome=$?
+  laptop_step_pid=
+  return "$outcome"
+}
 
 # Waits until a command succeeds, at most 30 seconds, while the process lives: laptop_wait "what" pid command…
 laptop_wait() {
@@ -71,16 +86,21 @@ laptop_make_base() {
   echo "Installing Windows on the laptop (once, about 15 seconds)"
   rm -rf "$base"
   mkdir -p "$base"
-  (
-    unset DISPLAY
-    export WINEPREFIX=$base
-    timeout 120 "$LAPTOP_WINE" wineboot -i </dev/null >"$laptop_state/logs/wineboot.log" 2>&1
-    timeout 60 "$LAPTOP_WINE" regedit /S "Z:${laptop_source//\//\\}\\base.reg" </dev/null \
-      >>"$laptop_state/logs/wineboot.log" 2>&1
-    # Only a prefix whose first server has ended loads drivers later.
-    timeout 60 "$LAPTOP_WINESERVER" -w
-  ) {laptop_lock}>&-
+  laptop_new_base=$base
+  laptop_step laptop_install_windows "$base" >"$laptop_state/logs/wineboot.log" 2>&1
+  laptop_new_base=
   echo "$wanted" >"$base/made"
+}
+
+# Without groups of their own (--foreground), so that a step's end reaches them.
+laptop_install_windows() {
+  exec {laptop_lock}>&-
+  unset DISPLAY
+  export WINEPREFIX=$1
+  timeout --foreground 120 "$LAPTOP_WINE" wineboot -i
+  timeout --foreground 60 "$LAPTOP_WINE" regedit /S "Z:${laptop_source//\//\\}\\base.reg"
+  # Only a prefix whose first server has ended loads drivers later.
+  timeout --foreground 60 "$LAPTOP_WINESERVER" -w
 }
 
 # ---- Booted each time ----
@@ -146,6 +166,15 @@ laptop_end_process() {
 }
 
 laptop_end() {
+  if [[ -n $laptop_step_pid ]]; then
+    kill -- "-$laptop_step_pid" 2>/dev/null || true
+    wait "$laptop_step_pid" 2>/dev/null || true
+    laptop_step_pid=
+  fi
+  if [[ -n $laptop_new_base ]]; then
+    WINEPREFIX=$laptop_new_base timeout 10 "$LAPTOP_WINESERVER" -k || true
+    laptop_new_base=
+  fi
   if [[ -n $laptop_wine_pid ]]; then
     # The server ends every Windows process of its own prefix, drivers included, and then itself.
     timeout 10 "$LAPTOP_WINESERVER" -k || true

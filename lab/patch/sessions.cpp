@@ -1,4 +1,4 @@
-// Sessions and who is told of them. Wine lists none and tells nobody: here the user of session 1 is at the console.
+// Sessions. Wine lists none: here the user of session 1 is at the console.
 #include <windows.h>
 
 #include <wtsapi32.h>
@@ -26,23 +26,11 @@ BOOL WINAPI UserToken(ULONG session, PHANDLE token) {
   return WTSQueryUserToken(session, token);
 }
 
-BOOL WINAPI RegisterForSession(HWND window, DWORD flags) {
-  Report(L"patch sessions are told");
-  return WTSRegisterSessionNotification(window, flags);
-}
-
-BOOL WINAPI UnregisterForSession(HWND window) {
-  Report(L"patch sessions are told no more");
-  return WTSUnRegisterSessionNotification(window);
-}
-
 }  // namespace
 
-std::array<Redirection, 4> SessionCalls() {
+std::array<Redirection, 2> SessionCalls() {
   return {{{"WTSEnumerateSessionsW", reinterpret_cast<void*>(ListSessions)},
-           {"WTSQueryUserToken", reinterpret_cast<void*>(UserToken)},
-           {"WTSRegisterSessionNotification", reinterpret_cast<void*>(RegisterForSession)},
-           {"WTSUnRegisterSessionNotification", reinterpret_cast<void*>(UnregisterForSession)}}};
+           {"WTSQueryUserToken", reinterpret_cast<void*>(UserToken)}}};
 }
 
 }  // namespace lab::patch

@@ -1,56 +1,30 @@
 #include "tests/lab_test.h"
 
-#include <array>
-#include <cstdio>
 #include <filesystem>
-#include <iterator>
-#include <mutex>
 #include <stdexcept>
 
 #include "kit/desktop.h"
+#include "kit/log.h"
 #include "ui/ui_message.h"
 
 namespace lab {
 namespace {
 
-/// What happened in the test that runs, kept when it fails.
-class TestLog {
- public:
-  void Begin() {
-    const std::lock_guard lock(mutex_);
-    lines_.clear();
-  }
-
-  void Add(const std::wstring& who, const std::wstring& line) {
-    const std::lock_guard lock(mutex_);
-    lines_.push_back(who + std::wstring(who.size() < kNameWidth ? kNameWidth - who.size() : 1, L' ') + line);
-  }
-
-  void Keep(const std::wstring& linuxPath) {
-    std::FILE* const file = _wfopen((L"Z:" + linuxPath).c_str(), L"w, ccs=UTF-8");
-    if (file == nullptr) return;
-    const std::lock_guard lock(mutex_);
-    for (const auto& line : lines_) std::fwprintf(file, L"%ls%ls", line.c_str(), line.ends_with(L'\n') ? L"" : L"\n");
-    std::fclose(file);
-  }
-
- private:
-  static constexpr std::size_t kNameWidth = 12;
-
-  std::mutex mutex_;
-  std::vector<std::wstring> lines_;
-};
-
 // Neither is ever destroyed: the threads that hear the laptop's programs run until the process is over.
 
-TestLog& Log() {
-  static TestLog& log = *new TestLog;
+Log& TheLog() {
+  static Log& log = *new Log;
   return log;
 }
 
 Laptop& TheLaptop() {
-  static Laptop& laptop = *new Laptop{[](const auto& who, const auto& line) { Log().Add(who, line); }};
+  static Laptop& laptop = *new Laptop{[](const auto& who, const auto& line) { TheLog().Write(who, line); }};
   return laptop;
+}
+
+/// The log of the test that runs; it gets the test's name when that fails.
+std::wstring RunningLog() {
+  return EnvironmentText(L"LAB_PICTURES") + L"/running.log";
 }
 
 /// Boots the laptop, once.
@@ -75,19 +49,22 @@ void LabTest::SetUp() {
   ASSERT_TRUE(laptop.Renew());
   ASSERT_TRUE(OpenDesktop()) << "the UI is launched only over a desktop";
   ShowOnDesktop(TestName());
-  Log().Begin();
+  TheLog().Begin(RunningLog());
 }
 
 void LabTest::TearDown() {
   StandInUi::Wake();
   if (HasFailure()) {
-    const std::wstring name = TestName();
     laptop.trace.WaitUntilQuiet(std::chrono::milliseconds(30));
-    (void)TakePicture(name);
-    Log().Keep(EnvironmentText(L"LAB_PICTURES") + L"/" + name + L".log");
+    (void)TakePicture(TestName());
   }
   laptop.controller.End();
   laptop.ui.End();
+  TheLog().End();
+  const std::filesystem::path log = L"Z:" + RunningLog();
+  std::error_code ignored;
+  if (HasFailure()) std::filesystem::rename(log, log.parent_path() / (TestName() + L".log"), ignored);
+  std::filesystem::remove(log, ignored);
 }
 
 void LabTest::StartController() {
@@ -95,23 +72,12 @@ void LabTest::StartController() {
   if (!isUp) throw std::runtime_error("start-up did not end");
 }
 
-void LabTest::PressF6ForOff() {
-  constexpr LPARAM kOff = 2;
-  Controller::PostHotKey(HotKey::F6Pressed);
-  Controller::PostHotKey(HotKey::F6Ended, kOff);
-}
-
 bool LabTest::UiIsTold(const std::wstring& line, std::size_t mark) const {
   return laptop.uiTalk.WaitFor(L"received " + line, mark);
 }
 
 bool SendCommand(const std::wstring& text, std::uint64_t number, std::int32_t x, std::int32_t y) {
-  UiMessage message{};
-  wcsncpy(message.text, text.c_str(), std::size(message.text) - 1);
-  message.handle = number;
-  message.point[0] = x;
-  message.point[1] = y;
-  return SendUiMessage(Controller::Window(), kUiMessageKind, message);
+  return SendUiMessage(Controller::Window(), kUiMessageKind, MakeUiMessage(text.c_str(), number, x, y));
 }
 
 bool SendRecord(std::uint64_t kind, const std::vector<std::uint8_t>& record) {

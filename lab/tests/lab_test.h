@@ -26,10 +26,8 @@ class LabTest : public testing::Test {
   /// served. Throws when they are not.
   void StartController();
 
-  /// F6, with the panel off wanted at the end of its sequence.
-  void PressF6ForOff();
-
-  /// The text and number that reach the UI as `line`, or did since `mark`.
+  /// Waits until the main window was told `line`, as its journal has it: "BLSET 45", or "touch 01 00 05*" for how it
+  /// begins. What came before `mark` does not count. False when it was not in time.
   [[nodiscard]] bool UiIsTold(const std::wstring& line, std::size_t mark = 0) const;
 
   Laptop& laptop;

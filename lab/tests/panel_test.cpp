@@ -39,11 +39,11 @@ TEST_F(Panel, BacklightIsReadFromItsRegister) {
 
 TEST_F(Panel, BacklightIsStoredForThePowerSourceAndAppliedWithIt) {
   StartController();
-  ASSERT_TRUE(laptop.controller.NotifyPowerSetting(kAcDcPowerSource, 0));
+  ASSERT_TRUE(laptop.controller.NotifyPowerSetting(kAcDcPowerSource, kOnMains));
   ASSERT_TRUE(SendCommand(L"BLSET", 50));
   state.onMains = 0;
   auto asked = laptop.requests.Mark();
-  ASSERT_TRUE(laptop.controller.NotifyPowerSetting(kAcDcPowerSource, 1));
+  ASSERT_TRUE(laptop.controller.NotifyPowerSetting(kAcDcPowerSource, kOnBattery));
   EXPECT_TRUE(laptop.requests.WaitFor(L"DEVS 0x00050032 = 116", asked));
   ASSERT_TRUE(SendCommand(L"BLSET", 4));
   EXPECT_EQ(Setting("Backlight"), "127");
@@ -51,16 +51,16 @@ TEST_F(Panel, BacklightIsStoredForThePowerSourceAndAppliedWithIt) {
 
   state.onMains = 1;
   asked = laptop.requests.Mark();
-  ASSERT_TRUE(laptop.controller.NotifyPowerSetting(kAcDcPowerSource, 0));
+  ASSERT_TRUE(laptop.controller.NotifyPowerSetting(kAcDcPowerSource, kOnMains));
   EXPECT_TRUE(laptop.requests.WaitFor(L"DEVS 0x00050032 = 127", asked));
 }
 
 TEST_F(Panel, F6SwitchesItOffAndTheTouchPadToCursorMode) {
   StartController();
   const auto asked = laptop.requests.Mark(), told = laptop.uiTalk.Mark(), reported = laptop.reports.Mark();
-  PressF6ForOff();
+  Controller::PressF6(1, kF6PanelOff);
   EXPECT_TRUE(UiIsTold(L"POWEROFF", told));
-  EXPECT_TRUE(laptop.reports.WaitFor(L"03 00 09 A1 00 00 0F 00 00 00 08 70", reported));
+  EXPECT_TRUE(laptop.reports.WaitFor(kCursorReport, reported));
   EXPECT_EQ(Told(laptop.requests, asked), std::vector<std::wstring>{L"DEVS 0x00050031 = 0"});
   EXPECT_EQ(laptop.reports.Since(reported).size(), 1u);
   EXPECT_EQ(Setting("Tessaview"), "Off");
@@ -70,7 +70,7 @@ TEST_F(Panel, StaysWhatItWasWhenTheFirmwareRefuses) {
   StartController();
   ASSERT_TRUE(laptop.firmware.SetFault(kPanelPower, kRequestFails));
   const auto asked = laptop.requests.Mark(), reported = laptop.reports.Mark();
-  PressF6ForOff();
+  Controller::PressF6(1, kF6PanelOff);
   EXPECT_TRUE(laptop.requests.WaitFor(L"DEVS 0x00050031 = 0 (failed)", asked));
   ASSERT_TRUE(laptop.WaitForController());
   EXPECT_EQ(Setting("Tessaview"), "On");
@@ -112,15 +112,15 @@ TEST_F(Panel, WithoutTheDriverEverythingElseGoesOn) {
   ASSERT_TRUE(laptop.firmware.Stop());
   ASSERT_TRUE(laptop.controller.Start());
   ASSERT_TRUE(laptop.WaitForController());
-  EXPECT_TRUE(laptop.uiTalk.WaitFor(L"activated"));
+  EXPECT_TRUE(laptop.uiTalk.WaitFor(L"activated *"));
   ASSERT_TRUE(SendCommand(L"BLGET"));
   EXPECT_TRUE(UiIsTold(L"BLSET 99")) << "the level of a panel that cannot be asked";
-  PressF6ForOff();
+  Controller::PressF6(1, kF6PanelOff);
   ASSERT_TRUE(laptop.WaitForController());
   EXPECT_EQ(Setting("Tessaview"), "On") << "a panel that was not switched off";
 
   ASSERT_TRUE(laptop.firmware.Start());
-  PressF6ForOff();
+  Controller::PressF6(1, kF6PanelOff);
   EXPECT_TRUE(laptop.requests.WaitFor(L"DEVS 0x00050031 = 0")) << "the driver is back, and is used";
   EXPECT_TRUE(Eventually([] { return Setting("Tessaview") == "Off"; }));
 }

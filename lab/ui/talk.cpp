@@ -1,8 +1,10 @@
 #include "ui/talk.h"
 
-#include <array>
 #include <cwchar>
 #include <iterator>
+#include <span>
+
+#include "kit/hex_text.h"
 
 namespace lab {
 namespace {
@@ -37,12 +39,7 @@ std::wstring Talk::Sent(const UiMessage& message) {
 }
 
 std::wstring Talk::Touched(const unsigned char* report, std::size_t size) {
-  std::wstring line = L"touch";
-  for (std::size_t i = 0; i < size; i++) {
-    std::array<wchar_t, 4> byte{};
-    swprintf(byte.data(), byte.size(), L" %02X", report[i]);
-    line += byte.data();
-  }
+  const std::wstring line = L"touch " + HexText(std::span(report, size));
   constexpr std::size_t kContactSize = 8;  // report id, tip switch, contact id, X, Y, contact count
   if (size == kContactSize) Follow(report);
   Keep(line);

@@ -5,7 +5,6 @@
 //   tessaview-ui COMMAND [VALUE [X Y]]  sends the controller one command: tessaview-ui BLSET 50
 #include <cstdio>
 #include <cwchar>
-#include <iterator>
 #include <span>
 #include <string_view>
 
@@ -19,11 +18,8 @@ std::int32_t NumberAt(std::span<wchar_t*> words, std::size_t index) {
 }
 
 int SendCommand(std::span<wchar_t*> words) {
-  lab::UiMessage message{};
-  wcsncpy(message.text, words[0], std::size(message.text) - 1);
-  message.handle = static_cast<std::uint32_t>(NumberAt(words, 1));
-  message.point[0] = NumberAt(words, 2);
-  message.point[1] = NumberAt(words, 3);
+  const auto message = lab::MakeUiMessage(words[0], static_cast<std::uint32_t>(NumberAt(words, 1)), NumberAt(words, 2),
+                                          NumberAt(words, 3));
   const HWND controller = FindWindowW(lab::kControllerClass, nullptr), shown = FindWindowW(lab::kUiClass, nullptr);
   // A UI that shows itself sends it, so that the command stands in its talk.
   const bool sent = shown == nullptr ? lab::SendUiMessage(controller, lab::kUiMessageKind, message)

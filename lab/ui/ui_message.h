@@ -4,6 +4,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cwchar>
+#include <iterator>
 
 namespace lab {
 
@@ -15,6 +17,16 @@ struct UiMessage {
   std::int32_t point[2];
 };
 static_assert(sizeof(UiMessage) == 552 && offsetof(UiMessage, handle) == 520 && offsetof(UiMessage, point) == 544);
+
+/// A record of this text, cut to what it has room for.
+inline UiMessage MakeUiMessage(const wchar_t* text, std::uint64_t handle, std::int32_t x = 0, std::int32_t y = 0) {
+  UiMessage message{};
+  wcsncpy(message.text, text, std::size(message.text) - 1);
+  message.handle = handle;
+  message.point[0] = x;
+  message.point[1] = y;
+  return message;
+}
 
 /// Kinds of WM_COPYDATA, its wParam.
 inline constexpr WPARAM kRawTouchKind = 101;   // controller to UI: one HID report

@@ -1,9 +1,13 @@
+#include <atomic>
+
 #include "core/resource_ids.h"
+#include "os/clock.h"
 #include "os/desktop.h"
 #include "os/files.h"
 #include "os/messages.h"
 #include "os/processes.h"
 #include "os/service_window.h"
+#include "os/threads.h"
 #include "tests/contract/world.h"
 
 namespace contract {
@@ -62,11 +66,22 @@ TEST_F(MessageContract, AnotherProgramGetsWhatItIsSentInOrder) {
 }
 
 TEST_F(MessageContract, ABusyReceiverIsWaitedForOnlySoLong) {
-  const auto window = world::OpenWindow(kClass, kTitle);
-  world::Hang(1500);
-  EXPECT_FALSE(os::SendCopyDataTimeout(window, 1, os::Bytes{1}, 100));
-  os::SendCopyData(window, 2, os::Bytes{2});
-  EXPECT_TRUE(os::SendCopyDataTimeout(window, 3, os::Bytes{3}, 10'000)) << "it is well again";
+  static WindowHandle window;
+  window = world::OpenWindow(kClass, kTitle);
+  world::Run([] {
+    static std::atomic<bool> woken;
+    woken = false;
+    world::Hang();
+    EXPECT_FALSE(os::SendCopyDataTimeout(window, 1, os::Bytes{1}, 100));
+    os::StartThread(L"waker", [] {
+      os::Sleep(50);
+      woken = true;
+      world::Wake();
+    });
+    os::SendCopyData(window, 2, os::Bytes{2});
+    EXPECT_TRUE(woken) << "waited for, however long it takes";
+    EXPECT_TRUE(os::SendCopyDataTimeout(window, 3, os::Bytes{3}, 10'000)) << "it is well again";
+  });
   EXPECT_EQ(world::ToldToWindow(2).back(), (Told{.kindOrMessage = 3, .record = {3}}));
 }
 
@@ -126,13 +141,16 @@ TEST_F(ServiceWindowContract, TheLoopServesMessagesThenTimersUntilTheWindowEnds)
   events = Events();
   gHeard.clear();
   world::Run([] {
-    constexpr auto kName = L"ContractService";
-    EXPECT_EQ(os::CreateServiceWindow(kName, kTitle), WindowHandle::None) << "no such class";
-    EXPECT_TRUE(os::RegisterServiceWindowClass({kName, 0, 0, 0}, events));
-    EXPECT_EQ(os::RegisterServiceWindowClass({kName, 0, 0, 0}, events).error(), 1410U) << "ERROR_CLASS_ALREADY_EXISTS";
-    gWindow = os::CreateServiceWindow(kName, kTitle);
+    static int times = 0;  // a class stays registered as long as the process
+    const auto name = L"ContractService" + std::to_wstring(++times);
+    const auto* const className = name.c_str();
+    EXPECT_EQ(os::CreateServiceWindow(className, kTitle), WindowHandle::None) << "no such class";
+    EXPECT_TRUE(os::RegisterServiceWindowClass({className, 0, 0, 0}, events));
+    EXPECT_EQ(os::RegisterServiceWindowClass({className, 0, 0, 0}, events).error(), 1410U)
+        << "ERROR_CLASS_ALREADY_EXISTS";
+    gWindow = os::CreateServiceWindow(className, kTitle);
     ASSERT_NE(gWindow, WindowHandle::None);
-    EXPECT_EQ(os::FindTopWindow(kName, kTitle), gWindow);
+    EXPECT_EQ(os::FindTopWindow(className, kTitle), gWindow);
     EXPECT_EQ(os::ProcessImagePath(os::WindowProcessId(gWindow)), os::OwnProgramPath());
     EXPECT_NE(os::ForegroundWindow(), gWindow) << "never shown";
     os::AllowMessage(gWindow, os::kCopyDataMessage);
@@ -149,7 +167,7 @@ TEST_F(ServiceWindowContract, TheLoopServesMessagesThenTimersUntilTheWindowEnds)
 
     EXPECT_EQ(os::RunMessageLoop(gWindow, 0), 3);
     EXPECT_FALSE(os::PostToWindow(gWindow, events.hotKeyMessage, 0, 0));
-    EXPECT_EQ(os::FindTopWindow(kName), WindowHandle::None);
+    EXPECT_EQ(os::FindTopWindow(className), WindowHandle::None);
   });
   EXPECT_EQ(gHeard, (std::vector<std::string>{"copyData 9 3", "hotKey 107 -1", "touchPad 1 0", "command 104 0",
                                               "timer 5 0", "timer 5 0", "timer 6 0", "destroy 0 0"}));

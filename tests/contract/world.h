@@ -58,7 +58,8 @@ Launch Lasts();
 /// Opens a window of another program, in the foreground. It takes every copy-data record and answers 0.
 os::WindowHandle OpenWindow(const wchar_t* className, const wchar_t* title);
 void CloseWindow();
-void Hang(std::uint32_t ms);  // from now on, for so long, it answers nothing
+void Hang();  // it answers nothing until it is woken
+void Wake();
 
 /// What a window was told: a copy-data record with its kind, or a posted message with its parameters.
 struct Told {

@@ -132,9 +132,12 @@ void CloseWindow() {
   gLaptop->desktop.Close(gWindow);
 }
 
-void Hang(std::uint32_t ms) {
-  OpenedWindow().busyUntilMs = gLaptop->NowMs() + ms;
-  gLaptop->After(ms, [] {});  // something for time to move to
+void Hang() {
+  OpenedWindow().responsive = false;
+}
+
+void Wake() {
+  OpenedWindow().responsive = true;
 }
 
 std::vector<Told> ToldToWindow(std::size_t /*count*/) {
