@@ -15,6 +15,7 @@ inline constexpr Ratio kRatios[] = {
     {"TouchReportThinning", "RelaxedLoadAndBranch", 20.0},
     {"DispatchBacklightQuery", "DecodeUiRecord", 200.0},
     {"DayOfTenThousandEvents", "BootLaptop", 20'000.0},
+    {"PlacementCheckUnchanged", "PanelSearch", 0.5},
 };
 
 /// What is printed against a time of its own, in seconds.

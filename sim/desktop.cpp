@@ -15,7 +15,11 @@ void Desktop::StartShell() {
         .title = L"HControl",
         .program = L"C:\\Windows\\System32\\HControl.exe",
         .visible = false});
-  OpenInForeground({.className = L"Progman", .title = L"Program Manager", .program = L"C:\\Windows\\explorer.exe"});
+  shell_ = OpenInForeground({.className = L"Progman",
+                             .title = L"Program Manager",
+                             .program = L"C:\\Windows\\explorer.exe",
+                             .area = {0, 0, 1920, 1595},
+                             .style = 0});
 }
 
 WindowHandle Desktop::Open(Window window) {

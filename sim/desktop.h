@@ -26,8 +26,10 @@ struct Window {
   std::wstring program = L"C:\\Windows\\System32\\notepad.exe";
   std::uint32_t processId = 0;  // 0: that of the running process of `program`, or of a new one
   bool visible = true;
-  bool responsive = true;         // false: its thread hangs
-  std::uint64_t busyUntilMs = 0;  // its thread answers nothing before this time
+  os::Rect area = {200, 100, 1200, 800};
+  std::uint32_t style = 0x00CF'0000;  // WS_OVERLAPPEDWINDOW
+  bool responsive = true;             // false: its thread hangs
+  std::uint64_t busyUntilMs = 0;      // its thread answers nothing before this time
   std::vector<PostedMessage> posted = {};
   std::function<void(std::uint64_t kind, os::BytesView record)> copyData = {};  // what it does with WM_COPYDATA
   os::WindowHandle handle = os::WindowHandle::None;
@@ -60,6 +62,10 @@ class Desktop {
   /// The topmost window of a class and, if given, a title (both without regard to case); None when there is none.
   [[nodiscard]] os::WindowHandle Find(const std::wstring& className, const wchar_t* title = nullptr) const;
 
+  /// The window behind all others. It is in no list.
+  static constexpr auto kDesktopWindow = static_cast<os::WindowHandle>(0x1'0008);
+  [[nodiscard]] os::WindowHandle Shell() const { return shell_; }
+
   /// All windows, top first.
   [[nodiscard]] const std::vector<Window>& Windows() const { return windows_; }
 
@@ -70,7 +76,7 @@ class Desktop {
 
  private:
   std::uint64_t lastHandle_ = 0x0001'0010;
-  os::WindowHandle foreground_ = os::WindowHandle::None;
+  os::WindowHandle foreground_ = os::WindowHandle::None, shell_ = os::WindowHandle::None;
   std::vector<Window> windows_;
 };
 

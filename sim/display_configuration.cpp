@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "sim/displays.h"
+#include "sim/laptop.h"
 
 namespace sim {
 namespace {
@@ -97,6 +98,7 @@ std::int32_t Displays::ChangeConfiguration(const std::vector<os::DisplayPath>& p
   ConfigurationChange change{paths, modes, flags};
   change.result = ApplyConfiguration(change);
   configurationChanges_.push_back(change);
+  if (change.result == 0 && (flags & os::kSdcApply) != 0) LayOutAndTell();
   return change.result;
 }
 
@@ -108,7 +110,10 @@ std::int32_t Displays::ApplyConfiguration(const ConfigurationChange& change) {
   if (supplied == (projection != os::Topology::None)) return kInvalidParameter;
   if (supplied == change.paths.empty()) return kInvalidParameter;
   if (supplied) return ApplySupplied(change.paths, apply);
-  if (apply) Project(projection);
+  if (apply) {
+    Project(projection);
+    StoreProjection(Machine().FileTime());
+  }
   return 0;
 }
 

@@ -78,7 +78,11 @@ void Displays::RemoveAll() {
 
 void Displays::AppearsAfter(Screen& screen, std::uint32_t ms) {
   screen.Unplug();
-  Machine().scheduler.After(ms, [&screen] { screen.Plug(); });
+  Machine().scheduler.After(ms, [this, &screen] {
+    screen.Plug();
+    TakeUpNewest();
+    LayOutAndTell();
+  });
 }
 
 void Displays::Project(os::Topology choice) {
@@ -125,6 +129,7 @@ std::int32_t Displays::ChangeSettings(const std::wstring& gdiName, const os::Dis
   auto* screen = Named(gdiName);
   const auto result = screen == nullptr || !screen->plugged ? kBadParameter : screen->Apply(settings);
   settingsChanges_.push_back({gdiName, settings, flags, result});
+  if (result == os::kDisplayChangeSuccessful) LayOutAndTell();
   return result;
 }
 

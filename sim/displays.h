@@ -50,6 +50,19 @@ class Displays {
   /// else only the B panel shows one, or only the others.
   void Project(os::Topology choice);
 
+  // What happens to the displays while the controller runs. The system lays the desktop out and tells every window; the
+  // laptop settles. A test that changes screens by itself says so with Changed.
+  void Changed();
+  void UserProjects(os::Topology choice);
+  void Dock(Screen& screen);
+  void Undock(Screen& screen);
+
+  /// A display that is there and goes, by itself.
+  void Leaves(Screen& screen);
+
+  /// The same without settling, for what happens by itself.
+  void LayOutAndTell();
+
   /// The projection that the configuration database names; Project changes the displays with it.
   os::Topology topology = os::Topology::Extend;
 
@@ -68,6 +81,8 @@ class Displays {
   [[nodiscard]] const Screen* FindTarget(const os::DisplayPath& path) const;
   [[nodiscard]] const Screen* FindGdiName(const std::wstring& name) const;
   [[nodiscard]] bool MirrorsFirst(const Screen& screen) const;
+  /// The place of the primary display; empty while there is none.
+  [[nodiscard]] os::Rect PrimaryArea() const;
   std::int32_t ChangeSettings(const std::wstring& gdiName, const os::DisplaySettings& settings, std::uint32_t flags);
   std::int32_t ChangeConfiguration(const std::vector<os::DisplayPath>& paths, const std::vector<os::DisplayMode>& modes,
                                    std::uint32_t flags);
@@ -76,6 +91,10 @@ class Displays {
   [[nodiscard]] std::optional<os::Bytes> DeviceParameter(const std::wstring& key, const std::wstring& value) const;
 
  private:
+  void LayOut();
+  [[nodiscard]] os::Topology StoredProjection(const std::wstring& name) const;
+  void TakeUpNewest();
+  void StoreProjection(std::uint64_t fileTime) const;
   [[nodiscard]] Screen* Named(const std::wstring& gdiName);
   [[nodiscard]] os::DisplayPath PathOf(const Screen& screen, std::uint32_t modeIndex) const;
   std::int32_t ApplyConfiguration(const ConfigurationChange& change);

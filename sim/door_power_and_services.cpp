@@ -12,6 +12,18 @@ Result<PowerStatus> QueryPowerStatus() {
   return Machine().power.Status();
 }
 
+Result<PowerScheme> ActivePowerScheme() {
+  const auto call = sim::Enter<&ActivePowerScheme>();
+  if (call.failed()) return Error{call.error()};
+  return PowerScheme{0x22, 0x42, 0x1B, 0x38};  // the beginning of the balanced scheme's id
+}
+
+Result<std::uint32_t> LidCloseActionOf(const PowerScheme& /*scheme*/, bool onMains) {
+  const auto call = sim::Enter<&LidCloseActionOf>();
+  if (call.failed()) return Error{call.error()};
+  return Machine().power.LidActionOf(onMains);
+}
+
 std::optional<std::uint32_t> ServiceState(const wchar_t* name) {
   if (sim::Enter<&ServiceState>().failed()) return std::nullopt;
   return Machine().services.State(name);

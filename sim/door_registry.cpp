@@ -7,6 +7,8 @@ namespace {
 
 using sim::Machine;
 
+constexpr std::uint32_t kFileNotFound = 2;  // ERROR_FILE_NOT_FOUND
+
 /// The bytes of a value: stored by a program, or kept by the system for a monitor it has seen.
 std::optional<Bytes> FindBytes(const std::wstring& key, const wchar_t* value) {
   const auto* stored = Machine().registry.Find(key, value);
@@ -37,6 +39,35 @@ Status WriteRegistryText(const std::wstring& key, const wchar_t* value, const st
   const auto call = sim::Enter<&WriteRegistryText>();
   if (call.failed()) return Error{call.error()};
   Machine().registry.SetText(key, value, text);
+  return Done{};
+}
+
+std::vector<std::wstring> RegistrySubkeys(const std::wstring& key) {
+  const auto call = sim::Enter<&RegistrySubkeys>();
+  if (call.failed()) return {};
+  auto names = Machine().registry.Subkeys(key);
+  names.resize(call.Shortened(names.size()));
+  return names;
+}
+
+std::optional<std::uint32_t> ReadRegistryNumber(const std::wstring& key, const wchar_t* value) {
+  if (sim::Enter<&ReadRegistryNumber>().failed()) return std::nullopt;
+  return Machine().registry.Dword(key, value);
+}
+
+Status WriteRegistryNumber(const std::wstring& key, const wchar_t* value, std::uint32_t number) {
+  const auto call = sim::Enter<&WriteRegistryNumber>();
+  if (call.failed()) return Error{call.error()};
+  if (!Machine().registry.Has(key)) return Error{kFileNotFound};
+  Machine().registry.SetDword(key, value, number);
+  return Done{};
+}
+
+Status WriteRegistryLongNumber(const std::wstring& key, const wchar_t* value, std::uint64_t number) {
+  const auto call = sim::Enter<&WriteRegistryLongNumber>();
+  if (call.failed()) return Error{call.error()};
+  if (!Machine().registry.Has(key)) return Error{kFileNotFound};
+  Machine().registry.SetQword(key, value, number);
   return Done{};
 }
 

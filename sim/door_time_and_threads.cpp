@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <utility>
 
 #include "os/clock.h"
@@ -16,6 +17,11 @@ constexpr std::uint32_t kForever = 0xFFFF'FFFF;  // INFINITE
 std::uint64_t NowMs() {
   sim::Enter<&NowMs>();
   return Machine().NowMs();
+}
+
+std::uint64_t SystemFileTime() {
+  sim::Enter<&SystemFileTime>();
+  return Machine().FileTime();
 }
 
 void Sleep(std::uint32_t ms) {
@@ -63,6 +69,28 @@ void Lock::lock() {
 void Lock::unlock() {
   if (!sim::Laptop::IsOn()) return;
   if (!state_->Free() && state_->owner == sim::Scheduler::ThreadId()) --state_->depth;
+}
+
+struct Semaphore::State {
+  std::uint32_t most, count = 0;
+};
+
+Semaphore::Semaphore(std::uint32_t most) : state_(new State{most}) {}
+
+Semaphore::~Semaphore() {
+  delete state_;
+}
+
+void Semaphore::Post() {
+  sim::Enter<&Semaphore::Post>();
+  state_->count = std::min(state_->count + 1, state_->most);
+}
+
+bool Semaphore::Wait() {
+  if (sim::Enter<&Semaphore::Wait>().failed()) return false;
+  if (!Machine().scheduler.WaitUntil([this] { return state_->count > 0; })) return false;  // being unwound
+  --state_->count;
+  return true;
 }
 
 }  // namespace os

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "sim/laptop.h"
 #include "sim/text.h"
 
 namespace sim {
@@ -78,6 +79,9 @@ std::optional<os::Bytes> Firmware::Control(os::DeviceHandle device, std::uint32_
   return reply;
 }
 
+/// Milliseconds from power to picture.
+constexpr std::uint32_t kPanelWakesMs = 800;
+
 /// Carries out a request and returns its result word: a register, or 1 for a write to one that exists.
 std::uint32_t Firmware::Perform(const FirmwareRequest& request) {
   const auto found = registers_.find(request.id);
@@ -88,10 +92,14 @@ std::uint32_t Firmware::Perform(const FirmwareRequest& request) {
   switch (request.id) {
     case kPower:
       stored = request.value == 0 ? kPanelOff : kPanelOn;
+      if (panelLeavesWhenOff && request.value == 0) Machine().displays.Leaves(Machine().displays.cPanel());
       break;
     case kBacklight:  // a new level also brings a panel back that was off
       stored = (stored & ~0xFFU) | (request.value & 0xFF);
       SetRegister(kPower, kPanelOn);
+      if (panelLeavesWhenOff && !Machine().displays.cPanel().plugged) {
+        Machine().displays.AppearsAfter(Machine().displays.cPanel(), kPanelWakesMs);
+      }
       break;
     default:
       stored = request.value;

@@ -41,6 +41,9 @@ class Firmware {
   /// Whether the driver is there at all.
   bool driverInstalled = true;
 
+  /// Whether the C panel leaves the display list when it is switched off, and comes back a while after it is on.
+  bool panelLeavesWhenOff = false;
+
   /// How many bytes of a reply the driver fills in.
   std::size_t replyBytes = 4;
 

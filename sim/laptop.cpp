@@ -59,6 +59,11 @@ bool Laptop::IsOn() {
   return gMachine != nullptr;
 }
 
+std::uint64_t Laptop::FileTime() const {
+  constexpr std::uint64_t kSwitchedOn = 132'500'000'000'000'000, kUnitsPerMs = 10'000;  // some day in 2020
+  return kSwitchedOn + NowMs() * kUnitsPerMs;
+}
+
 void Laptop::WriteSettings(const LaptopOptions& options) {
   if (!options.backlight && !options.backlightDC && !options.powerSaving && !options.saved) return;
   settings.Set(L"Tessaview", options.saved.value_or(L"On"));
@@ -86,6 +91,7 @@ void Laptop::EndProcess() {
   window.Reset();
   power.UnregisterAll();
   sessions.EndProcess();
+  input.EndProcess();
   apps.EndProcess();
   firmware.EndProcess();
   trace.EndProcess();

@@ -12,6 +12,7 @@
 #include "sim/file_system.h"
 #include "sim/firmware.h"
 #include "sim/hot_key.h"
+#include "sim/input.h"
 #include "sim/kernel_objects.h"
 #include "sim/power.h"
 #include "sim/processes.h"
@@ -82,6 +83,9 @@ class Laptop {
 
   [[nodiscard]] std::uint64_t NowMs() const { return scheduler.NowMs(); }
 
+  /// Date and time in 100 ns units since 1601.
+  [[nodiscard]] std::uint64_t FileTime() const;
+
   /// Which process run this is, counted over all laptops: what belongs to an earlier one is void.
   [[nodiscard]] std::uint64_t ProcessRun() const { return processRun_; }
 
@@ -99,6 +103,7 @@ class Laptop {
   Processes processes;
   Desktop desktop;
   ServiceWindow window;
+  Input input;
   Ui ui;
   Apps apps;
   HotKey hotKey;

@@ -23,6 +23,7 @@ void Power::SetDisplay(Display state) {
 }
 
 void Power::SetLidAction(LidAction action) {
+  SetSchemeLidAction(status_.acLineStatus == 1, static_cast<std::uint32_t>(action));
   Change(PowerSetting::LidCloseAction, static_cast<std::uint32_t>(action));
 }
 

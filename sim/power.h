@@ -25,7 +25,10 @@ class Power {
   void OpenLid() { Change(os::PowerSetting::LidSwitchState, 1); }
   void CloseLid() { Change(os::PowerSetting::LidSwitchState, 0); }
   void SetDisplay(Display state);
+  /// The user sets what closing the lid does on the power source in use; the service window hears it.
   void SetLidAction(LidAction action);
+  /// The same for either source, not heard by anybody: as the power scheme has it.
+  void SetSchemeLidAction(bool onMains, std::uint32_t action) { lidActions_.at(onMains ? 1 : 0) = action; }
 
   /// Broadcasts one of the PBT_* events.
   void Broadcast(std::uint32_t event);
@@ -34,6 +37,7 @@ class Power {
   void Notify(os::PowerSetting setting, std::uint32_t value);
 
   [[nodiscard]] os::PowerStatus Status() const { return status_; }
+  [[nodiscard]] std::uint32_t LidActionOf(bool onMains) const { return lidActions_.at(onMains ? 1 : 0); }
   [[nodiscard]] std::size_t Registrations() const { return registrations_.size(); }
 
   // ---- the door ----
@@ -49,6 +53,7 @@ class Power {
   os::PowerStatus status_{.acLineStatus = 1, .systemStatusFlag = 0};
   // By PowerSetting: display on, lid open, saver off, on mains, sleep when the lid closes.
   std::array<std::uint32_t, 5> values_{1, 1, 0, 0, 1};
+  std::array<std::uint32_t, 2> lidActions_{1, 1};  // on battery, on mains: sleep
   HandleTable<os::PowerNotification, os::PowerSetting> registrations_;
 };
 

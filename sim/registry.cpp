@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/utf16.h"
+#include "sim/text.h"
 
 namespace sim {
 namespace {
@@ -14,6 +15,14 @@ os::Bytes LittleEndian(Number number) {
   os::Bytes bytes(sizeof(Number));
   for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::uint8_t>(number >> 8 * i);
   return bytes;
+}
+
+template <class Number>
+std::optional<Number> NumberOf(const RegistryValue* stored, RegistryValue::Type type) {
+  if (stored == nullptr || stored->type != type || stored->bytes.size() != sizeof(Number)) return std::nullopt;
+  Number number = 0;
+  for (std::size_t i = sizeof(Number); i > 0; --i) number = static_cast<Number>(number << 8 | stored->bytes[i - 1]);
+  return number;
 }
 
 }  // namespace
@@ -74,6 +83,28 @@ std::optional<std::wstring> Registry::Text(const std::wstring& key, const std::w
   const auto* stored = Find(key, value);
   if (stored == nullptr || stored->type != RegistryValue::Type::Text) return std::nullopt;
   return tessaview::ReadUtf16(stored->bytes);
+}
+
+std::vector<std::wstring> Registry::Subkeys(const std::wstring& key) const {
+  std::vector<std::wstring> names;
+  const auto isNew = [&](const std::wstring& name) {
+    return names.empty() || IgnoreCase()(names.back(), name) || IgnoreCase()(name, names.back());
+  };
+  const auto parent = Lower(key + L"\\");
+  for (const auto& [path, values] : keys_) {
+    if (Lower(path).rfind(parent, 0) != 0) continue;
+    const auto name = path.substr(parent.size(), path.find(L'\\', parent.size()) - parent.size());
+    if (isNew(name)) names.push_back(name);
+  }
+  return names;
+}
+
+std::optional<std::uint32_t> Registry::Dword(const std::wstring& key, const std::wstring& value) const {
+  return NumberOf<std::uint32_t>(Find(key, value), RegistryValue::Type::Dword);
+}
+
+std::optional<std::uint64_t> Registry::Qword(const std::wstring& key, const std::wstring& value) const {
+  return NumberOf<std::uint64_t>(Find(key, value), RegistryValue::Type::Qword);
 }
 
 void Registry::Set(const std::wstring& key, const std::wstring& value, RegistryValue stored) {

@@ -4,6 +4,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "os/types.h"
 
@@ -45,6 +46,18 @@ class Registry {
 
   /// A text value; empty when it is missing or of another type.
   [[nodiscard]] std::optional<std::wstring> Text(const std::wstring& key, const std::wstring& value) const;
+
+  /// The names of the keys right below a key, in alphabetical order.
+  [[nodiscard]] std::vector<std::wstring> Subkeys(const std::wstring& key) const;
+
+  /// A 32-bit number; empty when it is missing or of another type.
+  [[nodiscard]] std::optional<std::uint32_t> Dword(const std::wstring& key, const std::wstring& value) const;
+
+  /// A 64-bit number; empty when it is missing or of another type.
+  [[nodiscard]] std::optional<std::uint64_t> Qword(const std::wstring& key, const std::wstring& value) const;
+
+  /// Makes a key without values.
+  void AddKey(const std::wstring& key) { keys_[key]; }
 
   [[nodiscard]] bool Has(const std::wstring& key) const { return keys_.contains(key); }
 

@@ -46,7 +46,7 @@ class RandomLife {
   }
 
   void OneEvent() {
-    const auto pick = Pick(12);
+    const auto pick = Pick(14);
     if (pick <= 1) return SendCommand();
     if (pick == 2) return SendNoise();
     if (pick == 3) return UseHotKey();
@@ -58,6 +58,8 @@ class RandomLife {
     if (pick == 8) return Pick(2) == 0 ? laptop.touch.Unplug() : laptop.touch.Plug();
     if (pick == 9) return Pick(2) == 0 ? laptop.displays.cPanel().Detach() : laptop.displays.cPanel().Attach();
     if (pick == 10) return DisturbUi();
+    if (pick == 11) return laptop.input.PressWinP();
+    if (pick == 12) return DisturbDisplays();
     laptop.Advance(Pick(4000));
   }
 
@@ -68,6 +70,7 @@ class RandomLife {
     laptop.touch.Plug();
     laptop.touch.modeSwitch().enabled = true;  // a reset that was cut short leaves it switched off
     laptop.displays.cPanel().Attach();
+    laptop.displays.UserProjects(os::Topology::Extend);
     laptop.sessions.Unlock();
   }
 
@@ -137,7 +140,7 @@ class RandomLife {
     const auto pick = Pick(5);
     if (pick == 0) return laptop.hotKey.PressF6(1 + static_cast<int>(Pick(4)));
     if (pick == 1) {
-      powers_.insert(L"Off");
+      powers_.insert({L"Off", L"On"});
       return laptop.hotKey.EndF6(Pick(5));
     }
     if (pick == 2) {
@@ -155,6 +158,17 @@ class RandomLife {
     if (pick == 2) return laptop.power.BatterySaver(Pick(2) == 0);
     if (pick == 3) return laptop.power.Broadcast(Pick(20));
     laptop.power.Notify(static_cast<os::PowerSetting>(Pick(5)), Pick(300));
+  }
+
+  void DisturbDisplays() {
+    constexpr os::Topology kChoices[] = {os::Topology::Internal, os::Topology::Clone, os::Topology::Extend,
+                                         os::Topology::External};
+    const auto pick = Pick(3);
+    if (pick == 0) return laptop.displays.UserProjects(kChoices[Pick(std::size(kChoices))]);
+    auto& screen = Pick(2) == 0 ? laptop.displays.bPanel() : laptop.displays.cPanel();
+    if (pick == 1) screen.Rotate(Pick(4));
+    if (pick == 2) screen.MoveTo(static_cast<std::int32_t>(Pick(3000)), static_cast<std::int32_t>(Pick(3000)));
+    laptop.displays.Changed();
   }
 
   void DisturbUi() {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "os/device_io.h"
+#include "os/devices.h"
 #include "os/displays.h"
 #include "os/files.h"
+#include "os/input.h"
 #include "os/kernel_objects.h"
 #include "os/messages.h"
 #include "os/registry.h"
@@ -43,6 +45,8 @@ inline constexpr const auto& kDoors =
              &os::StartTimer, &os::QueryPowerStatus, &os::ServiceState, &os::OpenNamedEvent, &os::CreateNamedMutex,
              &os::PostToWindow, &os::SendCopyData, &os::SendCopyDataTimeout, &os::WriteProfileText, &os::StartThread,
              &os::ReadFileVersion, &os::OwnProgramPath, &os::OverwriteByCopy, &os::Impersonate, &os::OwnToken,
-             &os::EnablePrivilege>;
+             &os::EnablePrivilege, &os::RegistrySubkeys, &os::ReadRegistryNumber, &os::WriteRegistryNumber,
+             &os::WriteRegistryLongNumber, &os::PresentDeviceClasses, &os::ActivePowerScheme, &os::LidCloseActionOf,
+             &os::ChangeDisplayConfiguration, &os::MonitorDevices, &os::WindowRect, &os::RootWindow, &os::IsKeyDown>;
 
 }  // namespace support

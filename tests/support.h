@@ -37,6 +37,14 @@ inline std::wstring LastTold(const sim::Laptop& laptop) {
   return received.empty() ? std::wstring() : received.back();
 }
 
+/// Whether the UI was last told that the panel is on or off: "POWERON", "POWEROFF", or empty when neither.
+inline std::wstring LastPowerTold(const sim::Laptop& laptop) {
+  const auto received = laptop.ui.Received();
+  const auto isPower = [](const std::wstring& text) { return text == L"POWERON" || text == L"POWEROFF"; };
+  const auto last = std::find_if(received.rbegin(), received.rend(), isPower);
+  return last == received.rend() ? std::wstring() : *last;
+}
+
 /// From here on only what is new counts: log, firmware requests, texts to the UI, changes of the displays.
 inline void ForgetTheStory(sim::Laptop& laptop) {
   laptop.trace.Clear();

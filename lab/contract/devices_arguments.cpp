@@ -4,10 +4,12 @@
 #include <gtest/gtest.h>
 #include <setupapi.h>
 
+#include <cstring>
 #include <string>
 
 #include "contract/patched.h"
 #include "os/device_io.h"
+#include "os/devices.h"
 #include "os/hid.h"
 #include "os/power.h"
 
@@ -99,6 +101,26 @@ TEST(DeviceArguments, RawInputIsAskedForOneUsagePage) {
   EXPECT_EQ(asked.hwndTarget, reinterpret_cast<HWND>(0x10234));
   EXPECT_EQ(os::RegisterRawInput(0x0D, 4, os::kRawInputRemove, os::WindowHandle::None).error(), 87U);
   EXPECT_TRUE(asked.dwFlags == RIDEV_REMOVE && asked.hwndTarget == nullptr);
+}
+
+// ---- Classes of devices, a property that Wine's devices lack ----
+
+BOOL WINAPI TellClass(HDEVINFO, SP_DEVINFO_DATA*, const DEVPROPKEY* key, DEVPROPTYPE* type, BYTE* to, DWORD size,
+                      DWORD* required, DWORD) {
+  constexpr wchar_t kClass[] = L"Monitor";
+  const bool isClass = key->fmtid.Data1 == 0xA45C254E && key->pid == 9;
+  *type = DEVPROP_TYPE_STRING;
+  if (required != nullptr) *required = sizeof kClass;
+  if (!isClass || size < sizeof kClass) return SetLastError(ERROR_INSUFFICIENT_BUFFER), FALSE;
+  std::memcpy(to, kClass, sizeof kClass);
+  return TRUE;
+}
+
+TEST(DeviceArguments, ClassesAreReadFromEachDevicesProperty) {
+  CONTRACT_PATCH(SetupDiGetDevicePropertyW, TellClass);
+  const auto classes = os::PresentDeviceClasses();
+  ASSERT_FALSE(classes.empty());
+  for (const auto& each : classes) EXPECT_EQ(each, L"Monitor");
 }
 
 }  // namespace

@@ -108,6 +108,7 @@ const os::ServiceWindowEvents kEvents{
     .touchPadStatusMessage = 0,
     .hotKey = [](auto, auto) { Hear("hotKey"); },
     .touchPadStatus = [](auto, auto) { Hear("touchPad"); },
+    .displayChange = [] { Hear("displayChange"); },
     .copyData = [](auto kind, auto record) { Hear("copyData", kind, record.size()); },
     .rawInput = HearRawInput,
     .command = [](auto id) { Hear("command", id); },
@@ -166,6 +167,7 @@ TEST_F(WindowDecoder, EachMessageIsDecodedIntoItsEvent) {
       {WM_COPYDATA, 5, 0, "copyData 5 0"},
       {WM_COMMAND, 0x1'0069, 0, "command 105"},
       {WM_TIMER, 6, 0, "timer 6"},
+      {WM_DISPLAYCHANGE, 32, 0, "displayChange"},
       {WM_NULL, 0, 0, ""},
   };
   for (const auto& each : cases) {

@@ -198,4 +198,12 @@ std::vector<Told> ToldToWindow(std::size_t count) {
   return told;
 }
 
+void Press(std::uint32_t virtualKey) {
+  keybd_event(static_cast<BYTE>(virtualKey), 0, 0, 0);
+}
+
+void Release(std::uint32_t virtualKey) {
+  keybd_event(static_cast<BYTE>(virtualKey), 0, KEYEVENTF_KEYUP, 0);
+}
+
 }  // namespace world

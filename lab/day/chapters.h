@@ -16,7 +16,9 @@ void Flip(Day& day);
 void Projection(Day& day);
 void RefreshRate(Day& day);
 void DriverGone(Day& day);
-void SwitchOff(Day& day);  // leaves the panel off
+void PanelMoved(Day& day);
+void Lid(Day& day);
+void SwitchOff(Day& day);
 void SecondInstance(Day& day);
 void ShutDown(Day& day);
 

@@ -30,7 +30,7 @@ void SwitchOff(Day& day) {
   day.Check(day.PadGot(kCursorReport), L"touch surface switched to a touch pad");
   day.Check(day.UiHeard(L"received POWEROFF"), L"UI told POWEROFF");
   day.Check(Day::SettingsAre({"Off", "127", "204", "1", "Cursor"}), L"settings remember Off");
-  day.Picture(L"6-panel-off");
+  day.Picture(L"8-panel-off");
   day.Happens(L"folded over and back");
   Controller::PostHotKey(HotKey::FlipChanged);
   day.Check(day.Traced(L"Read ini file = Tessaview Power Off") && day.Asked(L"DEVS 0x00050031 = 0"),
@@ -39,7 +39,10 @@ void SwitchOff(Day& day) {
   Controller::PressF6(2, kF6PanelOn);
   day.Check(day.Traced(L"----- F6 start as TOUCHPAD and switch time = 2 -----") && day.Used(L"TESSAVIEW_F6_TESSAVIEW"),
             L"understood as the wish for the panel");
-  day.Note(L"F6 does not bring the panel back yet: the controller's part of it is still to be built");
+  day.Check(day.Asked(L"DEVS 0x00050032 = 127") && day.UiHeard(L"received CLOSEMASK"),
+            L"panel on at its level for mains, UI told CLOSEMASK");
+  day.Check(Day::SettingsAre({"On", "127", "204", "1", "Cursor"}), L"settings remember On");
+  day.Picture(L"9-panel-back-on");
 }
 
 void SecondInstance(Day& day) {

@@ -9,8 +9,9 @@
 namespace {
 
 void LiveOn(lab::Day& day) {
-  for (auto* const chapter : {lab::Backlight, lab::Battery, lab::Touch, lab::Flip, lab::Projection, lab::RefreshRate,
-                              lab::DriverGone, lab::SwitchOff, lab::SecondInstance, lab::ShutDown}) {
+  for (auto* const chapter :
+       {lab::Backlight, lab::Battery, lab::Touch, lab::Flip, lab::Projection, lab::RefreshRate, lab::DriverGone,
+        lab::PanelMoved, lab::Lid, lab::SwitchOff, lab::SecondInstance, lab::ShutDown}) {
     chapter(day);
   }
 }

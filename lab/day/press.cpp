@@ -21,7 +21,7 @@ LaptopState& State() {
 
 bool F6() {
   const bool on = Setting("Tessaview") == "On";
-  std::puts(on ? "F6: panel off" : "F6 twice: panel on, which the controller only takes note of so far");
+  std::puts(on ? "F6: panel off" : "F6 twice: panel on");
   Controller::PressF6(on ? 1 : 2, on ? kF6PanelOff : kF6PanelOn);
   return true;
 }

@@ -7,8 +7,13 @@ namespace lab {
 namespace {
 
 /// Trace lines that tell something, by how they begin.
-constexpr std::array<std::wstring_view, 34> kTellingLines{
+constexpr std::array<std::wstring_view, 39> kTellingLines{
     L" ******* Start",
+    L"WM_DISPLAYCHANGE",
+    L"[CheckCPanel_Position_Orientation]",
+    L"[Timestamp] Extend",
+    L"[SendLidCloseActionSetting]",
+    L"[DisplayChange] NB",
     L"[InitGenerationCheck]",
     L"Enable Device",
     L"Find TouchPad",

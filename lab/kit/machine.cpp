@@ -5,6 +5,7 @@
 #include <array>
 #include <filesystem>
 #include <fstream>
+#include <utility>
 
 #include "kit/journal.h"
 
@@ -75,6 +76,21 @@ std::vector<std::wstring> Monitors() {
   };
   EnumDisplayMonitors(nullptr, nullptr, add, reinterpret_cast<LPARAM>(&monitors));
   return monitors;
+}
+
+bool PlaceCPanel(int x, int y, unsigned orientation) {
+  constexpr wchar_t kDevice[] = L"\\\\.\\DISPLAY2";
+  DEVMODEW mode{};
+  mode.dmSize = sizeof mode;
+  // What is stored is the same, and fresh: Wine renews a process's view of the current settings only for its own
+  // changes.
+  if (!EnumDisplaySettingsW(kDevice, ENUM_REGISTRY_SETTINGS, &mode)) return false;
+  if ((mode.dmDisplayOrientation + orientation) % 2 == 1) std::swap(mode.dmPelsWidth, mode.dmPelsHeight);
+  mode.dmPosition = {x, y};
+  mode.dmDisplayOrientation = orientation;
+  mode.dmFields = DM_POSITION | DM_DISPLAYORIENTATION | DM_PELSWIDTH | DM_PELSHEIGHT;
+  return ChangeDisplaySettingsExW(kDevice, &mode, nullptr, CDS_UPDATEREGISTRY | CDS_GLOBAL, nullptr) ==
+         DISP_CHANGE_SUCCESSFUL;
 }
 
 std::wstring TakePicture(const std::wstring& name) {

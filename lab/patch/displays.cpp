@@ -1,5 +1,6 @@
 // The projection mode. Wine serves the display paths as the X server has them and calls every arrangement "internal":
-// here the laptop's state says which it is, and changes when the mode is set. The desktop itself does not.
+// here the laptop's state says which it is, and changes when the mode is set. The desktop itself does not. And changes
+// of a single display, of which Wine takes those with a size only.
 #include <windows.h>
 
 #include "kit/laptop_state.h"
@@ -28,11 +29,34 @@ LONG WINAPI SetTopology(UINT32 pathCount, DISPLAYCONFIG_PATH_INFO* paths, UINT32
   return ERROR_SUCCESS;
 }
 
+/// Wine keeps each process's own view of the current settings, and renews it only for changes of that process's; what
+/// is stored is everybody's, and the same unless a display was changed from outside of Wine.
+BOOL WINAPI EveryonesSettings(LPCWSTR device, DWORD which, DEVMODEW* mode) {
+  return EnumDisplaySettingsW(device, which == ENUM_CURRENT_SETTINGS ? ENUM_REGISTRY_SETTINGS : which, mode);
+}
+
+/// Wine accepts a change without a size and makes none; one without an orientation it turns.
+LONG WINAPI ChangeWithSize(LPCWSTR device, DEVMODEW* mode, HWND window, DWORD flags, LPVOID parameter) {
+  DEVMODEW sized = *mode, current{};
+  current.dmSize = sizeof current;
+  if (!EveryonesSettings(device, ENUM_CURRENT_SETTINGS, &current)) return DISP_CHANGE_BADPARAM;
+  constexpr DWORD kSize = DM_PELSWIDTH | DM_PELSHEIGHT;
+  if ((sized.dmFields & kSize) != kSize) {
+    sized.dmPelsWidth = current.dmPelsWidth;
+    sized.dmPelsHeight = current.dmPelsHeight;
+  }
+  if ((sized.dmFields & DM_DISPLAYORIENTATION) == 0) sized.dmDisplayOrientation = current.dmDisplayOrientation;
+  sized.dmFields |= kSize | DM_DISPLAYORIENTATION;
+  return ChangeDisplaySettingsExW(device, &sized, window, flags, parameter);
+}
+
 }  // namespace
 
-std::array<Redirection, 2> DisplayCalls() {
+std::array<Redirection, 4> DisplayCalls() {
   return {{{"QueryDisplayConfig", reinterpret_cast<void*>(QueryWithTopology)},
-           {"SetDisplayConfig", reinterpret_cast<void*>(SetTopology)}}};
+           {"SetDisplayConfig", reinterpret_cast<void*>(SetTopology)},
+           {"EnumDisplaySettingsW", reinterpret_cast<void*>(EveryonesSettings)},
+           {"ChangeDisplaySettingsExW", reinterpret_cast<void*>(ChangeWithSize)}}};
 }
 
 }  // namespace lab::patch

@@ -9,7 +9,7 @@ namespace lab::patch {
 
 // Each group answers a few calls that Wine only pretends to serve; lab/README.md gives the reason for each.
 std::array<Redirection, 2> TraceCalls();
-std::array<Redirection, 2> DisplayCalls();
+std::array<Redirection, 4> DisplayCalls();
 std::array<Redirection, 3> PowerCalls();
 std::array<Redirection, 2> SessionCalls();
 std::array<Redirection, 4> TouchCalls();

@@ -5,8 +5,12 @@
 
 namespace tessaview {
 
+bool IsRetailDemoServiceRunning() {
+  return os::ServiceState(L"RetailDemo") == os::kServiceRunning;
+}
+
 bool IsRetailDemo() {
-  if (os::ServiceState(L"RetailDemo") == os::kServiceRunning) return true;
+  if (IsRetailDemoServiceRunning()) return true;
   return os::ReadRegistryText(kFactoryConfigKey, L"RetailDemo", kFactoryValueBytes) == L"1";
 }
 

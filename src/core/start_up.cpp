@@ -20,6 +20,7 @@
 #include "power/firmware.h"
 #include "power/panel_power.h"
 #include "power/pc_screen_only.h"
+#include "power/win_p_watch.h"
 #include "touch/device_reset.h"
 #include "touch/raw_input.h"
 #include "touch/touch_pad.h"
@@ -158,8 +159,9 @@ int RunController() {
   InitialDisplay();
   InitGenerationCheck();  // for the log; whoever needs the generation asks for it
   ResetTouchDevices();
+  StartWinPWatch();
 
-  // The user's choices, and the UI. Apart from the launches of the UI nothing runs beside this thread.
+  // The user's choices, and the UI.
   SetUpSettings();
   RestorePanelPower();
   LaunchUI();

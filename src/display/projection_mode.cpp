@@ -14,24 +14,34 @@ os::Topology CurrentTopology() {
   return current ? current->topology : os::Topology::None;
 }
 
-void QueryWinPMode() {
-  for (auto* const mode : {&isInternalMode, &isCloneMode, &isExtendMode, &isExternalMode}) mode->set(false);
-  switch (CurrentTopology()) {
+namespace {
+
+void LogMode(os::Topology topology) {
+  switch (topology) {
     case os::Topology::Internal:
-      Log(L"Win + P = INTERNAL Mode (PC screen only) \n");
-      return isInternalMode.set(true);
+      return Log(L"Win + P = INTERNAL Mode (PC screen only) \n");
     case os::Topology::Clone:
-      Log(L"Win + P = CLONE Mode (Duplicate) \n");
-      return isCloneMode.set(true);
+      return Log(L"Win + P = CLONE Mode (Duplicate) \n");
     case os::Topology::Extend:
-      Log(L"Win + P = EXTEND Mode (Extend) \n");
-      return isExtendMode.set(true);
+      return Log(L"Win + P = EXTEND Mode (Extend) \n");
     case os::Topology::External:
-      Log(L"Win + P = EXTERNAL Mode (Second screen only) \n");
-      return isExternalMode.set(true);
+      return Log(L"Win + P = EXTERNAL Mode (Second screen only) \n");
     case os::Topology::None:
       return;
   }
+}
+
+}  // namespace
+
+// Asked before any flag is touched: another thread may read them meanwhile, and a mode that stays in force shall not
+// seem to end.
+void QueryWinPMode() {
+  const auto topology = CurrentTopology();
+  LogMode(topology);
+  isInternalMode.set(topology == os::Topology::Internal);
+  isCloneMode.set(topology == os::Topology::Clone);
+  isExtendMode.set(topology == os::Topology::Extend);
+  isExternalMode.set(topology == os::Topology::External);
 }
 
 }  // namespace tessaview

@@ -60,8 +60,8 @@ struct DisplayConfiguration {
 [[nodiscard]] Result<DisplayConfiguration> QueryDisplayConfiguration(DisplayQuery sizes, DisplayQuery query);
 
 /// Flags of a configuration change (SDC_*).
-inline constexpr std::uint32_t kSdcUseSuppliedConfig = 0x20, kSdcApply = 0x80, kSdcSaveToDatabase = 0x200,
-                               kSdcAllowChanges = 0x400;
+inline constexpr std::uint32_t kSdcTopologyExtend = 0x4, kSdcUseSuppliedConfig = 0x20, kSdcApply = 0x80,
+                               kSdcSaveToDatabase = 0x200, kSdcAllowChanges = 0x400;
 
 /// Changes the display configuration (SetDisplayConfig); empty spans pass null arrays. Returns 0 or a system error
 /// code. Any thread; can take seconds, and display-change notifications follow.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "os/types.h"
@@ -14,5 +15,15 @@ struct PowerStatus {
 
 /// The machine's power status (GetSystemPowerStatus). Any thread.
 [[nodiscard]] Result<PowerStatus> QueryPowerStatus();
+
+/// A power scheme (GUID), as its 16 bytes.
+using PowerScheme = std::array<std::uint8_t, 16>;
+
+/// The power scheme in force (PowerGetActiveScheme). Any thread.
+[[nodiscard]] Result<PowerScheme> ActivePowerScheme();
+
+/// What closing the lid does in a scheme, on mains or on battery: 0 nothing, 1 sleep, 2 hibernate, 3 shut down
+/// (PowerReadACValueIndex or PowerReadDCValueIndex of GUID_SYSTEM_BUTTON_SUBGROUP, GUID_LIDCLOSE_ACTION). Any thread.
+[[nodiscard]] Result<std::uint32_t> LidCloseActionOf(const PowerScheme& scheme, bool onMains);
 
 }  // namespace os

@@ -20,6 +20,7 @@ struct ServiceWindowEvents {
 
   void (*hotKey)(std::uint64_t wParam, std::int64_t lParam);
   void (*touchPadStatus)(std::uint64_t wParam, std::int64_t lParam);
+  void (*displayChange)();                                          // WM_DISPLAYCHANGE
   void (*copyData)(std::uint64_t kind, BytesView record);           // WM_COPYDATA, `kind` is its wParam
   void (*rawInput)(const RawInput& input);                          // WM_INPUT, record already read
   void (*command)(std::uint16_t id);                                // WM_COMMAND: menu item or accelerator

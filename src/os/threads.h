@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 
 namespace os {
@@ -20,6 +21,26 @@ class Lock {
 
   void lock();
   void unlock();
+
+ private:
+  struct State;
+  State* state_;
+};
+
+/// Counts what one thread has to do for others, `most` at the most (CreateSemaphoreW).
+class Semaphore {
+ public:
+  explicit Semaphore(std::uint32_t most);
+  ~Semaphore();
+  Semaphore(const Semaphore&) = delete;
+  Semaphore& operator=(const Semaphore&) = delete;
+
+  /// Counts up, unless that would be too many (ReleaseSemaphore). Any thread; returns at once.
+  void Post();
+
+  /// Counts down, waiting while the count is 0 (WaitForSingleObject, without a time limit). False when there is no
+  /// semaphore, because none could be made.
+  [[nodiscard]] bool Wait();
 
  private:
   struct State;

@@ -26,6 +26,12 @@ struct Rect {
   friend bool operator==(const Rect&, const Rect&) = default;
 };
 
+/// A width and a height, in pixels (SIZE).
+struct Size {
+  std::int32_t width = 0, height = 0;
+  friend bool operator==(const Size&, const Size&) = default;
+};
+
 /// A top-level or child window (HWND).
 enum class WindowHandle : std::uint64_t { None = 0 };
 

@@ -5,13 +5,15 @@
 #include "core/service_timers.h"
 #include "core/settings_file.h"
 #include "core/trace_log.h"
+#include "display/mode_reset.h"
 #include "power/panel_power.h"
+#include "uilink/ui_channel.h"
 
 namespace tessaview {
 namespace {
 
 constexpr std::uint32_t kModes = 3;
-constexpr std::int64_t kPanelOff = 2;  // what the component may want at the end of a sequence
+constexpr std::int64_t kPanelOff = 2, kPanelOn = 3;  // what the component may want at the end of a sequence
 
 /// The mode the sequence began in, as it is logged.
 F6Mode LoggedStart(std::uint32_t presses) {
@@ -55,6 +57,14 @@ void SwitchPanelOff() {
   if (IsRetailDemo()) StartRetailDemoTimer();
 }
 
+void SwitchPanelOn() {
+  Log(L"----------------- F6 send Tessaview On --------------------- \n");
+  ReSetTessaviewMode();
+  SetPowerEvent();
+  if (IsRetailDemo()) StopRetailDemoTimer();
+  SendUiText({.text = L"CLOSEMASK"});
+}
+
 }  // namespace
 
 ProcessWide<bool> gF6PanelOn;
@@ -82,6 +92,7 @@ void OnF6SequenceEnd(std::int64_t action) {
   gF6Result.set(F6Mode::Panel);
 
   if (action == kPanelOff) SwitchPanelOff();
+  if (action == kPanelOn) SwitchPanelOn();
   ResetSwitchingEvent();
 }
 

@@ -22,7 +22,8 @@ extern ProcessWide<bool> gTouchPadEnabled;         // as the hot-key component r
 void OnF6Press();
 
 /// The end of an F6 sequence (hot-key 0xF9): turns the presses into a mode, and does what `action` says the component
-/// wants of the panel; 2 = off, other numbers nothing. Blocks for up to about 3 seconds while displays settle.
+/// wants of the panel; 2 = off, 3 = on, other numbers nothing. Blocks for seconds while displays settle, and while a
+/// reset of the display mode is under way.
 void OnF6SequenceEnd(std::int64_t action);
 
 }  // namespace tessaview

@@ -1,7 +1,17 @@
 #include "uilink/power_events.h"
 
+#include "core/service_state.h"
+#include "core/settings.h"
 #include "core/trace_log.h"
+#include "display/panel_nudge.h"
+#include "display/virtual_monitor.h"
+#include "power/firmware.h"
+#include "power/lid_actions.h"
+#include "power/panel_power.h"
+#include "power/panel_status.h"
 #include "power/power_saving.h"
+#include "uilink/mask_wait.h"
+#include "uilink/ui_channel.h"
 
 namespace tessaview {
 namespace {
@@ -9,15 +19,24 @@ namespace {
 // Published values of the power broadcasts (PBT_*).
 constexpr std::uint32_t kSuspend = 4, kResumeSuspend = 7, kPowerStatusChange = 10, kResumeAutomatic = 18;
 
-constexpr std::uint32_t kMainsPower = 0, kBatteryPower = 1;  // values of GUID_ACDC_POWER_SOURCE
+// Published values of the settings.
+constexpr std::uint32_t kMainsPower = 0, kBatteryPower = 1;                   // GUID_ACDC_POWER_SOURCE
+constexpr std::uint32_t kLidClosed = 0, kLidOpened = 1;                       // GUID_LIDSWITCH_STATE_CHANGE
+constexpr std::uint32_t kDisplayOff = 0, kDisplayOn = 1, kDisplayDimmed = 2;  // GUID_CONSOLE_DISPLAY_STATE
+
+bool IsG2() {
+  return InitGenerationCheck() == Generation::G2;
+}
 
 void OnPowerSource(std::uint32_t source) {
   if (source == kMainsPower) {
     Log(L"The computer is powered by an AC power source. \n");
     LeavePowerSavingMode();
+    if (IsG2()) LidClosedAction(true);
   } else if (source == kBatteryPower) {
     Log(L"The computer is powered by an onboard battery power source. \n");
     EnterPowerSavingMode();
+    if (IsG2()) LidClosedAction(false);
   }
 }
 
@@ -28,6 +47,66 @@ void OnBatterySaver(bool on) {
   } else {
     Log(L"Battery saver is off. \n");
     LeavePowerSavingMode();
+  }
+}
+
+/// The user is back at a lit panel, or will be once signed in.
+void ComeBack() {
+  ApplyIniPowerStatus();
+  TakeMaskOffAtDesktop();
+}
+
+void OnLidOpened() {
+  Log(L"[DisplayChange] NB Open \n");
+  if (!gFirstLidOpenPending.exchange(false)) {
+    LidOpenMoveCPanelMonitorOnePixel(gSettings.get().acLineStatus != kOnBattery);
+  }
+  ComeBack();
+}
+
+void OnLidClosed() {
+  KeepMaskOn();
+  Log(L"[DisplayChange] NB Closed \n");
+  Log(L"[DisplayChange] Send message to UI : POWEROFF \n");
+  TellPanelOff();
+  if (!gLidDoNothing.get()) return;
+  Log(L"[DisplayChange] NB closed and lid off setting is do nothing. Send message to UI : OPENMASK \n");
+  SendUiText({.text = L"OPENMASK"});
+}
+
+void OnDisplayOff() {
+  KeepMaskOn();
+  Log(L"The display is off \n");
+  SendUiText({.text = L"OPENMASK"});
+}
+
+void LayDesktopOutAgain() {
+  if (CheckVirtualMonitor()) {
+    Log(L"[DisplayOn] Virtual monitor\n");
+    MoveCPanelMonitorOnePixel();
+  } else {
+    Log(L"[DisplayOn] No virtual monitor, send message to UI.\n");
+    SendUiText({.text = L"SETWALLPAPER"});
+  }
+}
+
+void OnDisplayOn() {
+  Log(L"The display is on \n");
+  if (!gFirstDisplayOnPending.exchange(false)) LayDesktopOutAgain();
+  ComeBack();
+}
+
+/// A narrower set of actions than a power scheme has: that closing the lid sleeps, as is usual, changes nothing.
+void OnLidCloseAction(std::uint32_t action) {
+  if (!IsG2()) return;
+  if (action == 0) {
+    Log(L"GUID_LIDCLOSE_ACTION lid off setting is do nothing. \n");
+    gLidDoNothing.set(true);
+    SendLidCloseActionSetting(true);
+  } else if (action == 2 || action == 3 || action == 6) {
+    Log(L"GUID_LIDCLOSE_ACTION lid off setting is not do nothing. \n");
+    gLidDoNothing.set(false);
+    SendLidCloseActionSetting(false);
   }
 }
 
@@ -49,8 +128,23 @@ void OnPowerBroadcast(std::uint32_t event) {
 }
 
 void OnPowerSetting(os::PowerSetting setting, std::uint32_t value) {
-  if (setting == os::PowerSetting::AcDcPowerSource) OnPowerSource(value);
-  if (setting == os::PowerSetting::PowerSavingStatus) OnBatterySaver(value != 0);
+  switch (setting) {
+    case os::PowerSetting::LidSwitchState:
+      if (value == kLidOpened) OnLidOpened();
+      if (value == kLidClosed) OnLidClosed();
+      return;
+    case os::PowerSetting::AcDcPowerSource:
+      return OnPowerSource(value);
+    case os::PowerSetting::ConsoleDisplayState:
+      if (value == kDisplayOff) OnDisplayOff();
+      if (value == kDisplayOn) OnDisplayOn();
+      if (value == kDisplayDimmed) Log(L"The display is dimmed \n");
+      return;
+    case os::PowerSetting::PowerSavingStatus:
+      return OnBatterySaver(value != 0);
+    case os::PowerSetting::LidCloseAction:
+      return OnLidCloseAction(value);
+  }
 }
 
 }  // namespace tessaview

@@ -9,7 +9,8 @@ namespace tessaview {
 /// Notes suspend, resume and status changes in the log (WM_POWERBROADCAST but for settings). Main thread.
 void OnPowerBroadcast(std::uint32_t event);
 
-/// Follows a change of a power setting: power source and battery saver set the backlight. Main thread.
+/// Follows a change of a power setting: power source and battery saver set the backlight, lid and console display tell
+/// the UI and bring the panel back, what closing the lid does is told to the firmware. Main thread; can take seconds.
 void OnPowerSetting(os::PowerSetting setting, std::uint32_t value);
 
 }  // namespace tessaview

@@ -5,9 +5,12 @@
 #include "core/service_timers.h"
 #include "core/trace_log.h"
 #include "touch/touch_pad.h"
+#include "uilink/display_change.h"
 #include "uilink/hot_key.h"
 #include "uilink/hot_key_component.h"
+#include "uilink/mask_wait.h"
 #include "uilink/power_events.h"
+#include "uilink/retail_demo.h"
 #include "uilink/touch_forwarding.h"
 #include "uilink/ui_channel.h"
 #include "uilink/ui_commands.h"
@@ -20,6 +23,9 @@ constexpr std::uint32_t kEndSessionCloseApp = 0x1, kEndSessionLogOff = 0x8000000
 
 void OnTimer(std::uint64_t id) {
   if (id == kUpdateTimer) SendUiText({.text = L"CHECKUPDATE"});
+  if (id == kRetailDemoTimer) OnRetailDemoTimer();
+  if (id == kRetailDemoCloneTimer) OnRetailDemoCloneTimer();
+  if (id == kDesktopTimer) OnDesktopTimer();
 }
 
 void OnSessionChange(std::uint32_t event) {
@@ -49,6 +55,7 @@ const os::ServiceWindowEvents& ServiceWindowEvents() {
       .touchPadStatusMessage = kTouchPadStatusMessage,
       .hotKey = OnHotKey,
       .touchPadStatus = OnTouchPadStatus,
+      .displayChange = OnDisplayChange,
       .copyData = OnCopyData,
       .rawInput = OnRawInput,
       .command = OnCommand,

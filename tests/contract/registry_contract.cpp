@@ -68,5 +68,31 @@ TEST_F(RegistryContract, AWrittenTextMakesItsKeysAndReplacesWhateverWasThere) {
   }
 }
 
+TEST_F(RegistryContract, NumbersAreReadByTypeAndWrittenOnlyWhereTheKeyIs) {
+  const std::wstring key = kKey, missing = key + L"\\NoSuchKey";
+  world::SetRegistryValue(key, L"Number", {world::kDword, {7, 0, 0, 0}});
+  world::SetRegistryValue(key, L"Text", {world::kText, Utf16(L"7")});
+  EXPECT_EQ(os::ReadRegistryNumber(key, L"number"), 7U);
+  EXPECT_EQ(os::ReadRegistryNumber(key, L"Text"), std::nullopt);
+  EXPECT_EQ(os::ReadRegistryNumber(key, L"NoSuchValue"), std::nullopt);
+  EXPECT_EQ(os::ReadRegistryNumber(missing, L"Number"), std::nullopt);
+
+  EXPECT_TRUE(os::WriteRegistryNumber(key, L"Text", 0x0102'0304));
+  EXPECT_EQ(world::StoredValue(key, L"Text"), (world::RegistryValue{world::kDword, {4, 3, 2, 1}}));
+  EXPECT_TRUE(os::WriteRegistryLongNumber(key, L"Stamp", 0x01D0'0000'0000'0002));
+  EXPECT_EQ(world::StoredValue(key, L"Stamp"), (world::RegistryValue{world::kQword, {2, 0, 0, 0, 0, 0, 0xD0, 1}}));
+  EXPECT_EQ(os::ReadRegistryNumber(key, L"Stamp"), std::nullopt) << "a longer number";
+  EXPECT_EQ(os::WriteRegistryNumber(missing, L"Number", 1).error(), 2U) << "ERROR_FILE_NOT_FOUND";
+  EXPECT_EQ(os::WriteRegistryLongNumber(missing, L"Number", 1).error(), 2U);
+}
+
+TEST_F(RegistryContract, SubkeysComeInAlphabeticalOrderOneLevelDeep) {
+  for (const auto* name : {L"b+c^1", L"A*b^2", L"c\\00\\01"}) {
+    world::SetRegistryValue(std::wstring(kKey) + L"\\List\\" + name, L"Any", {world::kDword, {1, 0, 0, 0}});
+  }
+  EXPECT_EQ(os::RegistrySubkeys(std::wstring(kKey) + L"\\List"), (std::vector<std::wstring>{L"A*b^2", L"b+c^1", L"c"}));
+  EXPECT_TRUE(os::RegistrySubkeys(std::wstring(kKey) + L"\\NoSuchKey").empty());
+}
+
 }  // namespace
 }  // namespace contract

@@ -33,12 +33,27 @@ TEST_F(DesktopContract, AWindowIsFoundByItsClassAndTitle) {
   EXPECT_EQ(os::ForegroundWindow(), window);
   EXPECT_EQ(os::WindowClassName(window), kClass);
   EXPECT_NE(os::ProcessImagePath(os::WindowProcessId(window)), L"");
+  EXPECT_EQ(os::RootWindow(window), window);
+  const auto area = os::WindowRect(window);
+  EXPECT_TRUE(area.right > area.left && area.bottom > area.top);
+  EXPECT_NE(os::WindowStyle(window), 0U);
   world::CloseWindow();
   EXPECT_EQ(os::FindTopWindow(kClass), WindowHandle::None);
   for (const auto gone : {window, WindowHandle::None}) {
     EXPECT_EQ(os::WindowClassName(gone), L"");
     EXPECT_EQ(os::WindowProcessId(gone), 0U);
+    EXPECT_EQ(os::RootWindow(gone), WindowHandle::None);
+    EXPECT_EQ(os::WindowRect(gone), os::Rect{});
+    EXPECT_EQ(os::WindowStyle(gone), 0U);
   }
+}
+
+TEST_F(DesktopContract, TheDesktopsWindowCoversThePrimaryDisplayAtLeast) {
+  const auto size = os::PrimaryScreenSize();
+  EXPECT_EQ(size, (os::Size{1920, 1080}));
+  const auto area = os::WindowRect(os::DesktopWindow());
+  EXPECT_TRUE(area.left <= 0 && area.top <= 0 && area.right >= size.width && area.bottom >= size.height);
+  EXPECT_NE(os::DesktopWindow(), os::ShellWindow());
 }
 
 TEST_F(MessageContract, AMessageNameHasOneId) {
@@ -121,6 +136,7 @@ os::ServiceWindowEvents Events() {
           .touchPadStatusMessage = os::RegisterMessage(L"Contract Touch Pad"),
           .hotKey = [](auto wParam, auto lParam) { Hear("hotKey", wParam, lParam); },
           .touchPadStatus = [](auto wParam, auto lParam) { Hear("touchPad", wParam, lParam); },
+          .displayChange = [] { Hear("displayChange", 0); },
           .copyData = [](auto kind, auto record) { Hear("copyData", kind, static_cast<std::int64_t>(record.size())); },
           .rawInput = [](const auto&) { Hear("rawInput", 0); },
           .command = [](auto id) { Hear("command", id); },

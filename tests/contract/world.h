@@ -24,8 +24,8 @@ void End();
 void Run(const std::function<void()>& body);
 
 // ---- Registry, below HKEY_LOCAL_MACHINE ----
-inline constexpr std::uint32_t kText = 1, kBinary = 3, kDword = 4;  // REG_SZ, REG_BINARY, REG_DWORD
-using RegistryValue = std::pair<std::uint32_t, os::Bytes>;          // its type, and its bytes as they are stored
+inline constexpr std::uint32_t kText = 1, kBinary = 3, kDword = 4, kQword = 11;  // REG_SZ, REG_BINARY and so on
+using RegistryValue = std::pair<std::uint32_t, os::Bytes>;                       // its type, and its bytes as stored
 void SetRegistryValue(const std::wstring& key, const std::wstring& value, const RegistryValue& stored);
 RegistryValue StoredValue(const std::wstring& key, const std::wstring& value);
 
@@ -70,6 +70,10 @@ struct Told {
 };
 /// What it was told, once that is at least `count` things.
 std::vector<Told> ToldToWindow(std::size_t count);
+
+/// The user presses a key, or lets it go.
+void Press(std::uint32_t virtualKey);
+void Release(std::uint32_t virtualKey);
 
 }  // namespace world
 

@@ -147,4 +147,12 @@ std::vector<Told> ToldToWindow(std::size_t /*count*/) {
   return gTold;
 }
 
+void Press(std::uint32_t virtualKey) {
+  gLaptop->input.Press(virtualKey);
+}
+
+void Release(std::uint32_t virtualKey) {
+  gLaptop->input.Release(virtualKey);
+}
+
 }  // namespace world

@@ -33,6 +33,11 @@ DeviceList ListInterfaces(const GUID& interfaceClass) {
   return DeviceList(devices == INVALID_HANDLE_VALUE ? nullptr : devices);
 }
 
+DeviceList ListAllDevices() {
+  const HDEVINFO devices = SetupDiGetClassDevsW(nullptr, nullptr, nullptr, DIGCF_PRESENT | DIGCF_ALLCLASSES);
+  return DeviceList(devices == INVALID_HANDLE_VALUE ? nullptr : devices);
+}
+
 std::vector<DeviceInterface> ReadInterfaces(const DeviceList& devices, const GUID& interfaceClass) {
   std::vector<DeviceInterface> interfaces;
   SP_DEVICE_INTERFACE_DATA listed{};

@@ -28,6 +28,10 @@ struct DeviceInterface {
 /// The present devices that offer an interface (SetupDiGetClassDevsW); null when they cannot be listed.
 [[nodiscard]] DeviceList ListInterfaces(const GUID& interfaceClass);
 
+/// All present devices of all classes (SetupDiGetClassDevsW, DIGCF_PRESENT | DIGCF_ALLCLASSES); null when they cannot
+/// be listed.
+[[nodiscard]] DeviceList ListAllDevices();
+
 /// The interfaces of a list, in its order (SetupDiEnumDeviceInterfaces, SetupDiGetDeviceInterfaceDetailW for size and
 /// data).
 [[nodiscard]] std::vector<DeviceInterface> ReadInterfaces(const DeviceList& devices, const GUID& interfaceClass);

@@ -30,6 +30,10 @@ const GUID& GuidOf(PowerSetting setting) {
   return std::ranges::find(kKnownSettings, setting, &KnownSetting::setting)->guid;
 }
 
+const GUID& SystemButtonSubgroup() {
+  return GUID_SYSTEM_BUTTON_SUBGROUP;
+}
+
 std::optional<PowerSetting> PowerSettingOf(const GUID& guid) {
   for (const auto& known : kKnownSettings) {
     if (IsEqualGUID(known.guid, guid) != FALSE) return known.setting;

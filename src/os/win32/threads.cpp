@@ -59,4 +59,23 @@ void Lock::unlock() {
   LeaveCriticalSection(&state_->section);
 }
 
+struct Semaphore::State {
+  win32::LocalHandle handle;
+};
+
+Semaphore::Semaphore(std::uint32_t most)
+    : state_(new State{win32::LocalHandle(CreateSemaphoreW(nullptr, 0, static_cast<LONG>(most), nullptr))}) {}
+
+Semaphore::~Semaphore() {
+  delete state_;
+}
+
+void Semaphore::Post() {
+  ReleaseSemaphore(state_->handle.get(), 1, nullptr);
+}
+
+bool Semaphore::Wait() {
+  return WaitForSingleObject(state_->handle.get(), INFINITE) == WAIT_OBJECT_0;
+}
+
 }  // namespace os

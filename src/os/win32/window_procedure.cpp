@@ -59,6 +59,9 @@ LRESULT CALLBACK ServiceWindowProcedure(HWND window, UINT message, WPARAM wParam
   }
 
   switch (message) {
+    case WM_DISPLAYCHANGE:
+      gEvents->displayChange();
+      return 0;
     case WM_DESTROY:
       gEvents->destroy();
       return 0;

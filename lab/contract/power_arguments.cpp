@@ -1,0 +1,70 @@
+// What the door asks of Windows about power schemes, and of the mouse, where Wine only pretends to serve it.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+#include <powrprof.h>
+
+#include <cstring>
+
+#include "contract/patched.h"
+#include "os/input.h"
+#include "os/power.h"
+
+namespace contract {
+namespace {
+
+constexpr GUID kScheme{0x381B4222, 0xF694, 0x41F0, {0x96, 0x85, 0xFF, 0x5B, 0xB2, 0x60, 0xDF, 0x2E}};
+constexpr GUID kButtons{0x4F971E89, 0xEEBD, 0x4455, {0xA8, 0xDE, 0x9E, 0x59, 0x04, 0x0E, 0x73, 0x47}};
+constexpr GUID kLid{0x5CA83367, 0x6E45, 0x459F, {0xA2, 0x7B, 0x47, 0x6B, 0x1D, 0x01, 0xC9, 0x36}};
+
+template <DWORD action>
+DWORD WINAPI ReadAction(HKEY root, const GUID* scheme, const GUID* group, const GUID* setting, DWORD* value) {
+  const bool right = root == nullptr && *scheme == kScheme && *group == kButtons && *setting == kLid;
+  *value = action;
+  return right ? ERROR_SUCCESS : ERROR_INVALID_PARAMETER;
+}
+
+FARPROC WINAPI FindReader(HMODULE, LPCSTR name) {
+  if (std::strcmp(name, "PowerReadACValueIndex") == 0)
+    return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&ReadAction<2>));
+  if (std::strcmp(name, "PowerReadDCValueIndex") == 0)
+    return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&ReadAction<3>));
+  return nullptr;
+}
+
+TEST(PowerArguments, TheLidsActionIsReadFromTheSchemeForEachSource) {
+  static DWORD answer;
+  static HLOCAL freed;
+  CONTRACT_PATCH(PowerGetActiveScheme, [](auto, auto scheme) -> DWORD {
+    static GUID given;
+    given = kScheme;
+    *scheme = &given;
+    return answer;
+  });
+  CONTRACT_PATCH(LocalFree, [](auto memory) -> HLOCAL { return freed = memory, nullptr; });
+  CONTRACT_PATCH(GetProcAddress, FindReader);
+  answer = ERROR_SUCCESS, freed = nullptr;
+  const auto scheme = os::ActivePowerScheme();
+  ASSERT_TRUE(scheme);
+  EXPECT_EQ(std::memcmp(scheme->data(), &kScheme, sizeof kScheme), 0);
+  EXPECT_NE(freed, nullptr);
+  const auto onMains = os::LidCloseActionOf(*scheme, true), onBattery = os::LidCloseActionOf(*scheme, false);
+  EXPECT_TRUE(onMains && *onMains == 2);
+  EXPECT_TRUE(onBattery && *onBattery == 3);
+  EXPECT_EQ(os::LidCloseActionOf({}, true).error(), 87U);
+  answer = ERROR_CALL_NOT_IMPLEMENTED;
+  EXPECT_EQ(os::ActivePowerScheme().error(), 120U);
+}
+
+TEST(InputArguments, AClickIsAPressAndARelease) {
+  static std::string asked;
+  asked.clear();
+  CONTRACT_PATCH(mouse_event, [](auto flags, auto x, auto y, auto, auto) {
+    asked += std::to_string(flags) + (x == 0 && y == 0 ? " " : "moved ");
+  });
+  os::ClickLeftButton();
+  EXPECT_EQ(asked, "2 4 ");
+}
+
+}  // namespace
+}  // namespace contract

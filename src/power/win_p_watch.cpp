@@ -1,0 +1,53 @@
+#include "power/win_p_watch.h"
+
+#include <memory>
+
+#include "core/settings_file.h"
+#include "core/trace_log.h"
+#include "display/mode_reset.h"
+#include "os/input.h"
+#include "os/threads.h"
+#include "os/trace.h"
+#include "power/firmware.h"
+
+namespace tessaview {
+namespace {
+
+void BringWantedPanelBack(std::uint32_t status) {
+  Log(L"[Win + P] Tessaview Status = 0x%X \n", status);
+  if (status != kPanelPresentAndOff) return;
+  Log(L"Setting path =  %ls \n ", gSettingsPath.get());
+  if (ReadSavedPower() != SavedPower::On) return;
+  Log(L"[Win + P] Read ini file , power status = on \n");
+  Log(L"[Win + P] Set TessaviewPowerControl(TRUE) \n");
+  Win_P_WindowMoveFlag.set(true);
+  ReSetTessaviewMode();
+}
+
+void OnWinP() {
+  os::WriteDebugText(L"Win + P key \n");
+  Log(L"[Win + P] -------- Start -------- \n");
+  const FirmwareSequence firmware;
+  if (const auto status = FirmwareDSTS(firmware, FirmwareId::PanelPower)) BringWantedPanelBack(*status);
+  Log(L"[Win + P] -------- End -------- \n");
+}
+
+}  // namespace
+
+ProcessWide<bool> Win_P_WindowMoveFlag;
+
+void StartWinPWatch() {
+  // A press and its release may wait; more would come of a key that is held, and only do the same again.
+  constexpr std::uint32_t kMostWaiting = 2;
+  const auto pressed = std::make_shared<os::Semaphore>(kMostWaiting);
+  os::StartThread(L"Win+P", [pressed] {
+    while (pressed->Wait()) OnWinP();
+  });
+  os::StartThread(L"keyboard", [pressed] {
+    os::WatchKeyboard([&](std::uint32_t virtualKey) {
+      if (virtualKey == os::kKeyP && os::IsKeyDown(os::kKeyLeftWindows)) pressed->Post();
+    });
+  });
+}
+
+}  // namespace tessaview
