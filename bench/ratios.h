@@ -11,10 +11,8 @@ struct Ratio {
 };
 
 inline constexpr Ratio kRatios[] = {
-    {"LogNobodyHears", "RelaxedLoadAndBranch", 2.0},
-    {"TouchReportThinning", "RelaxedLoadAndBranch", 20.0},
-    {"DispatchBacklightQuery", "DecodeUiRecord", 200.0},
-    {"DayOfTenThousandEvents", "BootLaptop", 20'000.0},
+    {"LogNobodyHears", "RelaxedLoadAndBranch", 2.0},     {"TouchReportThinning", "RelaxedLoadAndBranch", 20.0},
+    {"DispatchBacklightQuery", "DecodeUiRecord", 200.0}, {"DayOfTenThousandEvents", "BootLaptop", 20'000.0},
     {"PlacementCheckUnchanged", "PanelSearch", 0.5},
 };
 
