@@ -179,7 +179,7 @@ TEST_P(Settling, AfterTheLastEventThePanelIsInItsPlaceAndTheUiKnows) {
   for (unsigned seed = GetParam() + 1; seed <= seeds; seed += kShares) {
     if (single != 0 && seed != single) continue;
     SCOPED_TRACE(testing::Message() << "replay: SETTLING_SEEDS=" << seed << " SETTLING_SEED=" << seed
-                                    << " build/dev/tests/controller_tests --gtest_filter='*Settling*'");
+                                    << " build/dev/tests/settling_tests");
     Sequence sequence(seed);
     sequence.Play();
     sequence.ComeToRest();
