@@ -62,6 +62,12 @@ class ProcessWide<T, false> final : ProcessWideBase {
     value_ = std::move(value);
   }
 
+  /// Sets the value and returns the one it had.
+  T exchange(T value) {
+    const std::lock_guard hold(mutex_);
+    return std::exchange(value_, std::move(value));
+  }
+
   /// Changes parts of the value in place: `change(T&)` runs under the lock and must not call the operating system.
   template <class Change>
   void update(Change change) {

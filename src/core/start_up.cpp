@@ -1,6 +1,7 @@
 #include "core/start_up.h"
 
 #include <array>
+#include <system_error>
 
 #include "core/factory_config.h"
 #include "core/named_events.h"
@@ -12,11 +13,16 @@
 #include "core/trace_log.h"
 #include "display/factory_ids.h"
 #include "display/panel_geometry.h"
+#include "lifecycle/desktop_watch.h"
+#include "lifecycle/package_watch.h"
+#include "lifecycle/process_stop_watch.h"
+#include "lifecycle/resume_watch.h"
 #include "lifecycle/ui_launch.h"
 #include "os/desktop.h"
 #include "os/kernel_objects.h"
 #include "os/messages.h"
 #include "os/service_window.h"
+#include "os/threads.h"
 #include "power/firmware.h"
 #include "power/panel_power.h"
 #include "power/pc_screen_only.h"
@@ -24,12 +30,20 @@
 #include "touch/device_reset.h"
 #include "touch/raw_input.h"
 #include "touch/touch_pad.h"
+#include "touch/touch_screen_check.h"
 #include "uilink/hot_key_component.h"
 #include "uilink/ui_channel.h"
+#include "uilink/ui_sender.h"
 #include "uilink/window_events.h"
+#include "windows/drag_watch.h"
+#include "windows/foreground_watch.h"
+#include "windows/no_activate.h"
 
 namespace tessaview {
 namespace {
+
+/// Without a thread for its watchdog the controller does not run: "resource unavailable, try again", as C++ has it.
+constexpr int kNoThread = static_cast<int>(std::errc::resource_unavailable_try_again);
 
 using PowerNotifications = std::array<os::PowerNotification, 5>;
 
@@ -53,7 +67,7 @@ void LaunchUIOnce() {
 /// Setup ended after the controller started, on a thread of the system's.
 void OnSetupCompleted() {
   isOOBEComplete.set(true);
-  LaunchUIOnce();
+  os::StartThread(L"UI launch phase", LaunchUIOnce);  // it may wait for the desktop; the system's thread shall not
 }
 
 void FollowFirstSignIn() {
@@ -76,6 +90,17 @@ void PrepareWindow(os::WindowHandle window) {
   for (const auto message : {os::kCopyDataMessage, kHotKeyMessage, kTouchPadStatusMessage}) {
     os::AllowMessage(window, message);
   }
+}
+
+/// Each on a thread of its own.
+void StartWatches() {
+  StartUiSender();
+  StartMouseWatch();
+  StartDragWatch();
+  StartForegroundWatch();
+  StartDesktopWatch();
+  StartWinPWatch();
+  StartPackageWatch();
 }
 
 void SetUpSettings() {
@@ -130,6 +155,7 @@ void PublishPanelPower() {
 }
 
 void ShutDown(const PowerNotifications& notifications) {
+  LeaveNoActivateMode();
   for (const auto notification : notifications) os::UnregisterPowerSetting(notification);
   os::EndWaitForSetup(gOOBEWaitHandle.get());
   os::UnregisterSessionEvents(gServiceWindow.get());
@@ -143,6 +169,7 @@ int RunController() {
   KnowThePanels();
   Log(L" ******* Start TessaviewService ******* \n");
   FollowFirstSignIn();
+  CheckTouchScreenHid();
 
   // One instance per session, and its window.
 
@@ -159,13 +186,15 @@ int RunController() {
   InitialDisplay();
   InitGenerationCheck();  // for the log; whoever needs the generation asks for it
   ResetTouchDevices();
-  StartWinPWatch();
+  StartWatches();
+  if (!StartProcessStopWatch()) return kNoThread;
 
   // The user's choices, and the UI.
   SetUpSettings();
   RestorePanelPower();
   LaunchUI();
   ReconnectTouchPad();
+  StartResumeWatch();
 
   // What happens from now on.
   const auto notifications = RegisterPowerNotifications(window);

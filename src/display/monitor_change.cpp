@@ -1,5 +1,6 @@
 #include "display/monitor_change.h"
 
+#include "display/panel_orientation.h"
 #include "os/displays.h"
 
 namespace tessaview {
@@ -17,17 +18,13 @@ PanelSize Exchanged(PanelSize size) {
   return {size.height, size.width};
 }
 
-bool IsUpright(std::uint32_t orientation) {
-  return orientation == 0 || orientation == 2;
-}
-
 /// The size as it is when the display stands at 270 degrees.
 PanelSize SizeTurned(const MonitorChange& change, const os::DisplaySettings& current) {
   if (change.width != 0 || change.height != 0) {
     return {static_cast<std::uint32_t>(change.height), static_cast<std::uint32_t>(change.width)};
   }
   const PanelSize size{current.width, current.height};
-  return IsUpright(current.orientation) ? Exchanged(size) : size;
+  return IsTurnedByQuarter(current.orientation) ? size : Exchanged(size);
 }
 
 }  // namespace
@@ -49,7 +46,7 @@ bool SetMonitorEx(const std::wstring& gdiName, const MonitorChange& change) {
   if (change.turn == Turn::To270) {
     wanted.orientation = kTurned270;
     wanted.fields |= os::kDmDisplayOrientation;
-  } else if (IsUpright(current->orientation)) {
+  } else if (!IsTurnedByQuarter(current->orientation)) {
     size = Exchanged(size);
   }
   if (size != PanelSize{current->width, current->height}) {

@@ -32,10 +32,6 @@ void PublishCPanel(const PanelInfo& found) {
       panel.Height);
 }
 
-bool HasArea(const PanelRect& panel) {
-  return panel.Width != 0 && panel.Height != 0;
-}
-
 }  // namespace
 
 ProcessWide<PanelRect> gBPanel;
@@ -59,7 +55,7 @@ void InitialDisplay() {
 
 void InitialDisplayUntilCPanelShows() {
   InitialDisplay();
-  for (int refreshes = 0; refreshes < kMostRefreshes && !HasArea(gCPanel.get()); ++refreshes) {
+  for (int refreshes = 0; refreshes < kMostRefreshes && !gCPanel.get().HasArea(); ++refreshes) {
     os::Sleep(kRefreshPauseMs);
     InitialDisplay();
   }

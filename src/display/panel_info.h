@@ -11,6 +11,7 @@ namespace tessaview {
 /// A panel's place on the desktop, in pixels; all zero = the panel is absent.
 struct PanelRect {
   std::int32_t X = 0, Y = 0, Width = 0, Height = 0;
+  [[nodiscard]] bool HasArea() const { return Width != 0 && Height != 0; }
   friend bool operator==(const PanelRect&, const PanelRect&) = default;
 };
 

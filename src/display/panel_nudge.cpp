@@ -1,6 +1,7 @@
 #include "display/panel_nudge.h"
 
 #include <cstdint>
+#include <string>
 
 #include "core/trace_log.h"
 #include "display/monitor_change.h"
@@ -37,10 +38,9 @@ PanelsFound WaitForCPanel(const Stopwatch& time) {
   return found;
 }
 
-void MoveUntilTaken(const PanelDisplayInfo& panels, const Stopwatch& time) {
-  const auto b = panels.bPanel.SettingsView(), c = panels.cPanel.SettingsView();
+void MoveUntilTaken(const std::wstring& gdiName, const MonitorChange& change, const Stopwatch& time) {
   while (time.ElapsedMs() < kBudgetMs) {
-    if (SetMonitorEx(panels.cPanel.gdiDeviceName, {.x = c.X + 1, .y = b.Y + b.Height})) return;
+    if (SetMonitorEx(gdiName, change)) return;
     Log(L"[MoveCPanelMonitorOnePixel] SetMonitorEx Failed");
     os::Sleep(kPauseMs);
   }
@@ -69,7 +69,7 @@ void MoveCPanelMonitorOnePixel() {
   Log(L"[MoveCPanelMonitorOnePixel] BPanel : (x,y,w,h) = (%d,%d,%d,%d)", b.X, b.Y, b.Width, b.Height);
   Log(L"[MoveCPanelMonitorOnePixel] CPanel : (x,y,w,h) = (%d,%d,%d,%d)", c.X, c.Y, c.Width, c.Height);
   Log(L"[MoveCPanelMonitorOnePixel] Change C monitor position");
-  MoveUntilTaken(panels, time);
+  MoveUntilTaken(panels.cPanel.gdiDeviceName, {.x = c.X + 1, .y = b.Y + b.Height}, time);
   TellOutcome(time.ElapsedMs());
 }
 

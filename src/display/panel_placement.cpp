@@ -17,10 +17,6 @@ struct Geometry {
 
 ProcessWide<Geometry> gLastChecked;
 
-bool IsPartOfDesktop(const PanelRect& panel) {
-  return panel.Width != 0 && panel.Height != 0;
-}
-
 std::int32_t CentredBelow(const PanelRect& b, const PanelRect& c) {
   return b.X + (b.Width - c.Width) / 2;
 }
@@ -63,7 +59,7 @@ void CheckCPanel_Position_Orientation() {
   if (!panels.cPanel.isFound) return Log(L"[CheckCPanel_Position_Orientation] GetCPanelParameter FALSE \n");
   at.c = panels.cPanel.SettingsView();
 
-  if (IsPartOfDesktop(at.c)) {
+  if (at.c.HasArea()) {
     isWrongPosition = IsMisplaced(at);
   } else {
     isWrongOrientation = GetMonitorRotation(kCPanelModel) != os::kRotation270;

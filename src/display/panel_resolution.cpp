@@ -4,16 +4,10 @@
 
 #include "core/trace_log.h"
 #include "display/panel_info.h"
+#include "display/panel_orientation.h"
 #include "os/displays.h"
 
 namespace tessaview {
-namespace {
-
-bool IsTurnedByQuarter(std::uint32_t orientation) {
-  return orientation == 1 || orientation == 3;
-}
-
-}  // namespace
 
 void SetCPanelResolution(std::int32_t width, std::int32_t height) {
   Log(L"Set Resolution = %d * %d \n", width, height);

@@ -3,17 +3,6 @@
 #include "core/trace_log.h"
 
 namespace tessaview {
-
-ProcessWide<bool> isInternalMode;
-ProcessWide<bool> isCloneMode;
-ProcessWide<bool> isExtendMode;
-ProcessWide<bool> isExternalMode;
-
-os::Topology CurrentTopology() {
-  const auto current = os::QueryDisplayConfiguration(os::DisplayQuery::AllPaths, os::DisplayQuery::DatabaseCurrent);
-  return current ? current->topology : os::Topology::None;
-}
-
 namespace {
 
 void LogMode(os::Topology topology) {
@@ -32,6 +21,16 @@ void LogMode(os::Topology topology) {
 }
 
 }  // namespace
+
+ProcessWide<bool> isInternalMode;
+ProcessWide<bool> isCloneMode;
+ProcessWide<bool> isExtendMode;
+ProcessWide<bool> isExternalMode;
+
+os::Topology CurrentTopology() {
+  const auto current = os::QueryDisplayConfiguration(os::DisplayQuery::AllPaths, os::DisplayQuery::DatabaseCurrent);
+  return current ? current->topology : os::Topology::None;
+}
 
 // Asked before any flag is touched: another thread may read them meanwhile, and a mode that stays in force shall not
 // seem to end.

@@ -39,4 +39,9 @@ void StartHelperTools() {
   Start(kPinTool, kSetTessaview);
 }
 
+void SetWallpaper(const wchar_t* option, const std::wstring& picture) {
+  Start(kWallpaperTool, kSetTessaview);
+  Start(kWallpaperTool, L" " + std::wstring(option) + L" " + QuotedArgument(picture));
+}
+
 }  // namespace tessaview

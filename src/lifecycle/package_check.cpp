@@ -44,4 +44,10 @@ bool RunPackageCheck() {
   return false;
 }
 
+PackageVerdict CheckPackageQuietly() {
+  const auto exitCode = RunInUserSessionQuietly(PathBesideProgram(kCheckTool));
+  if (exitCode == kInstalled) return PackageVerdict::Installed;
+  return exitCode == kNotInstalled ? PackageVerdict::NotInstalled : PackageVerdict::Unknown;
+}
+
 }  // namespace tessaview

@@ -7,4 +7,10 @@ namespace tessaview {
 /// never does, and for up to 5 seconds more for each run of a tool that hangs.
 bool RunPackageCheck();
 
+/// What a single run of the check tool says; a run that takes too long says that the package is not installed.
+enum class PackageVerdict { Installed, NotInstalled, Unknown };
+
+/// Asks the check tool once. Logs nothing; blocks for up to 5 seconds. Any thread.
+[[nodiscard]] PackageVerdict CheckPackageQuietly();
+
 }  // namespace tessaview

@@ -44,4 +44,8 @@ void StartUiLaunchThread() {
   os::StartThread(L"UI launch", [] { LaunchByAumid(kUiAppUserModelId, kStartedByService); });
 }
 
+void StartUiRelaunchThread() {
+  os::StartThread(L"UI launch", [] { LaunchByAumid(kUiAppUserModelId, L""); });
+}
+
 }  // namespace tessaview

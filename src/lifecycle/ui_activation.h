@@ -14,4 +14,7 @@ void LaunchByAumid(const std::wstring& appUserModelId, const std::wstring& argum
 /// Activates the UI on a thread of its own, telling it that the service started it. Any thread; returns at once.
 void StartUiLaunchThread();
 
+/// The same for a UI that ended and is brought back: it is told nothing.
+void StartUiRelaunchThread();
+
 }  // namespace tessaview

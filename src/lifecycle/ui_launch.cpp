@@ -10,6 +10,7 @@
 #include "os/clock.h"
 #include "os/desktop.h"
 #include "touch/touch_pad.h"
+#include "touch/touch_screen_check.h"
 #include "uilink/ui_channel.h"
 
 namespace tessaview {
@@ -60,7 +61,9 @@ void ReportLaunches(int launches) {
 
 }  // namespace
 
-ProcessWide<bool> gTouchScreenHidWrong;
+bool IsAnyUiWindowOpen() {
+  return IsOpen(kUiMainClass) || IsOpen(kUiGuideClass) || IsOpen(kUiVideoClass);
+}
 
 void LaunchUIAtStart() {
   if (gTouchScreenHidWrong.get()) {

@@ -23,6 +23,12 @@ struct NamedMutex {
 /// Opens an existing named event for changing it (OpenEventW, EVENT_MODIFY_STATE); empty when there is none.
 [[nodiscard]] Event OpenNamedEvent(const wchar_t* name);
 
+/// Creates an event without a name that stays signalled once it is (CreateEventW, manual reset, not signalled).
+[[nodiscard]] Event NewEvent();
+
+/// Waits without a time limit until an event is signalled (WaitForSingleObject). False when there is no event.
+bool AwaitEvent(const Event& event);
+
 /// Signals an event, or takes the signal back (SetEvent, ResetEvent). Any thread.
 void SignalEvent(const Event& event);
 void ResetEvent(const Event& event);

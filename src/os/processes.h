@@ -83,6 +83,44 @@ struct ProcessWait {
 /// QueryFullProcessImageNameW). Empty when the process is gone or may not be asked. Any thread.
 [[nodiscard]] std::wstring ProcessImagePath(std::uint32_t processId);
 
+// ---- Programs of other processes ----
+
+/// Opens a process to wait until it is idle (OpenProcess, PROCESS_QUERY_INFORMATION | SYNCHRONIZE, not inheritable; the
+/// wait needs both). Any thread.
+[[nodiscard]] Result<Process> OpenToAwaitIdle(std::uint32_t processId);
+
+/// Waits until a program has worked off what it began with and waits for input, at most `timeoutMs` milliseconds
+/// (WaitForInputIdle). Returns at once without a process and for a program without windows. Any thread.
+void AwaitInputIdle(const Process& process, std::uint32_t timeoutMs);
+
+/// Opens a process to wait for its end and to end it (OpenProcess, PROCESS_TERMINATE | SYNCHRONIZE). Any thread.
+[[nodiscard]] Result<Process> OpenToEnd(std::uint32_t processId);
+
+/// Ends a process where it stands (TerminateProcess). Any thread.
+Status TerminateProcess(const Process& process, std::uint32_t exitCode);
+
+/// The package that a process's program came in; all empty for a desktop program.
+struct ProcessPackage {
+  Result<std::wstring> appUserModelId = Error{};  // GetApplicationUserModelId
+  std::wstring fullName;                          // GetPackageFullName
+  std::wstring familyName;                        // GetPackageFamilyName
+  std::wstring path;                              // GetPackagePathByFullName
+};
+inline constexpr std::uint32_t kNoApplication = 15703;  // APPMODEL_ERROR_NO_APPLICATION: a desktop program
+
+/// What package a process belongs to (OpenProcess with PROCESS_QUERY_LIMITED_INFORMATION, then the functions above).
+/// Fails when the process is gone or may not be asked. Any thread.
+[[nodiscard]] Result<ProcessPackage> QueryProcessPackage(std::uint32_t processId);
+
+/// The product names in a program's version resource, one for each translation that has one, in the order of its table,
+/// each at most 259 characters (GetFileVersionInfoSizeW, GetFileVersionInfoW, VerQueryValueW of
+/// "\VarFileInfo\Translation" and "\StringFileInfo\%04x%04x\ProductName"). Any thread; a file read.
+[[nodiscard]] std::vector<std::wstring> ProductNames(const std::wstring& path);
+
+/// The file names of all running programs (CreateToolhelp32Snapshot with TH32CS_SNAPPROCESS, Process32FirstW,
+/// Process32NextW). Any thread; milliseconds.
+[[nodiscard]] Result<std::vector<std::wstring>> RunningPrograms();
+
 // ---- Packaged applications ----
 
 /// Joins the calling thread to COM, apartment-threaded (CoInitializeEx, COINIT_APARTMENTTHREADED).

@@ -5,6 +5,7 @@
 #include "core/settings_file.h"
 #include "core/trace_log.h"
 #include "display/mode_reset.h"
+#include "os/hooks.h"
 #include "os/input.h"
 #include "os/threads.h"
 #include "os/trace.h"

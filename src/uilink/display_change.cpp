@@ -5,6 +5,7 @@
 #include "core/trace_log.h"
 #include "display/panel_info.h"
 #include "display/panel_nudge.h"
+#include "display/panel_orientation.h"
 #include "display/panel_placement.h"
 #include "display/projection_mode.h"
 #include "display/stored_configuration.h"
@@ -14,6 +15,7 @@
 #include "power/panel_status.h"
 #include "power/win_p_watch.h"
 #include "uilink/retail_demo.h"
+#include "windows/companion_apps.h"
 #include "windows/full_screen.h"
 
 namespace tessaview {
@@ -39,7 +41,7 @@ void SetBPanelUprightAgain() {
   if (!panel.isFound) return;
   auto mode = os::CurrentDisplaySettings(panel.gdiDeviceName);
   if (!mode || mode->orientation == 0) return;
-  if (mode->orientation == 1 || mode->orientation == 3) std::swap(mode->width, mode->height);
+  if (IsTurnedByQuarter(mode->orientation)) std::swap(mode->width, mode->height);
   mode->orientation = 0;
   os::ChangeDisplaySettings(panel.gdiDeviceName, *mode, os::kCdsUpdateRegistry | os::kCdsGlobal);
 }
@@ -77,6 +79,7 @@ void OnDisplayChange() {
   MendOrientationAfterFlip();
   PayOwedMove();
   if (!IsFullScreenInForeground()) CheckCPanel_Position_Orientation();
+  MoveCompanionsToCPanel();
   FollowDisplaysInRetailDemo();
 }
 

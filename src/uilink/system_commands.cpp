@@ -5,17 +5,10 @@
 #include "os/processes.h"
 #include "uilink/hot_key_component.h"
 #include "uilink/ui_channel.h"
+#include "windows/cursor_centering.h"
+#include "windows/window_program.h"
 
 namespace tessaview {
-namespace {
-
-/// A path without its folder and its last extension.
-std::wstring ProgramName(const std::wstring& path) {
-  const auto file = path.substr(path.rfind(L'\\') + 1);
-  return file.substr(0, file.rfind(L'.'));
-}
-
-}  // namespace
 
 void TellProcessName(const UiMessage& message) {
   const auto path = os::ProcessImagePath(os::WindowProcessId(message.Window()));
@@ -26,6 +19,11 @@ void TellProcessName(const UiMessage& message) {
 
 void TurnTouchPadOn(const UiMessage& /*message*/) {
   RequestTouchPadOn();
+}
+
+void CenterCursor(const UiMessage& /*message*/) {
+  Log(L"[SetCursorCenter] Recevice data SETCURSORCENTER.");
+  StartCursorCentering();
 }
 
 }  // namespace tessaview

@@ -11,4 +11,7 @@ void TellProcessName(const UiMessage& message);
 /// "SETTOUCHPAD": asks the hot-key component to turn the touch pad on.
 void TurnTouchPadOn(const UiMessage& message);
 
+/// "SETCURSORCENTER": puts the pointer in the middle of the primary screen.
+void CenterCursor(const UiMessage& message);
+
 }  // namespace tessaview

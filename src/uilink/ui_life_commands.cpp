@@ -10,6 +10,7 @@
 #include "os/registry.h"
 #include "uilink/ui_channel.h"
 #include "uilink/ui_state.h"
+#include "windows/drag_steps.h"
 
 namespace tessaview {
 namespace {
@@ -46,6 +47,7 @@ void ExchangeVersions(const UiMessage& message) {
 void BlockActionMenu(const UiMessage& /*message*/) {
   Log(L"[BLOCKACTIONMENU] block action menu function");
   isActionMenuBlocked.set(true);
+  DisarmMover();
 }
 
 }  // namespace tessaview

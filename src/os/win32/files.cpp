@@ -3,10 +3,10 @@
 #include <windows.h>
 
 #include <shlobj.h>
-#include <winver.h>
 
 #include <array>
 
+#include "os/win32/version_resource.h"
 #include "os/win32/win32_support.h"
 
 namespace os {
@@ -38,16 +38,11 @@ std::wstring OwnProgramPath() {
 }
 
 std::optional<FileVersion> ReadFileVersion(const std::wstring& path) {
-  const DWORD size = GetFileVersionInfoSizeW(path.c_str(), nullptr);
-  Bytes resource(size);
-  if (size == 0 || GetFileVersionInfoW(path.c_str(), 0, size, resource.data()) == FALSE) return {};
+  const win32::VersionResource resource(path);
+  const auto fixed = resource.Data(L"\\");
+  if (fixed.size() < sizeof(VS_FIXEDFILEINFO)) return {};
 
-  void* fixed = nullptr;
-  UINT fixedSize = 0;
-  if (VerQueryValueW(resource.data(), L"\\", &fixed, &fixedSize) == FALSE) return {};
-  if (fixed == nullptr || fixedSize < sizeof(VS_FIXEDFILEINFO)) return {};
-
-  const auto& info = *static_cast<const VS_FIXEDFILEINFO*>(fixed);
+  const auto& info = *reinterpret_cast<const VS_FIXEDFILEINFO*>(fixed.data());
   return FileVersion{HIWORD(info.dwFileVersionMS), LOWORD(info.dwFileVersionMS), HIWORD(info.dwFileVersionLS),
                      LOWORD(info.dwFileVersionLS)};
 }

@@ -18,6 +18,14 @@ Event OpenNamedEvent(const wchar_t* name) {
   return Event(win32::ToDoor<KernelObject>(OpenEventW(EVENT_MODIFY_STATE, FALSE, name)));
 }
 
+Event NewEvent() {
+  return Event(win32::ToDoor<KernelObject>(CreateEventW(nullptr, TRUE, FALSE, nullptr)));
+}
+
+bool AwaitEvent(const Event& event) {
+  return WaitForSingleObject(win32::ToNative<HANDLE>(event.get()), INFINITE) == WAIT_OBJECT_0;
+}
+
 void SignalEvent(const Event& event) {
   SetEvent(win32::ToNative<HANDLE>(event.get()));
 }

@@ -83,7 +83,7 @@ Status Impersonate(const Token& token) {
 
 void RevertToOwnRights() noexcept {
   // Going on with somebody else's rights would be worse than ending: whoever watches the process starts it again.
-  if (RevertToSelf() == FALSE) TerminateProcess(GetCurrentProcess(), GetLastError());
+  if (RevertToSelf() == FALSE) ::TerminateProcess(GetCurrentProcess(), GetLastError());
 }
 
 void DestroyEnvironment(EnvironmentHandle environment) noexcept {

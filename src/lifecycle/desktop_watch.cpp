@@ -1,0 +1,37 @@
+#include "lifecycle/desktop_watch.h"
+
+#include "core/process_wide.h"
+#include "core/trace_log.h"
+#include "os/desktop.h"
+#include "os/hooks.h"
+#include "os/threads.h"
+#include "uilink/ui_channel.h"
+
+namespace tessaview {
+namespace {
+
+ProcessWide<bool> gIsSecureDesktopUp;
+
+/// A desktop that this process may not even open is not the user's.
+bool IsSecureDesktopUp() {
+  const auto name = os::InputDesktopName();
+  return name.empty() || name == L"Winlogon";
+}
+
+void OnDesktopSwitch() {
+  const bool isUp = IsSecureDesktopUp();
+  if (isUp == gIsSecureDesktopUp.exchange(isUp)) return;
+  Log(L"[DesktopSwitch] Secure desktop = %d \n", isUp);
+  SendUiTextTimeout({.text = isUp ? L"UACENTRY" : L"UACEXIT"});
+}
+
+}  // namespace
+
+void StartDesktopWatch() {
+  os::StartThread(L"desktop switch", [] {
+    os::WatchWindowEvents(os::WindowEvent::DesktopSwitch, os::WindowEvent::DesktopSwitch,
+                          [](os::WindowEvent, os::WindowHandle, std::int32_t) { OnDesktopSwitch(); });
+  });
+}
+
+}  // namespace tessaview

@@ -1,0 +1,41 @@
+#include "lifecycle/package_watch.h"
+
+#include "core/service_state.h"
+#include "core/trace_log.h"
+#include "display/panel_geometry.h"
+#include "lifecycle/package_check.h"
+#include "lifecycle/ui_activation.h"
+#include "lifecycle/ui_launch.h"
+#include "os/clock.h"
+#include "os/threads.h"
+#include "os/watches.h"
+#include "touch/touch_screen_check.h"
+
+namespace tessaview {
+namespace {
+
+constexpr const wchar_t* kPackages =
+    L"SOFTWARE\\Classes\\Local Settings\\Software\\Microsoft\\Windows\\CurrentVersion\\AppModel\\PackageRepository\\"
+    L"Packages";
+
+/// One installation writes many entries, for about as long.
+constexpr std::uint32_t kCalmMs = 2000;
+
+bool MayLaunchUi() {
+  return isOOBEComplete.get() && !gTouchScreenHidWrong.get() && !IsAnyUiWindowOpen();
+}
+
+void OnPackagesChanged() {
+  os::Sleep(kCalmMs);
+  Log(L"[PackageWatch] The installed packages changed \n");
+  InitialDisplay();
+  if (MayLaunchUi() && CheckPackageQuietly() == PackageVerdict::Installed && MayLaunchUi()) StartUiLaunchThread();
+}
+
+}  // namespace
+
+void StartPackageWatch() {
+  os::StartThread(L"packages", [] { os::WatchRegistryKey(kPackages, OnPackagesChanged); });
+}
+
+}  // namespace tessaview

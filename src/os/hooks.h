@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "os/types.h"
+
+// Watching what the user and the programs do. Each function takes the calling thread for itself: it hooks, serves the
+// thread's messages, which is how the system calls the function it was given, and unhooks when the thread's message
+// loop is quit. It returns at once when nothing can be hooked.
+namespace os {
+
+/// Watches the keyboard for all programs, with the virtual key of each press and each release (SetWindowsHookExW with
+/// WH_KEYBOARD_LL, GetMessageW, UnhookWindowsHookEx). `onKey` holds up every key of the user and must return within
+/// microseconds; the key is always passed on (CallNextHookEx).
+void WatchKeyboard(const std::function<void(std::uint32_t virtualKey)>& onKey);
+
+enum class MouseEvent { Move, LeftDown, LeftUp };
+
+/// Watches the mouse for all programs (SetWindowsHookExW with WH_MOUSE_LL, else as WatchKeyboard); other buttons and
+/// the wheel are left out. `pointer` is where the pointer is going to be (MSLLHOOKSTRUCT.pt); CursorPosition still
+/// tells where it was. `onMouse` holds up the pointer and must return within microseconds; the event is always passed
+/// on.
+void WatchMouse(const std::function<void(MouseEvent event, Point pointer)>& onMouse);
+
+/// What happened to a window (the EVENT_ values).
+enum class WindowEvent : std::uint32_t {
+  Foreground = 0x0003,      // EVENT_SYSTEM_FOREGROUND
+  MoveSizeStart = 0x000A,   // EVENT_SYSTEM_MOVESIZESTART
+  MoveSizeEnd = 0x000B,     // EVENT_SYSTEM_MOVESIZEEND
+  DesktopSwitch = 0x0020,   // EVENT_SYSTEM_DESKTOPSWITCH, of no window
+  LocationChange = 0x800B,  // EVENT_OBJECT_LOCATIONCHANGE
+};
+
+/// What of a window it happened to (the OBJID_ values).
+inline constexpr std::int32_t kObjectWindow = 0, kObjectCaret = -8, kObjectCursor = -9;
+
+/// Watches the windows of all other processes for the events from `first` to `last`, which include many that have no
+/// name above (SetWinEventHook with WINEVENT_OUTOFCONTEXT | WINEVENT_SKIPOWNPROCESS, GetMessageW, TranslateMessage,
+/// DispatchMessageW, UnhookWinEvent). The events come one after the other, some time after they happened: nobody waits
+/// for `onEvent`.
+void WatchWindowEvents(WindowEvent first, WindowEvent last,
+                       const std::function<void(WindowEvent event, WindowHandle window, std::int32_t object)>& onEvent);
+
+}  // namespace os

@@ -1,0 +1,68 @@
+#include "uilink/ui_sender.h"
+
+#include <algorithm>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "core/process_wide.h"
+#include "os/threads.h"
+#include "uilink/ui_channel.h"
+
+namespace tessaview {
+namespace {
+
+constexpr std::size_t kMostWaiting = 64;
+
+using Queue = std::deque<PostedText>;
+ProcessWide<Queue> gQueue;
+ProcessWide<std::shared_ptr<os::Semaphore>> gPosted;  // there is something in the queue
+
+void DropStale(Queue& queue) {
+  const auto oldest =
+      std::find_if(queue.begin(), queue.end(), [](const PostedText& text) { return text.keep == Keep::UntilStale; });
+  if (oldest != queue.end()) queue.erase(oldest);
+}
+
+std::optional<PostedText> TakeNext() {
+  std::optional<PostedText> next;
+  gQueue.update([&](Queue& queue) {
+    if (queue.empty()) return;
+    next = std::move(queue.front());
+    queue.pop_front();
+  });
+  return next;
+}
+
+void Send(const PostedText& text) {
+  if (text.delivery == Delivery::Timeout) {
+    SendUiTextTimeout(text.message);
+  } else {
+    SendUiText(text.message);
+  }
+}
+
+}  // namespace
+
+void StartUiSender() {
+  const auto posted = std::make_shared<os::Semaphore>(1);
+  gPosted.set(posted);
+  os::StartThread(L"UI sender", [posted] {
+    while (posted->Wait()) {
+      while (const auto text = TakeNext()) Send(*text);
+    }
+  });
+}
+
+void PostUiText(PostedText text) {
+  const auto posted = gPosted.get();
+  if (posted == nullptr) return;
+  gQueue.update([&](Queue& queue) {
+    queue.push_back(std::move(text));
+    if (queue.size() > kMostWaiting) DropStale(queue);
+  });
+  posted->Post();
+}
+
+}  // namespace tessaview

@@ -1,0 +1,66 @@
+#include "windows/foreground_watch.h"
+
+#include <string>
+
+#include "core/process_wide.h"
+#include "core/service_state.h"
+#include "core/trace_log.h"
+#include "os/desktop.h"
+#include "os/threads.h"
+#include "windows/full_screen.h"
+#include "windows/no_activate.h"
+
+namespace tessaview {
+namespace {
+
+/// A window in the foreground, and whether it filled the screen.
+struct Seen {
+  os::WindowHandle root = os::WindowHandle::None;
+  bool isFullScreen = false;
+  friend bool operator==(const Seen&, const Seen&) = default;
+};
+
+ProcessWide<Seen> gLastSeen;
+
+/// Pointer and carets move all the time, and change nothing.
+bool MayChangeTheAnswer(os::WindowEvent event, std::int32_t object) {
+  if (event == os::WindowEvent::LocationChange) return object != os::kObjectCursor && object != os::kObjectCaret;
+  return event == os::WindowEvent::Foreground;
+}
+
+/// Windows of the UI and of the controller come and go in front of the one that the user works with.
+bool IsIgnored(os::WindowHandle window, os::WindowHandle root) {
+  if (os::WindowClassName(window) == L"Tessaview_ViewClass") return true;
+  return root == gServiceWindow.get() || os::WindowTitle(root).empty();
+}
+
+void Follow(const Seen& now) {
+  const bool isAsBefore = now == gLastSeen.exchange(now);
+  if (isAsBefore && (now.isFullScreen || !IsInNoActivateMode())) return;  // what could not be taken back is tried again
+  if (now.isFullScreen) {
+    Log(L"[Full Screen] Is fullscreen window, NoActivate Mode. \n");
+    EnterNoActivateMode();
+  } else if (IsInNoActivateMode()) {
+    Log(L"[Full Screen] Is not fullscreen window, Activate Mode. \n");
+    LeaveNoActivateMode();
+  }
+}
+
+}  // namespace
+
+void OnForegroundEvent(os::WindowEvent event, std::int32_t object) {
+  if (!MayChangeTheAnswer(event, object)) return;
+  const auto window = os::ForegroundWindow();
+  const auto root = os::RootWindow(window);
+  if (!IsIgnored(window, root)) Follow({root, IsFullScreenWindow(root)});
+}
+
+void StartForegroundWatch() {
+  os::StartThread(L"foreground", [] {
+    os::WatchWindowEvents(
+        os::WindowEvent::Foreground, os::WindowEvent::LocationChange,
+        [](os::WindowEvent event, os::WindowHandle, std::int32_t object) { OnForegroundEvent(event, object); });
+  });
+}
+
+}  // namespace tessaview

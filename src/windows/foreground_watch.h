@@ -1,0 +1,15 @@
+#pragma once
+
+#include "os/hooks.h"
+
+namespace tessaview {
+
+/// Follows the window that the user works with, on a thread of its own: while it fills the primary screen, the windows
+/// on the C panel are kept from being activated.
+void StartForegroundWatch();
+
+/// What the watch does with an event; only a new foreground window and a window that moved count, and not the pointer
+/// or a caret that moved. On the watch's thread.
+void OnForegroundEvent(os::WindowEvent event, std::int32_t object);
+
+}  // namespace tessaview

@@ -1,0 +1,67 @@
+#include "windows/no_activate.h"
+
+#include <mutex>
+#include <vector>
+
+#include "core/process_wide.h"
+#include "os/desktop.h"
+#include "os/threads.h"
+#include "os/window_control.h"
+#include "windows/companion_apps.h"
+#include "windows/patient_calls.h"
+#include "windows/window_classes.h"
+#include "windows/window_panel.h"
+
+namespace tessaview {
+namespace {
+
+os::Lock gModeLock;  // the watch follows the foreground, and the end of the controller leaves the mode
+
+/// Those that were given the style.
+ProcessWide<std::vector<os::WindowHandle>> NoActivateWindows;
+
+bool KeepsActivation(os::WindowHandle window) {
+  return (os::WindowExtendedStyle(window) & os::kWsExNoActivate) != 0 || !IsOnCPanel(window) ||
+         IsExcludedWindow(window);
+}
+
+void Remember(os::WindowHandle window) {
+  NoActivateWindows.update([window](auto& windows) { windows.push_back(window); });
+}
+
+void AddNoActivate(os::WindowHandle window) {
+  if (Hangs(window)) return;
+  os::SetWindowExtendedStyle(window, os::WindowExtendedStyle(window) | os::kWsExNoActivate);
+  Remember(window);
+}
+
+void RemoveNoActivate(os::WindowHandle window) {
+  if (Hangs(window)) return Remember(window);  // until the next time
+  os::SetWindowExtendedStyle(window, os::WindowExtendedStyle(window) & ~os::kWsExNoActivate);
+}
+
+}  // namespace
+
+bool IsExcludedWindow(os::WindowHandle window) {
+  const auto className = os::WindowClassName(window);
+  return IsCompanionTitle(os::WindowTitle(window)) || IsUiWindow(window, className) ||
+         IsShellWindow(window, className) || IsEdgeClass(className) || className == kFrameClass;
+}
+
+void EnterNoActivateMode() {
+  const std::lock_guard hold(gModeLock);
+  for (const auto window : os::TopWindows()) {
+    if ((os::WindowStyle(window) & os::kWsVisible) != 0 && !KeepsActivation(window)) AddNoActivate(window);
+  }
+}
+
+void LeaveNoActivateMode() {
+  const std::lock_guard hold(gModeLock);
+  for (const auto window : NoActivateWindows.exchange({})) RemoveNoActivate(window);
+}
+
+bool IsInNoActivateMode() {
+  return !NoActivateWindows.get().empty();
+}
+
+}  // namespace tessaview

@@ -1,0 +1,23 @@
+#include "windows/window_panel.h"
+
+#include "display/panel_info.h"
+#include "os/desktop.h"
+
+namespace tessaview {
+namespace {
+
+bool IsOn(os::MonitorHandle panel, os::WindowHandle window) {
+  return panel != os::MonitorHandle::None && os::MonitorOf(window) == panel;
+}
+
+}  // namespace
+
+bool IsOnBPanel(os::WindowHandle window) {
+  return IsOn(gPanelDisplayInfo.get().bPanel.monitor, window);
+}
+
+bool IsOnCPanel(os::WindowHandle window) {
+  return IsOn(gPanelDisplayInfo.get().cPanel.monitor, window);
+}
+
+}  // namespace tessaview
