@@ -14,7 +14,7 @@ class RatioReporter : public benchmark::ConsoleReporter {
   void ReportRuns(const std::vector<Run>& runs) override {
     ConsoleReporter::ReportRuns(runs);
     for (const auto& run : runs) {
-      if (run.error_occurred) continue;
+      if (run.error_occurred || !Counts(run)) continue;
       seconds_[run.run_name.function_name] =
           run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
     }
@@ -30,11 +30,15 @@ class RatioReporter : public benchmark::ConsoleReporter {
     for (const auto& [name, goal] : bench::kLimits) {
       if (!seconds_.contains(name)) continue;
       const double taken = seconds_.at(name);
-      std::printf("%-24s %10.3f s %-22s goal %8.1f  %s\n", name, taken, "", goal, Verdict(taken <= goal));
+      std::printf("%-24s %10.2g s %-22s goal %8.1g  %s\n", name, taken, "", goal, Verdict(taken <= goal));
     }
   }
 
  private:
+  /// Of a benchmark that is repeated the median counts.
+  static bool Counts(const Run& run) {
+    return run.run_type == Run::RT_Iteration ? run.repetitions <= 1 : run.aggregate_name == "median";
+  }
   static const char* Verdict(bool met) { return met ? "met" : "MISSED"; }
   std::map<std::string, double> seconds_;
 };

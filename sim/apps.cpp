@@ -11,6 +11,28 @@ constexpr std::uint32_t kApplicationNotKnown = 0x8027'0254;  // E_APPLICATION_NO
 
 }  // namespace
 
+void Apps::InstallUi() {
+  SetInstalled(true);
+  Machine().Settle();
+}
+
+void Apps::RemoveUi() {
+  SetInstalled(false);
+  Machine().Settle();
+}
+
+void Apps::SetInstalled(bool installed) {
+  auto& laptop = Machine();
+  uiInstalled = installed;
+  laptop.processes[Laptop::kCheckTool].exitCode = installed ? 1 : 0;
+  const auto package = std::wstring(Registry::kPackages) + L"\\7C31A0D4.TessaviewMaster_1.0.0.0_x64__h2kq9vx81tmwe";
+  if (installed) {
+    laptop.registry.SetText(package, L"Path", L"C:\\Program Files\\WindowsApps\\7C31A0D4.TessaviewMaster");
+  } else {
+    laptop.registry.RemoveKey(package);
+  }
+}
+
 void Apps::JoinCom() {
   comThreads_.insert(Scheduler::ThreadId());
 }

@@ -30,6 +30,13 @@ class Apps {
   /// The shell's answer to being asked to open nothing; above 32 is a success.
   std::int64_t shellAnswer = 42;
 
+  /// The UI's package is installed, or removed; the list of packages in the registry changes with it, and the laptop
+  /// settles.
+  void InstallUi();
+  void RemoveUi();
+  /// The same without settling, for what happens by itself.
+  void SetInstalled(bool installed);
+
   [[nodiscard]] const std::vector<Activation>& Activations() const { return activations_; }
   [[nodiscard]] std::size_t OpenManagers() const { return managers_.size(); }
 

@@ -10,6 +10,22 @@ namespace sim {
 
 using os::WindowHandle;
 
+namespace {
+
+constexpr auto kExplorer = L"C:\\Windows\\explorer.exe";
+
+os::Rect AtEdge(os::Rect area, Edge edge, std::int32_t thickness) {
+  if (edge == Edge::Left) area.right = area.left + thickness;
+  if (edge == Edge::Top) area.bottom = area.top + thickness;
+  if (edge == Edge::Right) area.left = area.right - thickness;
+  if (edge == Edge::Bottom) area.top = area.bottom - thickness;
+  return area;
+}
+
+}  // namespace
+
+// ---- Opening and closing ----
+
 void Desktop::StartShell() {
   Open({.className = L"HCONTROL",
         .title = L"HControl",
@@ -17,7 +33,7 @@ void Desktop::StartShell() {
         .visible = false});
   shell_ = OpenInForeground({.className = L"Progman",
                              .title = L"Program Manager",
-                             .program = L"C:\\Windows\\explorer.exe",
+                             .program = kExplorer,
                              .area = {0, 0, 1920, 1595},
                              .style = 0});
 }
@@ -30,8 +46,13 @@ WindowHandle Desktop::Open(Window window) {
     window.processId = processes.IdOf(window.program);
     if (window.processId == 0) window.processId = processes.Run(window.program);
   }
+  const auto handle = window.handle;
   windows_.insert(windows_.begin(), std::move(window));
-  return windows_.front().handle;
+  auto& opened = windows_.front();
+  if ((opened.style & os::kWsMaximize) != 0) Enter(opened, ShowState::Maximized);
+  if ((opened.style & os::kWsMinimize) != 0) Enter(opened, ShowState::Minimized);
+  BringToTop(handle);
+  return handle;
 }
 
 WindowHandle Desktop::OpenInForeground(Window window) {
@@ -40,50 +61,83 @@ WindowHandle Desktop::OpenInForeground(Window window) {
   return handle;
 }
 
+WindowHandle Desktop::OpenTaskbar(const Screen& screen, Edge edge, std::int32_t thickness) {
+  return Open({.className = screen.IsPrimary() ? L"Shell_TrayWnd" : L"Shell_SecondaryTrayWnd",
+               .program = kExplorer,
+               .area = AtEdge(screen.Area(), edge, thickness),
+               .style = os::kWsPopup,
+               .extendedStyle = 0x88});  // WS_EX_TOOLWINDOW | WS_EX_TOPMOST
+}
+
 void Desktop::Close(WindowHandle window) {
   if (window == WindowHandle::None) return;
+  const auto goesAlong = [window](const Window& each) { return each.parent == window || each.owner == window; };
+  for (auto each = std::find_if(windows_.begin(), windows_.end(), goesAlong); each != windows_.end();
+       each = std::find_if(windows_.begin(), windows_.end(), goesAlong)) {
+    Close(WindowHandle(each->handle));
+  }
   std::erase_if(windows_, [window](const Window& each) { return each.handle == window; });
-  if (foreground_ != window) return;
-  const auto next = std::find_if(windows_.begin(), windows_.end(), [](const Window& each) { return each.visible; });
-  foreground_ = next == windows_.end() ? WindowHandle::None : next->handle;
+  if (shell_ == window) shell_ = WindowHandle::None;
+  if (foreground_ == window) PassOnForeground();
 }
 
 void Desktop::CloseAll(const std::wstring& className) {
   for (auto window = Find(className); window != WindowHandle::None; window = Find(className)) Close(window);
 }
 
-void Desktop::SetForeground(WindowHandle window) {
-  foreground_ = window;
-  const auto found =
-      std::find_if(windows_.begin(), windows_.end(), [window](const Window& each) { return each.handle == window; });
-  if (found != windows_.end()) std::rotate(windows_.begin(), found, found + 1);
-}
-
-Window* Desktop::Find(WindowHandle window) {
-  const auto found =
-      std::find_if(windows_.begin(), windows_.end(), [window](const Window& each) { return each.handle == window; });
-  return found == windows_.end() ? nullptr : &*found;
-}
-
-WindowHandle Desktop::Find(const std::wstring& className, const wchar_t* title) const {
-  for (const auto& window : windows_) {
-    if (Lower(window.className) != Lower(className)) continue;
-    if (title == nullptr || Lower(window.title) == Lower(title)) return window.handle;
+void Desktop::CloseAllOf(std::uint32_t processId) {
+  const auto isOf = [processId](const Window& each) { return each.processId == processId; };
+  for (auto each = std::find_if(windows_.begin(), windows_.end(), isOf); each != windows_.end();
+       each = std::find_if(windows_.begin(), windows_.end(), isOf)) {
+    Close(WindowHandle(each->handle));
   }
-  return WindowHandle::None;
 }
 
-bool Desktop::DeliverCopyData(WindowHandle window, std::uint64_t kind, os::BytesView record,
-                              std::optional<std::uint64_t> deadlineMs) {
-  const auto canAnswer = [this, window] {
-    const auto* target = Find(window);
-    return target == nullptr || (target->responsive && target->busyUntilMs <= Machine().NowMs());
-  };
-  if (!Machine().scheduler.WaitUntil(canAnswer, deadlineMs)) return false;
-  const auto* target = Find(window);
-  if (target == nullptr) return false;
-  if (const auto take = target->copyData) take(kind, record);
-  return true;
+// ---- The order of the windows and the user ----
+
+void Desktop::BringToTop(WindowHandle window) {
+  const auto found =
+      std::find_if(windows_.begin(), windows_.end(), [window](const Window& each) { return each.handle == window; });
+  if (found == windows_.end()) return;
+  std::rotate(windows_.begin(), found, found + 1);
+  std::stable_partition(windows_.begin(), windows_.end(), [](const Window& each) { return each.IsTopmost(); });
+  // The shell's window lies behind all others, also when the user works with it.
+  std::stable_partition(windows_.begin(), windows_.end(), [this](const Window& each) { return each.handle != shell_; });
+}
+
+void Desktop::SetForeground(WindowHandle window) {
+  BringToTop(window);
+  if (std::exchange(foreground_, window) == window || window == WindowHandle::None) return;
+  Raise(os::WindowEvent::Foreground, window);
+}
+
+void Desktop::PassOnForeground() {
+  const auto next = std::find_if(windows_.begin(), windows_.end(),
+                                 [this](const Window& each) { return each.TakesOver() && each.handle != foreground_; });
+  SetForeground(next == windows_.end() ? WindowHandle::None : next->handle);
+}
+
+void Desktop::Raise(os::WindowEvent event, WindowHandle window, std::int32_t object) {
+  const auto* of = Find(window);
+  if (of != nullptr && Lower(of->program) == Lower(Machine().files.ownProgram)) return;
+  events.Raise(event, window, object);
+}
+
+void Desktop::SetTopmost(WindowHandle window, bool topmost) {
+  auto* changed = Find(window);
+  if (changed == nullptr) return;
+  constexpr std::uint32_t kTopmost = 0x8;  // WS_EX_TOPMOST
+  changed->extendedStyle = (changed->extendedStyle & ~kTopmost) | (topmost ? kTopmost : 0);
+  BringToTop(window);
+}
+
+void Desktop::Note(WindowHandle window, std::wstring entry) {
+  journals_[window].push_back(std::move(entry));
+}
+
+std::vector<std::wstring> Desktop::Journal(WindowHandle window) const {
+  const auto found = journals_.find(window);
+  return found == journals_.end() ? std::vector<std::wstring>() : found->second;
 }
 
 }  // namespace sim

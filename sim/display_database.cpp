@@ -1,5 +1,7 @@
 // The stored display configurations: one registry key for each arrangement that was ever in force, named after its
-// monitors. When the set of monitors changes, the system takes up the newest one that fits those that are there.
+// monitors. When the set of monitors changes, the system takes up the newest one that fits those that are there. Names
+// are taken apart here once more, so that the model does not share what it is there to test; how a monitor's key is
+// made has tests of its own, and is.
 
 #include <algorithm>
 #include <string>

@@ -1,36 +1,15 @@
-#include <algorithm>
-
 #include "os/displays.h"
 #include "sim/door_call.h"
 #include "sim/laptop.h"
+#include "sim/monitors.h"
 
 namespace os {
 namespace {
 
 using sim::Machine;
-using sim::Screen;
 
 constexpr std::uint32_t kInsufficientBuffer = 122;
 constexpr std::size_t kLongestMonitorPath = 127, kLongestFriendlyName = 63;
-constexpr std::int32_t kTaskbarHeight = 40;
-
-// Handles tell the screen by its place in the list.
-MonitorHandle HandleOf(std::size_t index) {
-  return static_cast<MonitorHandle>(0x10001 + 2 * index);
-}
-
-Monitor MonitorOf(const Screen& screen, std::size_t index) {
-  Monitor monitor{HandleOf(index), screen.Area(), screen.Area(), 0, screen.gdiName};
-  if (screen.IsPrimary()) {
-    monitor.flags = 1;
-    monitor.work.bottom -= kTaskbarHeight;
-  }
-  return monitor;
-}
-
-bool HasOwnPicture(const Screen& screen) {
-  return screen.HasArea() && !Machine().displays.MirrorsFirst(screen);
-}
 
 std::uint16_t EdidWord(const Bytes& edid, std::size_t at) {
   return at + 1 < edid.size() ? static_cast<std::uint16_t>(edid[at] | edid[at + 1] << 8) : std::uint16_t{0};
@@ -80,24 +59,14 @@ TargetName QueryTargetName(const DisplayPath& path) {
 std::vector<Monitor> DesktopMonitors() {
   const auto call = sim::Enter<&DesktopMonitors>();
   if (call.failed()) return {};
-  const auto& screens = Machine().displays.Screens();
-  std::vector<Monitor> monitors;
-  for (std::size_t i = 0; i < screens.size(); ++i) {
-    if (HasOwnPicture(screens[i])) monitors.push_back(MonitorOf(screens[i], i));
-  }
+  auto monitors = sim::Monitors();
   monitors.resize(call.Shortened(monitors.size()));
   return monitors;
 }
 
 std::uint32_t MonitorDpi(MonitorHandle monitor) {
   constexpr std::uint32_t kUnknown = 96;
-  const auto call = sim::Enter<&MonitorDpi>();
-  if (call.failed()) return kUnknown;
-  const auto& screens = Machine().displays.Screens();
-  for (std::size_t i = 0; i < screens.size(); ++i) {
-    if (HandleOf(i) == monitor && HasOwnPicture(screens[i])) return screens[i].dpi;
-  }
-  return kUnknown;
+  return sim::Enter<&MonitorDpi>().failed() ? kUnknown : sim::DpiOf(monitor);
 }
 
 std::optional<std::wstring> DisplayDeviceName(std::uint32_t index) {

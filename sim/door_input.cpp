@@ -5,10 +5,6 @@ namespace os {
 
 using sim::Machine;
 
-void WatchKeyboard(const std::function<void(std::uint32_t virtualKey)>& onKey) {
-  if (!sim::Enter<&WatchKeyboard>().failed()) Machine().input.Watch(onKey);
-}
-
 bool IsKeyDown(std::uint32_t virtualKey) {
   if (sim::Enter<&IsKeyDown>().failed()) return false;
   return Machine().input.IsDown(virtualKey);
@@ -16,6 +12,18 @@ bool IsKeyDown(std::uint32_t virtualKey) {
 
 void ClickLeftButton() {
   if (!sim::Enter<&ClickLeftButton>().failed()) Machine().input.ClickLeft();
+}
+
+Point CursorPosition() {
+  if (sim::Enter<&CursorPosition>().failed()) return {};
+  return Machine().mouse.At();
+}
+
+Status SetCursorPosition(Point point) {
+  const auto call = sim::Enter<&SetCursorPosition>();
+  if (call.failed()) return Error{call.error()};
+  Machine().mouse.SetPosition(point);
+  return Done{};
 }
 
 }  // namespace os

@@ -19,6 +19,16 @@ Event OpenNamedEvent(const wchar_t* name) {
   return Machine().events.OpenEvent(name);
 }
 
+Event NewEvent() {
+  if (sim::Enter<&NewEvent>().failed()) return Event();
+  return Machine().events.NewEvent();
+}
+
+bool AwaitEvent(const Event& event) {
+  if (sim::Enter<&AwaitEvent>().failed() || !event) return false;
+  return Machine().scheduler.WaitUntil([&] { return Machine().events.IsSignalled(event.get()); });
+}
+
 void SignalEvent(const Event& event) {
   if (!sim::Enter<&SignalEvent>().failed()) Machine().events.SetEvent(event.get(), true);
 }

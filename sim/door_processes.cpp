@@ -48,6 +48,54 @@ std::wstring ProcessImagePath(std::uint32_t processId) {
   return Machine().processes.ImagePath(processId).substr(0, 259);
 }
 
+// ---- Programs of other processes ----
+
+Result<Process> OpenToAwaitIdle(std::uint32_t processId) {
+  const auto call = sim::Enter<&OpenToAwaitIdle>();
+  if (call.failed()) return Error{call.error()};
+  return Machine().processes.Open(processId, false);
+}
+
+void AwaitInputIdle(const Process& process, std::uint32_t timeoutMs) {
+  if (sim::Enter<&AwaitInputIdle>().failed()) return;
+  auto& laptop = Machine();
+  const auto id = laptop.processes.IdOf(process.get());
+  if (id) laptop.desktop.AwaitIdle(*id, laptop.NowMs() + timeoutMs);
+}
+
+Result<Process> OpenToEnd(std::uint32_t processId) {
+  const auto call = sim::Enter<&OpenToEnd>();
+  if (call.failed()) return Error{call.error()};
+  return Machine().processes.Open(processId, true);
+}
+
+Status TerminateProcess(const Process& process, std::uint32_t exitCode) {
+  const auto call = sim::Enter<&TerminateProcess>();
+  if (call.failed()) return Error{call.error()};
+  return Machine().processes.End(process.get(), exitCode);
+}
+
+Result<ProcessPackage> QueryProcessPackage(std::uint32_t processId) {
+  const auto call = sim::Enter<&QueryProcessPackage>();
+  if (call.failed()) return Error{call.error()};
+  return Machine().processes.PackageOf(processId);
+}
+
+std::vector<std::wstring> ProductNames(const std::wstring& path) {
+  const auto call = sim::Enter<&ProductNames>();
+  if (call.failed()) return {};
+  auto names = Machine().files.ProductNames(path);
+  for (auto& name : names) name = name.substr(0, 259);
+  names.resize(call.Shortened(names.size()));
+  return names;
+}
+
+Result<std::vector<std::wstring>> RunningPrograms() {
+  const auto call = sim::Enter<&RunningPrograms>();
+  if (call.failed()) return Error{call.error()};
+  return Machine().processes.RunningPrograms();
+}
+
 // ---- Packaged applications ----
 
 Status JoinCom() {

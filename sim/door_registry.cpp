@@ -17,6 +17,15 @@ std::optional<Bytes> FindBytes(const std::wstring& key, const wchar_t* value) {
   return stored->bytes;
 }
 
+template <class Write>
+Status WriteToExistingKey(const sim::DoorCall& call, const std::wstring& key, Write write) {
+  if (call.failed()) return Error{call.error()};
+  auto& registry = Machine().registry;
+  if (!registry.Has(key)) return Error{kFileNotFound};
+  write(registry);
+  return Done{};
+}
+
 }  // namespace
 
 std::optional<std::wstring> ReadRegistryText(const std::wstring& key, const wchar_t* value, std::size_t bufferBytes) {
@@ -56,19 +65,13 @@ std::optional<std::uint32_t> ReadRegistryNumber(const std::wstring& key, const w
 }
 
 Status WriteRegistryNumber(const std::wstring& key, const wchar_t* value, std::uint32_t number) {
-  const auto call = sim::Enter<&WriteRegistryNumber>();
-  if (call.failed()) return Error{call.error()};
-  if (!Machine().registry.Has(key)) return Error{kFileNotFound};
-  Machine().registry.SetDword(key, value, number);
-  return Done{};
+  return WriteToExistingKey(sim::Enter<&WriteRegistryNumber>(), key,
+                            [&](sim::Registry& registry) { registry.SetDword(key, value, number); });
 }
 
 Status WriteRegistryLongNumber(const std::wstring& key, const wchar_t* value, std::uint64_t number) {
-  const auto call = sim::Enter<&WriteRegistryLongNumber>();
-  if (call.failed()) return Error{call.error()};
-  if (!Machine().registry.Has(key)) return Error{kFileNotFound};
-  Machine().registry.SetQword(key, value, number);
-  return Done{};
+  return WriteToExistingKey(sim::Enter<&WriteRegistryLongNumber>(), key,
+                            [&](sim::Registry& registry) { registry.SetQword(key, value, number); });
 }
 
 }  // namespace os

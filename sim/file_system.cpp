@@ -53,6 +53,11 @@ void FileSystem::AddProgram(const std::wstring& path, const os::FileVersion& ver
   entries_[Normalised(path)].version = version;
 }
 
+void FileSystem::SetProductNames(const std::wstring& path, std::vector<std::wstring> names) {
+  if (Find(path) == nullptr) AddFile(path);
+  entries_[Normalised(path)].productNames = std::move(names);
+}
+
 void FileSystem::SetReadOnly(const std::wstring& path, bool readOnly) {
   const auto entry = entries_.find(Normalised(path));
   if (entry != entries_.end()) entry->second.readOnly = readOnly;
@@ -94,6 +99,11 @@ std::optional<std::wstring> FileSystem::Text(const std::wstring& path) const {
 std::optional<os::FileVersion> FileSystem::Version(const std::wstring& path) const {
   const auto* entry = Find(path);
   return entry == nullptr ? std::nullopt : entry->version;
+}
+
+std::vector<std::wstring> FileSystem::ProductNames(const std::wstring& path) const {
+  const auto* entry = Find(path);
+  return entry == nullptr ? std::vector<std::wstring>() : entry->productNames;
 }
 
 std::uint32_t FileSystem::CreateFolder(const std::wstring& path) {

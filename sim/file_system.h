@@ -41,6 +41,8 @@ class FileSystem {
   void AddFile(const std::wstring& path, os::Bytes content = {});
   void AddTextFile(const std::wstring& path, const std::wstring& text);
   void AddProgram(const std::wstring& path, const os::FileVersion& version);
+  /// The product names in a program's version resource, one for each translation; adds the file when it is not there.
+  void SetProductNames(const std::wstring& path, std::vector<std::wstring> names);
   void SetReadOnly(const std::wstring& path, bool readOnly = true);
   /// Removes a file, or a folder with all it holds.
   void Remove(const std::wstring& path);
@@ -50,6 +52,7 @@ class FileSystem {
   /// A file's text: UTF-16 after its byte-order mark, one byte a character otherwise.
   [[nodiscard]] std::optional<std::wstring> Text(const std::wstring& path) const;
   [[nodiscard]] std::optional<os::FileVersion> Version(const std::wstring& path) const;
+  [[nodiscard]] std::vector<std::wstring> ProductNames(const std::wstring& path) const;
 
   /// What programs do; each answers 0 or a system error code.
   std::uint32_t CreateFolder(const std::wstring& path);
@@ -67,6 +70,7 @@ class FileSystem {
     bool isFolder = false, readOnly = false;
     os::Bytes content = {};
     std::optional<os::FileVersion> version = {};
+    std::vector<std::wstring> productNames = {};
   };
   [[nodiscard]] const Entry* Find(const std::wstring& path) const;
   [[nodiscard]] std::uint32_t WriteRefusal(const std::wstring& path) const;

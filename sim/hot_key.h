@@ -17,6 +17,11 @@ class HotKey {
   void PressF6(int times = 1);
   /// The end of a sequence of F6 presses: 2 switches the panel off, 3 on.
   void EndF6(std::int64_t lParam) { Notify(0xF9, lParam); }
+  /// A whole sequence, from its first press to its end.
+  void UseF6(std::int64_t lParam, int times = 1) {
+    PressF6(times);
+    EndF6(lParam);
+  }
   void FlipChanged() { Notify(0xFA, 0); }
   /// Any hot-key notification.
   void Notify(std::uint64_t wParam, std::int64_t lParam) { Post(kHotKeyMessage, wParam, lParam); }

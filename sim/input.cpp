@@ -41,7 +41,7 @@ void Input::Add(std::uint32_t virtualKey) {
 
 void Input::Watch(const std::function<void(std::uint32_t)>& onKey) {
   ++watchers_;
-  while (Machine().scheduler.WaitUntil([this] { return !pending_.empty(); })) {
+  while (Machine().window.AwaitWork([this] { return !pending_.empty(); })) {
     const auto key = pending_.front();
     pending_.pop_front();
     served_ = &key;
@@ -50,6 +50,7 @@ void Input::Watch(const std::function<void(std::uint32_t)>& onKey) {
     longestHoldUpMs_ = std::max(longestHoldUpMs_, Machine().NowMs() - start);
     served_ = nullptr;
   }
+  --watchers_;
 }
 
 bool Input::IsDown(std::uint32_t virtualKey) const {

@@ -18,6 +18,17 @@ os::Event KernelObjects::OpenEvent(const std::wstring& name) {
   return os::Event(handles_.Open({.name = name, .isMutex = false}));
 }
 
+os::Event KernelObjects::NewEvent() {
+  const auto name = L"(unnamed " + std::to_wstring(++unnamed_) + L")";
+  Add(name);
+  return OpenEvent(name);
+}
+
+bool KernelObjects::IsSignalled(os::KernelObject event) {
+  const auto* opened = handles_.Find(event);
+  return opened != nullptr && !opened->isMutex && events_.contains(opened->name) && events_.at(opened->name);
+}
+
 void KernelObjects::SetEvent(os::KernelObject event, bool signalled) {
   const auto* opened = handles_.Find(event);
   if (opened == nullptr || opened->isMutex) return;

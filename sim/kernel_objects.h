@@ -32,6 +32,8 @@ class KernelObjects {
   // ---- the door ----
   os::NamedMutex CreateMutex(const std::wstring& name);
   os::Event OpenEvent(const std::wstring& name);
+  os::Event NewEvent();
+  [[nodiscard]] bool IsSignalled(os::KernelObject event);
   void SetEvent(os::KernelObject event, bool signalled);
   void Close(os::KernelObject object) noexcept { handles_.Close(object); }
   void CloseAll() { handles_.CloseAll(); }
@@ -42,6 +44,7 @@ class KernelObjects {
     bool isMutex = false;
   };
   std::map<std::wstring, bool> events_ = {{kPowerEvent, false}, {kSwitchingEvent, false}};
+  int unnamed_ = 0;
   std::set<std::wstring> heldElsewhere_;  // mutexes
   HandleTable<os::KernelObject, Opened> handles_;
 };

@@ -73,7 +73,7 @@ void Laptop::WriteSettings(const LaptopOptions& options) {
   settings.Set(L"Mode", L"Cursor");
 }
 
-bool Laptop::Boot() {
+bool Laptop::Boot(std::uint64_t settleLimitMs) {
   if (started_) EndProcess();
   started_ = true;
   exitCode_.reset();
@@ -81,7 +81,7 @@ bool Laptop::Boot() {
     exitCode_ = tessaview::RunController();
     scheduler.MarkEnded();  // the process ends with its main thread
   });
-  return Settle();
+  return Settle(settleLimitMs);
 }
 
 void Laptop::EndProcess() {
@@ -92,10 +92,14 @@ void Laptop::EndProcess() {
   power.UnregisterAll();
   sessions.EndProcess();
   input.EndProcess();
+  mouse.EndProcess();
+  desktop.EndProcess();
   apps.EndProcess();
   firmware.EndProcess();
   trace.EndProcess();
   touch.EndProcess();
+  watches.EndProcess();
+  management.EndProcess();
   processes.CloseAll();
   events.CloseAll();
   processRun_ = ++gProcessRuns;

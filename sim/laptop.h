@@ -14,6 +14,8 @@
 #include "sim/hot_key.h"
 #include "sim/input.h"
 #include "sim/kernel_objects.h"
+#include "sim/management.h"
+#include "sim/mouse.h"
 #include "sim/power.h"
 #include "sim/processes.h"
 #include "sim/registry.h"
@@ -25,6 +27,7 @@
 #include "sim/touch_controller.h"
 #include "sim/trace_session.h"
 #include "sim/ui.h"
+#include "sim/watches.h"
 
 namespace sim {
 
@@ -63,7 +66,7 @@ class Laptop {
 
   /// Starts the controller on its main thread, and settles. On a laptop where it has run before, that process is ended
   /// first; what it changed on the laptop stays.
-  bool Boot();
+  bool Boot(std::uint64_t settleLimitMs = kSettleLimitMs);
 
   /// Ends the controller's process where it stands.
   void EndProcess();
@@ -100,10 +103,14 @@ class Laptop {
   SettingsView settings{files};
   TraceSession trace;
 
+  Watches watches;
+
   Processes processes;
+  Management management;
   Desktop desktop;
   ServiceWindow window;
   Input input;
+  Mouse mouse;
   Ui ui;
   Apps apps;
   HotKey hotKey;

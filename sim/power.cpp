@@ -34,6 +34,22 @@ void Power::Change(PowerSetting setting, std::uint32_t value) {
   Notify(setting, value);
 }
 
+void Power::HibernateAndWake() {
+  auto& touch = Machine().touch;
+  touch.Unplug();
+  touch.Plug();
+  Rest(5);
+}
+
+/// The system's log has the end of the rest before programs are told of it.
+void Power::Rest(int state) {
+  constexpr std::uint32_t kHourMs = 3'600'000;
+  Broadcast(kSuspend);
+  Machine().Advance(kHourMs);
+  Machine().watches.Woke(state);
+  Broadcast(kResumeAutomatic);
+}
+
 void Power::Notify(PowerSetting setting, std::uint32_t value) {
   Tell(setting, value);
   Machine().Settle();

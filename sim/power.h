@@ -13,7 +13,7 @@ namespace sim {
 /// asked to hear, and the laptop settles.
 class Power {
  public:
-  static constexpr std::uint32_t kSuspend = 4, kResumeSuspend = 7, kStatusChange = 10, kResumeAutomatic = 18;  // PBT_*
+  static constexpr std::uint32_t kSuspend = 4, kStatusChange = 10, kResumeAutomatic = 18;  // PBT_*
   enum class Display : std::uint32_t { Off, On, Dimmed };
   enum class LidAction : std::uint32_t { DoNothing, Sleep, Hibernate, ShutDown, DisplayOff = 6 };
 
@@ -29,6 +29,11 @@ class Power {
   void SetLidAction(LidAction action);
   /// The same for either source, not heard by anybody: as the power scheme has it.
   void SetSchemeLidAction(bool onMains, std::uint32_t action) { lidActions_.at(onMains ? 1 : 0) = action; }
+
+  /// The machine sleeps for an hour and wakes again; or it hibernates, and touch controller and panels have been
+  /// without power when it wakes.
+  void SleepAndWake() { Rest(4); }
+  void HibernateAndWake();
 
   /// Broadcasts one of the PBT_* events.
   void Broadcast(std::uint32_t event);
@@ -47,6 +52,7 @@ class Power {
 
  private:
   void Source(std::uint8_t acLineStatus);
+  void Rest(int state);
   void Change(os::PowerSetting setting, std::uint32_t value);
   void Tell(os::PowerSetting setting, std::uint32_t value);
 

@@ -9,8 +9,11 @@
 namespace sim {
 namespace {
 
-constexpr std::uint32_t kFileNotFound = 2;   // ERROR_FILE_NOT_FOUND
-constexpr std::uint32_t kStillActive = 259;  // STILL_ACTIVE
+constexpr std::uint32_t kFileNotFound = 2;       // ERROR_FILE_NOT_FOUND
+constexpr std::uint32_t kAccessDenied = 5;       // ERROR_ACCESS_DENIED
+constexpr std::uint32_t kInvalidHandle = 6;      // ERROR_INVALID_HANDLE
+constexpr std::uint32_t kInvalidParameter = 87;  // ERROR_INVALID_PARAMETER
+constexpr std::uint32_t kStillActive = 259;      // STILL_ACTIVE
 
 }  // namespace
 
@@ -34,8 +37,15 @@ std::uint32_t Processes::Run(const std::wstring& path) {
   return lastId_;
 }
 
-void Processes::End(std::uint32_t processId) {
-  running_.erase(processId);
+void Processes::End(std::uint32_t processId, std::uint32_t exitCode) {
+  const auto found = running_.find(processId);
+  if (found == running_.end()) return;
+  const auto fileName = FileName(found->second.path);
+  running_.erase(found);
+  exitCodes_[processId] = exitCode;
+  auto& laptop = Machine();
+  laptop.desktop.CloseAllOf(processId);
+  laptop.management.ProcessStopped(fileName);
 }
 
 void Processes::Protect(std::uint32_t processId) {
@@ -57,30 +67,71 @@ os::Result<os::Process> Processes::Start(ProgramStart start) {
   Program& program = found->second;
   if (program.error != 0) return os::Error{program.error};
 
-  Started started{.processId = Run(path), .endsAtMs = {}, .exitCode = program.exitCode};
+  const auto id = Run(path);
+  auto exitCode = program.exitCode;
   if (!program.first.empty()) {
-    started.exitCode = program.first.front();
+    exitCode = program.first.front();
     program.first.pop_front();
   }
-  if (!program.neverEnds) {
-    auto& laptop = Machine();
-    started.endsAtMs = laptop.NowMs() + program.runMs;
-    laptop.After(program.runMs, [this, id = started.processId] { End(id); });
-  }
+  if (!program.neverEnds) Machine().After(program.runMs, [=, this] { End(id, exitCode); });
   if (program.onStart) program.onStart();
-  return os::Process(handles_.Open(started));
+  return os::Process(handles_.Open({.processId = id}));
 }
 
 std::optional<bool> Processes::HasEnded(os::ProcessHandle handle) {
-  const auto* started = handles_.Find(handle);
-  if (started == nullptr) return std::nullopt;
-  return started->endsAtMs && *started->endsAtMs <= Machine().NowMs();
+  const auto id = IdOf(handle);
+  if (!id) return std::nullopt;
+  return !running_.contains(*id);
 }
 
 std::optional<std::uint32_t> Processes::ExitCode(os::ProcessHandle handle) {
   const auto ended = HasEnded(handle);
   if (!ended) return std::nullopt;
-  return *ended ? handles_.Find(handle)->exitCode : kStillActive;
+  return *ended ? exitCodes_[*IdOf(handle)] : kStillActive;
+}
+
+// ---- Programs that the controller did not start ----
+
+std::uint32_t Processes::WhyNotOpen(std::uint32_t processId) const {
+  const auto found = running_.find(processId);
+  if (found == running_.end()) return kInvalidParameter;
+  return found->second.mayBeAsked ? 0 : kAccessDenied;
+}
+
+os::Result<os::Process> Processes::Open(std::uint32_t processId, bool toEnd) {
+  if (const auto error = WhyNotOpen(processId); error != 0) return os::Error{error};
+  return os::Process(handles_.Open({.processId = processId, .mayEnd = toEnd}));
+}
+
+std::optional<std::uint32_t> Processes::IdOf(os::ProcessHandle handle) {
+  const auto* opened = handles_.Find(handle);
+  return opened == nullptr ? std::nullopt : std::optional(opened->processId);
+}
+
+os::Status Processes::End(os::ProcessHandle handle, std::uint32_t exitCode) {
+  const auto* opened = handles_.Find(handle);
+  if (opened == nullptr) return os::Error{kInvalidHandle};
+  if (!opened->mayEnd || !running_.contains(opened->processId)) return os::Error{kAccessDenied};
+  End(opened->processId, exitCode);
+  return os::Done{};
+}
+
+void Processes::SetPackage(const std::wstring& program, Package package) {
+  packages_[Lower(program)] = std::move(package);
+}
+
+os::Result<os::ProcessPackage> Processes::PackageOf(std::uint32_t processId) const {
+  if (const auto error = WhyNotOpen(processId); error != 0) return os::Error{error};
+  const auto found = packages_.find(Lower(running_.at(processId).path));
+  if (found == packages_.end()) return os::ProcessPackage{os::Error{os::kNoApplication}, {}, {}, {}};
+  const auto& [appUserModelId, fullName, familyName, path] = found->second;
+  return os::ProcessPackage{appUserModelId, fullName, familyName, path};
+}
+
+std::vector<std::wstring> Processes::RunningPrograms() const {
+  std::vector<std::wstring> names;
+  for (const auto& [id, process] : running_) names.push_back(FileName(process.path));
+  return names;
 }
 
 std::wstring Processes::ImagePath(std::uint32_t processId) const {

@@ -30,6 +30,11 @@ struct ProgramStart {
   std::uint32_t environmentSession = 0;  // of the user whose environment it was given
 };
 
+/// The package that a program came in.
+struct Package {
+  std::wstring appUserModelId, fullName, familyName, path;
+};
+
 /// The running processes, the programs that can be started and what was started.
 class Processes {
  public:
@@ -43,9 +48,12 @@ class Processes {
 
   /// A process that was there before or came by itself; returns its id.
   std::uint32_t Run(const std::wstring& path);
-  void End(std::uint32_t processId);
-  /// Makes a process one that may not be asked for its program.
+  /// Ends a process where it stands; its windows close.
+  void End(std::uint32_t processId, std::uint32_t exitCode = 0);
+  /// Makes a process one that may not be opened, so that it tells nothing of its program and cannot be ended.
   void Protect(std::uint32_t processId);
+  /// Says what package a program belongs to, by its path; others are desktop programs.
+  void SetPackage(const std::wstring& program, Package package);
   /// The id of a running process of this program; 0 when there is none.
   [[nodiscard]] std::uint32_t IdOf(const std::wstring& path) const;
 
@@ -53,9 +61,16 @@ class Processes {
 
   // ---- the door ----
   os::Result<os::Process> Start(ProgramStart start);
+  os::Result<os::Process> Open(std::uint32_t processId, bool toEnd);
+  os::Status End(os::ProcessHandle handle, std::uint32_t exitCode);
+  /// The process of a handle; nothing when the handle is not open.
+  [[nodiscard]] std::optional<std::uint32_t> IdOf(os::ProcessHandle handle);
+  os::Result<os::ProcessPackage> PackageOf(std::uint32_t processId) const;
   /// Whether the process of a handle has ended; nothing when the handle is not open.
   [[nodiscard]] std::optional<bool> HasEnded(os::ProcessHandle handle);
   [[nodiscard]] std::optional<std::uint32_t> ExitCode(os::ProcessHandle handle);
+  /// The file names of all running programs.
+  [[nodiscard]] std::vector<std::wstring> RunningPrograms() const;
   [[nodiscard]] std::wstring ImagePath(std::uint32_t processId) const;
   void Close(os::ProcessHandle handle) noexcept { handles_.Close(handle); }
   void CloseAll() { handles_.CloseAll(); }
@@ -65,17 +80,19 @@ class Processes {
     std::wstring path;
     bool mayBeAsked = true;
   };
-  struct Started {
+  struct Opened {
     std::uint32_t processId = 0;
-    std::optional<std::uint64_t> endsAtMs;  // none: never
-    std::uint32_t exitCode = 0;
+    bool mayEnd = true;
   };
+  [[nodiscard]] std::uint32_t WhyNotOpen(std::uint32_t processId) const;
 
   std::uint32_t lastId_ = 4240;
   std::map<std::uint32_t, Running> running_;
+  std::map<std::uint32_t, std::uint32_t> exitCodes_;
+  std::map<std::wstring, Package> packages_;  // by program
   std::map<std::wstring, Program> programs_;
   std::vector<ProgramStart> starts_;
-  HandleTable<os::ProcessHandle, Started> handles_;
+  HandleTable<os::ProcessHandle, Opened> handles_;
 };
 
 }  // namespace sim

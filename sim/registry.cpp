@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/utf16.h"
+#include "sim/laptop.h"
 #include "sim/text.h"
 
 namespace sim {
@@ -25,6 +26,11 @@ std::optional<Number> NumberOf(const RegistryValue* stored, RegistryValue::Type 
   return number;
 }
 
+/// Nobody watches what is there from the beginning.
+void TellWatchers(const std::wstring& key) {
+  if (Laptop::IsOn()) Machine().watches.RegistryChanged(key);
+}
+
 }  // namespace
 
 bool IgnoreCase::operator()(const std::wstring& a, const std::wstring& b) const {
@@ -36,6 +42,7 @@ bool IgnoreCase::operator()(const std::wstring& a, const std::wstring& b) const 
 Registry::Registry() {
   SetText(kFactoryConfig, L"BPanelHardwareID", L"DISPLAY\\BOE0D53\\4&1B1F3FD7&0&UID8388688");
   SetText(kFactoryConfig, L"CPanelHardwareID", L"DISPLAY\\TSB8888\\4&1B1F3FD7&0&UID8392784");
+  AddKey(kPackages);
 }
 
 void Registry::SetText(const std::wstring& key, const std::wstring& value, const std::wstring& text) {
@@ -66,10 +73,17 @@ void Registry::SetQword(const std::wstring& key, const std::wstring& value, std:
 void Registry::Remove(const std::wstring& key, const std::wstring& value) {
   const auto values = keys_.find(key);
   if (values != keys_.end()) values->second.erase(value);
+  TellWatchers(key);
+}
+
+void Registry::AddKey(const std::wstring& key) {
+  keys_[key];
+  TellWatchers(key);
 }
 
 void Registry::RemoveKey(const std::wstring& key) {
   keys_.erase(key);
+  TellWatchers(key);
 }
 
 const RegistryValue* Registry::Find(const std::wstring& key, const std::wstring& value) const {
@@ -109,6 +123,7 @@ std::optional<std::uint64_t> Registry::Qword(const std::wstring& key, const std:
 
 void Registry::Set(const std::wstring& key, const std::wstring& value, RegistryValue stored) {
   keys_[key][value] = std::move(stored);
+  TellWatchers(key);
 }
 
 }  // namespace sim

@@ -26,6 +26,10 @@ struct IgnoreCase {
 class Registry {
  public:
   static constexpr wchar_t kFactoryConfig[] = L"SOFTWARE\\NORV\\FactoryConfig";
+  /// Below it stands a key for each installed package.
+  static constexpr wchar_t kPackages[] =
+      L"SOFTWARE\\Classes\\Local Settings\\Software\\Microsoft\\Windows\\CurrentVersion\\AppModel\\"
+      L"PackageRepository\\Packages";
 
   using Values = std::map<std::wstring, RegistryValue, IgnoreCase>;
 
@@ -57,9 +61,10 @@ class Registry {
   [[nodiscard]] std::optional<std::uint64_t> Qword(const std::wstring& key, const std::wstring& value) const;
 
   /// Makes a key without values.
-  void AddKey(const std::wstring& key) { keys_[key]; }
+  void AddKey(const std::wstring& key);
 
-  [[nodiscard]] bool Has(const std::wstring& key) const { return keys_.contains(key); }
+  /// A key above another is there too.
+  [[nodiscard]] bool Has(const std::wstring& key) const { return keys_.contains(key) || !Subkeys(key).empty(); }
 
  private:
   void Set(const std::wstring& key, const std::wstring& value, RegistryValue stored);

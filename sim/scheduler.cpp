@@ -88,11 +88,12 @@ bool Scheduler::StartThread(std::wstring name, std::function<void()> body) {
   auto& participant = *participants_.emplace_back(std::make_unique<Participant>());
   participant.id = ++nextId_;
   participant.name = std::move(name);
-  participant.thread = std::thread([this, &participant, body = std::move(body)] { ThreadMain(participant, body); });
+  participant.thread =
+      std::thread([this, &participant, body = std::move(body)]() mutable { ThreadMain(participant, std::move(body)); });
   return true;
 }
 
-void Scheduler::ThreadMain(Participant& self, const std::function<void()>& body) {
+void Scheduler::ThreadMain(Participant& self, std::function<void()> body) {
   self_ = &self;
   AwaitTurn(self);
   try {
@@ -100,6 +101,7 @@ void Scheduler::ThreadMain(Participant& self, const std::function<void()>& body)
   } catch (const ProcessEnded&) {
     // Unwound, as asked.
   }
+  body = nullptr;  // what it holds is closed while it has the turn
   self.finished = true;
   GiveTurnTo(Next());
 }

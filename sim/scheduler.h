@@ -92,7 +92,7 @@ class Scheduler {
     bool finished = false;
   };
 
-  void ThreadMain(Participant& self, const std::function<void()>& body);
+  void ThreadMain(Participant& self, std::function<void()> body);
   [[nodiscard]] bool IsTest(const Participant& participant) const { return &participant == participants_[0].get(); }
   [[nodiscard]] bool CanRun(const Participant& participant) const;
   Participant* PickReady();

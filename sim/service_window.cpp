@@ -151,6 +151,14 @@ int ServiceWindow::RunLoop() {
   }
 }
 
+bool ServiceWindow::AwaitWork(const std::function<bool()>& hasWork) {
+  const auto thread = Scheduler::ThreadId();
+  Machine().scheduler.WaitUntil([&] { return hasWork() || quits_.contains(thread); });
+  if (hasWork()) return true;
+  quits_.erase(thread);
+  return false;
+}
+
 void ServiceWindow::Quit(int code) {
   quits_[Scheduler::ThreadId()] = code;
 }

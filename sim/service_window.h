@@ -54,6 +54,8 @@ class ServiceWindow {
   void SeeScalePerMonitor() { perMonitorDpi_ = true; }
   int RunLoop();
   void Quit(int code);
+  /// Waits until the calling thread has something to serve, and returns false when its loop is quit instead.
+  bool AwaitWork(const std::function<bool()>& hasWork);
   /// A window message posted by its number.
   bool PostRaw(std::uint32_t message, std::uint64_t wParam, std::int64_t lParam);
   /// A copy-data record sent by a thread of this process: handled before this returns.

@@ -42,6 +42,20 @@ void Sessions::Unlock() {
   Tell(kUnlocked);
 }
 
+void Sessions::ShowSecureDesktop() {
+  SwitchDesktop(true);
+}
+
+void Sessions::HideSecureDesktop() {
+  SwitchDesktop(false);
+}
+
+void Sessions::SwitchDesktop(bool secure) {
+  secureDesktop_ = secure;
+  Machine().desktop.Raise(os::WindowEvent::DesktopSwitch, os::WindowHandle::None);
+  Machine().Settle();
+}
+
 void Sessions::Tell(std::uint32_t event) {
   auto& laptop = Machine();
   if (laptop.window.HearsOfSessions()) laptop.window.Post([=](const auto& events) { events.sessionChange(event); });

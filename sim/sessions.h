@@ -23,7 +23,6 @@ struct SessionState {
 class Sessions {
  public:
   static constexpr std::uint32_t kActive = 0, kDisconnected = 4, kListen = 6;  // WTS_CONNECTSTATE_CLASS
-  static constexpr std::uint32_t kLogOff = 0x8000'0000, kCloseApp = 1;         // ENDSESSION_*
 
   /// The sessions, in the system's order; a test may change them at any time.
   std::vector<SessionState> all = {{0, kDisconnected, false}, {1, kActive, true}, {65536, kListen, false}};
@@ -34,6 +33,10 @@ class Sessions {
   /// The lock screen covers the desktop and is the foreground until Unlock.
   void Lock();
   void Unlock();
+  /// Windows asks for consent, or for a password, on a desktop of its own; then the user's is back.
+  void ShowSecureDesktop();
+  void HideSecureDesktop();
+  [[nodiscard]] bool IsSecureDesktopUp() const { return secureDesktop_; }
   /// The system asks whether the session may end; `reason` is made of the ENDSESSION_ values.
   void End(std::uint32_t reason);
   /// Windows' out-of-box setup ends: whoever waits for it is called on a thread of the system's.
@@ -72,6 +75,7 @@ class Sessions {
 
  private:
   void Tell(std::uint32_t event);
+  void SwitchDesktop(bool secure);
 
   struct TokenOf {
     std::optional<std::uint32_t> session;  // none: this process's own
@@ -81,6 +85,7 @@ class Sessions {
   std::set<std::wstring> enabledPrivileges_;
   std::set<std::uint32_t> impersonating_;  // threads
   void (*onSetup_)() = nullptr;
+  bool secureDesktop_ = false;
 };
 
 }  // namespace sim

@@ -9,7 +9,7 @@ namespace sim {
 namespace {
 
 constexpr const wchar_t* kClasses[] = {Ui::kMainClass, Ui::kGuideClass, Ui::kVideoClass};
-constexpr auto kProgram = L"C:\\Program Files\\WindowsApps\\7C31A0D4.TessaviewMaster\\Tessaview.exe";
+constexpr auto kProgram = L"C:\\Program Files\\WindowsApps\\7C31A0D4.TessaviewMaster\\NorvTessaview.exe";
 
 }  // namespace
 

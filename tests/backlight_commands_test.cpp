@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "core/settings.h"
 #include "os/device_io.h"
 #include "os/power.h"
@@ -9,17 +7,14 @@
 namespace {
 
 using namespace tessaview;
-using sim::Firmware;
-using support::RunningLaptop;
-using support::Texts;
+using namespace support;
 
 TEST(BacklightFromTheUi, IsStoredInFirmwareUnits) {
   using Case = std::tuple<std::int32_t, const wchar_t*>;
   RunningLaptop laptop;
   for (const auto& [percent, stored] :
        {Case{0, L"0"}, {39, L"99"}, {50, L"127"}, {100, L"255"}, {-4, L"-10"}, {2'000'000'000, L"2147483647"}}) {
-    SCOPED_TRACE(percent);
-    support::ForgetTheStory(laptop);
+    ForgetTheStory(laptop);
     laptop.ui.Send(L"BLSET", {.percent = percent});
     EXPECT_EQ(laptop.settings.Text(L"Backlight"), stored);
     EXPECT_EQ(std::to_wstring(static_cast<std::int32_t>(gSettings.get().UserBacklightValue)), stored);
@@ -47,7 +42,7 @@ void ExpectWarning(const Saving& c) {
   if (!c.sourceKnown) laptop.power.SourceUnknown();
   if (!c.powerReadable) laptop.faults.Fail<&os::QueryPowerStatus>();
   if (!c.levelReadable) laptop.faults.Fail<&os::Control>({.after = 1});  // the panel's status can still be read
-  support::ForgetTheStory(laptop);
+  ForgetTheStory(laptop);
 
   laptop.ui.Send(L"BLSET", {.percent = 100});
   EXPECT_EQ(laptop.ui.Received(), c.warned ? Texts{L"POPBATTERYMESSAGE"} : Texts{});
@@ -72,8 +67,7 @@ TEST(BacklightToTheUi, IsAnsweredInPercent) {
   using Case = std::tuple<std::uint32_t, std::int32_t>;
   RunningLaptop laptop;
   for (const auto& [status, percent] : {Case{2, 0}, {3, 1}, {254, 99}, {0x000100FF, 99}, {0xFFFFFF00, 0}}) {
-    SCOPED_TRACE(status);
-    support::ForgetTheStory(laptop);
+    ForgetTheStory(laptop);
     laptop.firmware.SetRegister(Firmware::kBacklight, status);
     laptop.ui.Send(L"BLGET", {.percent = 77, .rect = {1, 1, 1, 1}, .point = {2, 2}});
     const auto answers = laptop.ui.ReceivedTexts();
@@ -92,7 +86,7 @@ TEST(PowerSavingFromTheUi, IsStoredAndAppliedEitherWay) {
       on{L"POWERSAVERON", L"1", 58};
   for (const auto& [command, stored, level] : {off, on, on, off}) {
     SCOPED_TRACE(command);
-    support::ForgetTheStory(laptop);
+    ForgetTheStory(laptop);
     laptop.ui.Send(command);
     EXPECT_EQ(laptop.settings.Text(L"PowerSaving"), stored);
     EXPECT_EQ(gPowerSavingEnabled.get(), level == 58);

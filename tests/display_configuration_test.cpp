@@ -1,7 +1,5 @@
 // Reading and changing the display configuration: rotation of paths, projection, virtual monitors.
 
-#include <gtest/gtest.h>
-
 #include <array>
 
 #include "display/path_rotation.h"
@@ -12,12 +10,8 @@
 
 namespace {
 
-using os::Topology;
-using sim::Laptop;
-using sim::Screen;
-using support::Texts;
-using tessaview::GetMonitorRotation;
-using tessaview::SetMonitorEx;
+using namespace tessaview;
+using namespace support;
 
 constexpr auto kKey = L"TSB8888";
 
@@ -40,23 +34,20 @@ TEST(PathRotation, IsThatOfThePathCarryingTheKeyAsOneOfItsParts) {
 }
 
 TEST(PathRotation, IsReadFromUsablePathsOnly) {
-  struct Case {
-    const char* story;
-    void (*change)(Screen& screen);
-    bool usable;
-  };
-  for (const auto& c : {Case{"detached", [](Screen& s) { s.Detach(); }, false},
-                        {"no path flag", [](Screen& s) { s.pathFlags = 8; }, false},
-                        {"not in use", [](Screen& s) { s.targetStatusFlags = 0; }, false},
-                        {"active and something else", [](Screen& s) { s.pathFlags = 1 | 8; }, true},
-                        {"any status", [](Screen& s) { s.targetStatusFlags = 0x80; }, true},
-                        {"without an area", [](Screen& s) { s.LoseDesktopArea(); }, true}}) {
-    SCOPED_TRACE(c.story);
+  using Case = std::tuple<const char*, void (*)(Screen&), bool>;
+  for (const auto& [story, change, usable] :
+       {Case{"detached", [](Screen& s) { s.Detach(); }, false},
+        {"no path flag", [](Screen& s) { s.pathFlags = 8; }, false},
+        {"not in use", [](Screen& s) { s.targetStatusFlags = 0; }, false},
+        {"active and something else", [](Screen& s) { s.pathFlags = 1 | 8; }, true},
+        {"any status", [](Screen& s) { s.targetStatusFlags = 0x80; }, true},
+        {"without an area", [](Screen& s) { s.LoseDesktopArea(); }, true}}) {
+    SCOPED_TRACE(story);
     Laptop laptop;
-    c.change(laptop.displays.cPanel());
-    EXPECT_EQ(GetMonitorRotation(kKey), c.usable ? 4U : 0U);
-    EXPECT_EQ(SetMonitorEx(kKey), c.usable ? 0 : -1);
-    EXPECT_EQ(laptop.displays.ConfigurationChanges().size(), c.usable ? 1U : 0U);
+    change(laptop.displays.cPanel());
+    EXPECT_EQ(GetMonitorRotation(kKey), usable ? 4U : 0U);
+    EXPECT_EQ(SetMonitorEx(kKey), usable ? 0 : -1);
+    EXPECT_EQ(laptop.displays.ConfigurationChanges().size(), usable ? 1U : 0U);
   }
 }
 

@@ -1,18 +1,15 @@
-// F6: presses that count, the mode they end in, and the whole story of switching the panel off by key.
-
-#include <gtest/gtest.h>
+// F6: presses that count, the mode they end in, the whole story of switching the panel off by key; and the machine
+// folded over.
 
 #include "os/device_io.h"
+#include "power/flip_state.h"
+#include "power/panel_status.h"
 #include "tests/support.h"
 #include "uilink/f6_sequence.h"
 
 namespace {
 
-using sim::KernelObjects;
-using sim::Laptop;
-using support::ForgetTheStory;
-using support::RunningLaptop;
-using support::Texts;
+using namespace support;
 
 constexpr std::int64_t kOther = 0, kOff = 2;  // what the component wants of the panel
 constexpr std::uint64_t kRetailDemoTimer = 9527;
@@ -24,37 +21,31 @@ std::wstring StartLine(const std::wstring& mode, int presses) {
 }
 
 TEST(F6, ASequenceEndsInTheModeItsPressesLeadTo) {
-  struct Case {
-    const wchar_t* saved;
-    int padEnabled, presses;
-    const wchar_t *start, *end;  // no start: none is logged
-  };
-  const Case cases[] = {
-      {L"On", 1, 1, kPanel, kPad},
-      {L"On", 1, 2, kPanel, kAllOff},
-      {L"On", 1, 10, kPanel, kPad},
-      {L"Off", 1, 1, kPad, kAllOff},
-      {L"Off", 0, 1, kAllOff, kPanel},
-      {L"Off", 0, 0, kAllOff, kAllOff},
-      // With the panel on and the pad off the presses do not count.
-      {L"On", 0, 2, nullptr, kPanel},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(testing::PrintToString(c.saved) + std::to_string(c.presses));
-    RunningLaptop laptop({.saved = c.saved});
-    laptop.hotKey.TouchPadStatus(3, c.padEnabled);
-    laptop.hotKey.PressF6(c.presses);
+  using Case = std::tuple<const wchar_t*, int, int, const wchar_t*, const wchar_t*>;
+  for (const auto& [saved, padEnabled, presses, start, end] :
+       {Case{L"On", 1, 1, kPanel, kPad},
+        {L"On", 1, 2, kPanel, kAllOff},
+        {L"On", 1, 10, kPanel, kPad},
+        {L"Off", 1, 1, kPad, kAllOff},
+        {L"Off", 0, 1, kAllOff, kPanel},
+        {L"Off", 0, 0, kAllOff, kAllOff},
+        // With the panel on and the pad off the presses do not count.
+        {L"On", 0, 2, nullptr, kPanel}}) {
+    SCOPED_TRACE(testing::PrintToString(saved) + std::to_string(presses));
+    RunningLaptop laptop({.saved = saved});
+    laptop.hotKey.TouchPadStatus(3, padEnabled);
+    laptop.hotKey.PressF6(presses);
     laptop.trace.Clear();
     laptop.hotKey.EndF6(kOther);
 
     for (const auto* mode : {kPanel, kPad, kAllOff}) {
-      EXPECT_EQ(laptop.trace.Contains(StartLine(mode, c.presses)), mode == c.start);
+      EXPECT_EQ(laptop.trace.Contains(StartLine(mode, presses)), mode == start);
       EXPECT_EQ(laptop.trace.Contains(L"----------------- TESSAVIEW_POWER_STATUS_" + std::wstring(mode) +
                                       L" --------------------- \n"),
-                mode == c.end);
+                mode == end);
     }
-    EXPECT_EQ(laptop.trace.Usage(), Texts{L"TESSAVIEW_F6_" + std::wstring(c.end)});
-    EXPECT_EQ(laptop.settings.Text(L"Tessaview"), c.saved) << "the component wanted nothing of the panel";
+    EXPECT_EQ(laptop.trace.Usage(), Texts{L"TESSAVIEW_F6_" + std::wstring(end)});
+    EXPECT_EQ(laptop.settings.Text(L"Tessaview"), saved) << "the component wanted nothing of the panel";
   }
 }
 
@@ -63,17 +54,14 @@ TEST(F6, ASequenceIsJudgedByTheChoiceAtItsFirstPress) {
   laptop.hotKey.TouchPadStatus(3, 1);
   laptop.hotKey.PressF6();
   laptop.settings.Set(L"Tessaview", L"Off");
-  laptop.hotKey.PressF6();
-  laptop.hotKey.EndF6(kOther);
+  laptop.hotKey.UseF6(kOther);
   EXPECT_TRUE(laptop.trace.Contains(StartLine(kPanel, 2)));
 
-  laptop.hotKey.PressF6();
-  laptop.hotKey.EndF6(kOther);
+  laptop.hotKey.UseF6(kOther);
   EXPECT_TRUE(laptop.trace.Contains(StartLine(kPad, 1))) << "a new sequence counts from the beginning";
 
   laptop.settings.Set(L"Tessaview", L"on");
-  laptop.hotKey.PressF6(2);
-  laptop.hotKey.EndF6(kOther);
+  laptop.hotKey.UseF6(kOther, 2);
   EXPECT_TRUE(laptop.trace.Contains(StartLine(kPad, 2))) << "what is no choice leaves the last one in force";
 }
 
@@ -86,23 +74,12 @@ class F6Off : public testing::Test {
     laptop.events.Signal(KernelObjects::kSwitchingEvent);
     ForgetTheStory(laptop);
   }
-  void PressOnceFor(std::int64_t action) {
-    laptop.hotKey.PressF6();
-    laptop.hotKey.EndF6(action);
-  }
+  void PressOnceFor(std::int64_t action) { laptop.hotKey.UseF6(action); }
 
   RunningLaptop laptop{{.saved = L"On", .uiRunning = true}};
 };
 
-TEST_F(F6Off, SwitchesThePanelOffAndPublishesIt) {
-  PressOnceFor(kOff);
-  EXPECT_EQ(laptop.firmware.Writes(sim::Firmware::kPower), std::vector{0U});
-  EXPECT_EQ(laptop.ui.Received(), Texts{L"POWEROFF"});
-  EXPECT_FALSE(laptop.events.Signalled(KernelObjects::kPowerEvent));
-  EXPECT_FALSE(laptop.events.Signalled(KernelObjects::kSwitchingEvent));
-}
-
-TEST_F(F6Off, IsNotDoneForOtherWishesOrOtherKeys) {
+TEST_F(F6Off, IsDoneForItsOwnWishAndKeyOnly) {
   for (const std::int64_t action : {0LL, 1LL, 4LL, -2LL}) {
     laptop.events.Signal(KernelObjects::kSwitchingEvent);
     PressOnceFor(action);
@@ -113,6 +90,9 @@ TEST_F(F6Off, IsNotDoneForOtherWishesOrOtherKeys) {
   EXPECT_TRUE(laptop.events.Signalled(KernelObjects::kSwitchingEvent));
   EXPECT_TRUE(laptop.firmware.PanelOn());
   EXPECT_EQ(laptop.ui.Received(), Texts{});
+  PressOnceFor(kOff);
+  EXPECT_EQ(laptop.ui.Received(), Texts{L"POWEROFF"});
+  EXPECT_FALSE(laptop.events.Signalled(KernelObjects::kPowerEvent));
 }
 
 TEST_F(F6Off, EndsTheSwitchEvenWhenTheFirmwareRefusesAndNeedsNobodyToListen) {
@@ -131,27 +111,21 @@ TEST_F(F6Off, EndsTheSwitchEvenWhenTheFirmwareRefusesAndNeedsNobodyToListen) {
   PressOnceFor(kOff);
   EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"Off");
   EXPECT_FALSE(laptop.firmware.PanelOn());
-  EXPECT_EQ(laptop.events.OpenHandles(), 1U) << "the instance mutex";
+  EXPECT_EQ(laptop.events.OpenHandles(), 2U) << "the instance mutex, and what the watchdog waits for";
 }
 
 TEST(F6InTheShop, StartsTheRetailDemoTimerWhenThePanelGoesOff) {
-  struct Case {
-    std::uint32_t serviceState;
-    const wchar_t* factoryFlag;
-    std::int64_t action;
-    bool started;
-  };
-  for (const auto& c :
+  using Case = std::tuple<std::uint32_t, const wchar_t*, std::int64_t, bool>;
+  for (const auto& [serviceState, factoryFlag, action, started] :
        {Case{4, L"", kOff, true}, {1, L"1", kOff, true}, {1, L"10", kOff, false}, {4, L"1", kOther, false}}) {
-    SCOPED_TRACE(c.serviceState);
+    SCOPED_TRACE(serviceState);
     Laptop laptop({.saved = L"On"});
-    laptop.services.Set(L"RetailDemo", c.serviceState);
-    laptop.registry.SetText(sim::Registry::kFactoryConfig, L"RetailDemo", c.factoryFlag);
+    laptop.services.Set(L"RetailDemo", serviceState);
+    laptop.registry.SetText(sim::Registry::kFactoryConfig, L"RetailDemo", factoryFlag);
     laptop.Boot();
     ASSERT_FALSE(laptop.window.TimerPeriod(kRetailDemoTimer));
-    laptop.hotKey.PressF6();
-    laptop.hotKey.EndF6(c.action);
-    EXPECT_EQ(laptop.window.TimerPeriod(kRetailDemoTimer), c.started ? std::optional(300'000U) : std::nullopt);
+    laptop.hotKey.UseF6(action);
+    EXPECT_EQ(laptop.window.TimerPeriod(kRetailDemoTimer), started ? std::optional(300'000U) : std::nullopt);
   }
 }
 
@@ -168,6 +142,43 @@ TEST_F(F6Off, TouchPadReportsAreNotedAndHandedToTheUi) {
   for (const std::uint64_t wParam : {0ULL, 1ULL, 2ULL, 4ULL, 0x100000003ULL}) laptop.hotKey.TouchPadStatus(wParam, 1);
   EXPECT_FALSE(tessaview::gTouchPadEnabled.get()) << "no report";
   EXPECT_EQ(laptop.ui.Received(), Texts{});
+}
+
+TEST(FlipState, FoldedOverThePanelIsNotShownAndBackAsANotebookItIsAsTheUserChose) {
+  using Case = std::tuple<const wchar_t*, Texts, Words>;
+  for (const auto& [saved, told, powers] :
+       {Case{L"On", {L"POWERON"}, {}}, {L"Off", {L"POWEROFF"}, {0}}, {L"neither", {}, {}}}) {
+    SCOPED_TRACE(testing::PrintToString(saved));
+    RunningLaptop laptop({.uiRunning = true});
+    laptop.firmware.Flip(true);
+    laptop.hotKey.FlipChanged();
+    EXPECT_EQ(laptop.ui.Received(), Texts{L"POWEROFF"});
+    EXPECT_FALSE(tessaview::isTessaviewPowerOn.get());
+    EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"On") << "the choice stays";
+    EXPECT_TRUE(laptop.firmware.PanelOn());
+
+    laptop.settings.Set(L"Tessaview", saved);
+    ForgetTheStory(laptop);
+    laptop.firmware.SetRegister(Firmware::kFlip, 0xFFFFFFFE);  // only the lowest bit counts
+    laptop.hotKey.FlipChanged();
+    EXPECT_EQ(laptop.ui.Received(), told);
+    EXPECT_EQ(laptop.firmware.Writes(Firmware::kPower), powers);
+  }
+}
+
+TEST(FlipState, IsKnownFromTheFirstReadingThatSucceeds) {
+  RunningLaptop laptop({.uiRunning = true});
+  laptop.firmware.Flip(true);
+  laptop.faults.Fail<&os::Control>({.times = 1});
+  laptop.hotKey.FlipChanged();
+  EXPECT_FALSE(tessaview::gFlipInfoValid.get());
+  EXPECT_EQ(laptop.ui.Received(), Texts{});
+
+  laptop.hotKey.FlipChanged();
+  EXPECT_EQ(laptop.ui.Received(), Texts{L"POWEROFF"});
+  laptop.firmware.driverInstalled = false;
+  laptop.hotKey.FlipChanged();
+  EXPECT_TRUE(tessaview::gFlipInfoValid.get()) << "once known, always known";
 }
 
 }  // namespace

@@ -1,13 +1,10 @@
-#include <gtest/gtest.h>
-
 #include "os/files.h"
 #include "os/processes.h"
 #include "tests/support.h"
 
 namespace {
 
-using support::RunningLaptop;
-using support::Texts;
+using namespace support;
 
 constexpr const wchar_t *kInput = L"C:\\Users\\Ada\\Pictures\\sea.jpg", *kOutput = L"C:\\ProgramData\\NORV\\sea.jpg";
 
@@ -17,7 +14,7 @@ class FileCopy : public testing::Test {
   FileCopy() {
     laptop.files.AddTextFile(kInput, L"the sea");
     laptop.files.AddTextFile(kOutput, L"an older sea");
-    support::ForgetTheStory(laptop);
+    ForgetTheStory(laptop);
   }
 
   void Copy(const std::wstring& command = L"COPYWALLPAPER") { laptop.ui.SendFileCopy(command, kInput, kOutput); }
@@ -50,16 +47,14 @@ TEST_F(FileCopy, OverwritesTheOutputWithTheRightsOfTheUser) {
 TEST_F(FileCopy, ThatCannotBeMadeIsReported) {
   constexpr auto kNoUser = L"[COPYDATA] COPYWALLPAPER, there is no user to copy for. \n";
   using Case = std::tuple<const char*, void (*)(sim::Laptop&), const wchar_t*>;
-  const Case cases[] = {
-      {"no user's token", [](sim::Laptop& l) { l.faults.Fail<&os::SessionUserToken>(); }, kNoUser},
-      {"no impersonation", [](sim::Laptop& l) { l.faults.Fail<&os::Impersonate>(); }, kNoUser},
-      {"a refusal", [](sim::Laptop& l) { l.files.SetReadOnly(kOutput); },
-       L"[COPYDATA] COPYWALLPAPER, CopyFile fail Error code = 5 *****"},
-      {"no input", [](sim::Laptop& l) { l.files.Remove(kInput); },
-       L"[COPYDATA] COPYWALLPAPER, InputPath is not exist. \n"},
-      {"nobody is signed in", [](sim::Laptop& l) { l.sessions.SignOut(); }, kNoUser},
-  };
-  for (const auto& [what, arrange, line] : cases) {
+  for (const auto& [what, arrange, line] :
+       {Case{"no user's token", [](sim::Laptop& l) { l.faults.Fail<&os::SessionUserToken>(); }, kNoUser},
+        {"no impersonation", [](sim::Laptop& l) { l.faults.Fail<&os::Impersonate>(); }, kNoUser},
+        {"a refusal", [](sim::Laptop& l) { l.files.SetReadOnly(kOutput); },
+         L"[COPYDATA] COPYWALLPAPER, CopyFile fail Error code = 5 *****"},
+        {"no input", [](sim::Laptop& l) { l.files.Remove(kInput); },
+         L"[COPYDATA] COPYWALLPAPER, InputPath is not exist. \n"},
+        {"nobody is signed in", [](sim::Laptop& l) { l.sessions.SignOut(); }, kNoUser}}) {
     SCOPED_TRACE(what);
     arrange(laptop);
     Copy();

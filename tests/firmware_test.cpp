@@ -2,16 +2,12 @@
 
 #include "power/firmware.h"
 
-#include <gtest/gtest.h>
-
 #include "os/device_io.h"
 #include "tests/support.h"
 
 namespace {
 
-using os::Bytes;
-using sim::Firmware;
-using support::Texts;
+using namespace support;
 using tessaview::FirmwareId;
 using Word = std::optional<std::uint32_t>;
 
@@ -40,9 +36,8 @@ TEST(FirmwareRequests, GoOutByteByByte) {
     EXPECT_EQ(request.controlCode, 0x0022240CU);
     EXPECT_EQ(request.replySize, 1024U);
   }
-  EXPECT_TRUE(
-      support::LogsInOrder(laptop, {L"[ACPI_ZRV_DSTS] Arg = 0x50031", L"[ACPI_ZRV_DSTS] return = 0x100a0",
-                                    L"[ACPI_ZRV_DEVS] Arg0 = 0x50032, Arg1 = 0xc8", L"[ACPI_ZRV_DSTS] return = 0x1"}));
+  EXPECT_TRUE(LogsInOrder(laptop, {L"[ACPI_ZRV_DSTS] Arg = 0x50031", L"[ACPI_ZRV_DSTS] return = 0x100a0",
+                                   L"[ACPI_ZRV_DEVS] Arg0 = 0x50032, Arg1 = 0xc8", L"[ACPI_ZRV_DSTS] return = 0x1"}));
 }
 
 TEST(FirmwareReplies, CountByTheirFirstFourBytesOnly) {
@@ -75,7 +70,6 @@ TEST(FirmwareTrouble, IsNoResultAndTakesTheMachineForTheSecondGeneration) {
 
 TEST(GenerationCheck, LooksAtOneBitOfTheStatus) {
   for (const auto& [status, generation] : {std::pair{0x4U, 0}, {0xFFFFFFFFU, 0}, {0x0U, 1}, {0xFFFFFFFBU, 1}}) {
-    SCOPED_TRACE(status);
     sim::Laptop laptop;
     laptop.firmware.SetRegister(Firmware::kGeneration, status);
     EXPECT_EQ(static_cast<int>(tessaview::InitGenerationCheck()), generation);

@@ -1,20 +1,11 @@
 // Lid, console display and what closing the lid does.
 
-#include <gtest/gtest.h>
-
 #include "power/lid_actions.h"
 #include "tests/support.h"
 
 namespace {
 
-using sim::Firmware;
-using sim::Power;
-using support::ForgetTheStory;
-using support::LogsInOrder;
-using support::RunningLaptop;
-using support::Texts;
-using support::TimesTold;
-using Words = std::vector<std::uint32_t>;
+using namespace support;
 
 TEST(Lid, ClosedThePanelIsNotShownAndMaskedOnlyWhereTheMachineGoesOn) {
   for (const bool goesOn : {false, true}) {

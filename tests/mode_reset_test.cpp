@@ -2,8 +2,6 @@
 
 #include "display/mode_reset.h"
 
-#include <gtest/gtest.h>
-
 #include "display/configuration_database.h"
 #include "display/panel_geometry.h"
 #include "display/projection_mode.h"
@@ -12,10 +10,7 @@
 
 namespace {
 
-using os::Topology;
-using sim::Firmware;
-using sim::Laptop;
-using support::LogsInOrder;
+using namespace support;
 
 const std::wstring kDatabase = tessaview::kConfigurationDatabase;
 constexpr auto kB = L"BOE0D530_0C_07E3_";  // the B panel's key, up to its checksum
@@ -39,46 +34,40 @@ void Reset(Laptop& laptop, Topology topology) {
 
 TEST(ModeReset, IsDecidedByTheMonitorsAndTheProjectionMode) {
   enum Monitors { kNone, kBoth, kBothOfG1, kBothOther, kOnlyB, kOnlyC, kOneOfTwo, kG1Knows, kBothKnow };
-  struct Case {
-    Monitors monitors;
-    Topology topology;
-    const wchar_t* log;
-    bool powersOn, extends;
-  };
+  using Case = std::tuple<Monitors, Topology, const wchar_t*, bool, bool>;
   constexpr auto kSeveral = L"[Timestamp] More than two monitor \n";
   constexpr auto kInternal = L"[Timestamp] External another screen and PC screen only. Set power on, set extend \n";
   constexpr auto kExternal = L"[Timestamp] External another screen and Second screen only. Set power on, set extend \n";
-  for (const auto& each : {
-           Case{kNone, Topology::Extend, L"[Timestamp] zero monitor \n", false, false},
-           Case{kBoth, Topology::Clone, L"[Timestamp] set extend \n", false, true},
-           Case{kBoth, Topology::Internal, kSeveral, false, true},
-           Case{kBothOfG1, Topology::Clone, L"[Timestamp] Duplicate, set power on, set extend \n", true, true},
-           Case{kBothOfG1, Topology::Extend, L"[Timestamp] Extend, set power on, set extend \n", true, true},
-           Case{kBothOfG1, Topology::Internal, kSeveral, true, false},
-           Case{kBothOther, Topology::Clone, L"[Timestamp] Duplicate, set power on, set extend \n", true, true},
-           Case{kG1Knows, Topology::Clone, L"[Timestamp] set extend \n", false, true},
-           Case{kBothKnow, Topology::Clone, L"[Timestamp] set extend \n", false, true},
-           Case{kOneOfTwo, Topology::Internal, kInternal, true, true},
-           Case{kOneOfTwo, Topology::External, kExternal, true, true},
-           Case{kOneOfTwo, Topology::Clone, L"[Timestamp] MonitorCount = 2 \n", false, false},
-           Case{kOnlyB, Topology::Internal, L"[Timestamp] Only B panel \n", true, false},
-           Case{kOnlyC, Topology::External, L"[Timestamp] MonitorCount = 1 \n", false, false},
-       }) {
-    SCOPED_TRACE(testing::PrintToString(each.log));
+  for (const auto& [monitors, topology, log, powersOn, extends] :
+       {Case{kNone, Topology::Extend, L"[Timestamp] zero monitor \n", false, false},
+        Case{kBoth, Topology::Clone, L"[Timestamp] set extend \n", false, true},
+        Case{kBoth, Topology::Internal, kSeveral, false, true},
+        Case{kBothOfG1, Topology::Clone, L"[Timestamp] Duplicate, set power on, set extend \n", true, true},
+        Case{kBothOfG1, Topology::Extend, L"[Timestamp] Extend, set power on, set extend \n", true, true},
+        Case{kBothOfG1, Topology::Internal, kSeveral, true, false},
+        Case{kBothOther, Topology::Clone, L"[Timestamp] Duplicate, set power on, set extend \n", true, true},
+        Case{kG1Knows, Topology::Clone, L"[Timestamp] set extend \n", false, true},
+        Case{kBothKnow, Topology::Clone, L"[Timestamp] set extend \n", false, true},
+        Case{kOneOfTwo, Topology::Internal, kInternal, true, true},
+        Case{kOneOfTwo, Topology::External, kExternal, true, true},
+        Case{kOneOfTwo, Topology::Clone, L"[Timestamp] MonitorCount = 2 \n", false, false},
+        Case{kOnlyB, Topology::Internal, L"[Timestamp] Only B panel \n", true, false},
+        Case{kOnlyC, Topology::External, L"[Timestamp] MonitorCount = 1 \n", false, false}}) {
+    SCOPED_TRACE(testing::PrintToString(log));
     // The panel of the first generation has another key, so that a machine of that generation does not know this one.
-    const bool g1 = each.monitors == kBothOfG1 || each.monitors == kG1Knows;
+    const bool g1 = monitors == kBothOfG1 || monitors == kG1Knows;
     Laptop laptop({.saved = L"On", .generation = g1 ? 1 : 2});
-    if (each.monitors == kG1Knows || each.monitors == kBothOther) laptop.displays.cPanel().edid.back() = 0x82;
-    if (each.monitors == kBothKnow) laptop.displays.cPanel().edid.back() = 0x8B;
-    if (each.monitors == kNone) laptop.displays.RemoveAll();
-    if (each.monitors == kOnlyB) laptop.displays.cPanel().Unplug();
-    if (each.monitors == kOnlyC) laptop.displays.bPanel().Unplug();
-    if (each.monitors == kOneOfTwo) laptop.faults.Short<&os::MonitorDevices>(1);
-    Reset(laptop, each.topology);
-    EXPECT_TRUE(laptop.trace.Contains(each.log));
-    EXPECT_EQ(laptop.firmware.PanelOn(), each.powersOn);
+    if (monitors == kG1Knows || monitors == kBothOther) laptop.displays.cPanel().edid.back() = 0x82;
+    if (monitors == kBothKnow) laptop.displays.cPanel().edid.back() = 0x8B;
+    if (monitors == kNone) laptop.displays.RemoveAll();
+    if (monitors == kOnlyB) laptop.displays.cPanel().Unplug();
+    if (monitors == kOnlyC) laptop.displays.bPanel().Unplug();
+    if (monitors == kOneOfTwo) laptop.faults.Short<&os::MonitorDevices>(1);
+    Reset(laptop, topology);
+    EXPECT_TRUE(laptop.trace.Contains(log));
+    EXPECT_EQ(laptop.firmware.PanelOn(), powersOn);
     const auto& changes = laptop.displays.ConfigurationChanges();
-    EXPECT_EQ(changes.size(), each.extends ? 1u : 0u);
+    EXPECT_EQ(changes.size(), extends ? 1u : 0u);
     if (!changes.empty()) EXPECT_EQ(changes[0].flags, 0x84u);
     EXPECT_TRUE(laptop.displays.SettingsChanges().empty());
   }
@@ -106,7 +95,7 @@ TEST(ModeReset, MakesTheStoredConfigurationsWithTheCPanelTheNewest) {
 }
 
 TEST(ModeReset, HasTheSystemExtendOntoAPanelThatAppears) {
-  support::RunningLaptop laptop({.saved = L"On", .uiRunning = true});
+  RunningLaptop laptop({.saved = L"On", .uiRunning = true});
   laptop.displays.UserProjects(Topology::Extend);
   laptop.displays.UserProjects(Topology::Internal);
   laptop.displays.Undock(laptop.displays.cPanel());
@@ -117,7 +106,7 @@ TEST(ModeReset, HasTheSystemExtendOntoAPanelThatAppears) {
   laptop.Advance(10'000);
   EXPECT_EQ(laptop.displays.topology, Topology::Extend) << "the newest that is stored for both panels";
   EXPECT_EQ(laptop.displays.cPanel().Area(), (os::Rect{0, 1080, 1920, 1595}));
-  EXPECT_EQ(support::LastPowerTold(laptop), L"POWERON");
+  EXPECT_EQ(LastPowerTold(laptop), L"POWERON");
 }
 
 // ---- Stored configurations ----

@@ -2,21 +2,15 @@
 
 #include "display/monitor_keys.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
 #include <random>
 
 #include "display/monitor_list.h"
-#include "display/output_technology.h"
 #include "tests/support.h"
 
 namespace {
 
-using os::Bytes;
-using sim::Laptop;
-using tessaview::ReadEdidIdentity;
-using tessaview::ShortMonitorKey;
+using namespace tessaview;
+using namespace support;
 
 constexpr auto kInstance = L"DISPLAY\\TSB8888\\4&1b1f3fd7&0&UID8388688";
 constexpr std::size_t kDescriptors[] = {54, 72, 90, 108};
@@ -45,7 +39,6 @@ TEST(MonitorKey, TakesTheSerialTextOfTheFirstDescriptorThatHasOneElseTheUnsigned
                                      {"thirteen char", L"thirteen cha"},  // one more than there is room for
                                      {std::string_view("end\0of text...", 13), L"end"},
                                      {"\n            ", L""}}) {
-    SCOPED_TRACE(text);
     for (const auto descriptor : kDescriptors) {
       auto block = CPanelBlock();
       PutSerial(block, descriptor, text);
@@ -123,14 +116,6 @@ TEST(MonitorList, DescribesTheConnectedMonitorsAndTheirPaths) {
   }
   laptop.faults.Fail<&os::QueryDisplayConfiguration>();
   EXPECT_EQ(tessaview::ListConnectedMonitors().size(), 4U) << "even without paths";
-}
-
-TEST(OutputTechnology, HasANameOrIsUnknown) {
-  using tessaview::OutputTechnologyName;
-  EXPECT_STREQ(OutputTechnologyName(15), L"Miracast wireless display device");
-  EXPECT_STREQ(OutputTechnologyName(16), L"Unknown");
-  EXPECT_STREQ(OutputTechnologyName(-1), L"Other");
-  EXPECT_STREQ(OutputTechnologyName(std::numeric_limits<std::int32_t>::min()), L"Internal");
 }
 
 }  // namespace

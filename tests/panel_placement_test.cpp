@@ -3,8 +3,6 @@
 
 #include "display/panel_placement.h"
 
-#include <gtest/gtest.h>
-
 #include "display/monitor_change.h"
 #include "display/panel_geometry.h"
 #include "display/panel_nudge.h"
@@ -12,10 +10,7 @@
 
 namespace {
 
-using os::Topology;
-using sim::Laptop;
-using support::LogsInOrder;
-using support::RunningLaptop;
+using namespace support;
 using tessaview::CheckCPanel_Position_Orientation;
 
 constexpr auto kDeadLock = L"[CheckCPanel_Position_Orientation] Prevent DispalyChange Dead Lock \n";
@@ -37,14 +32,8 @@ Place PlaceOf(const sim::Screen& screen) {
 
 TEST(Placement, IsPutRightInOneChangeThatNamesWhatItChanges) {
   constexpr std::uint32_t kNoChange = 0;
-  struct Case {
-    const char* what;
-    void (*arrange)(sim::Screen& b, sim::Screen& c);
-    std::uint32_t fields;
-    Place after;
-  };
-  for (const auto& each : {
-           Case{"right", [](auto&, auto&) {}, kNoChange, {0, 1080, 1920, 515, 3}},
+  using Case = std::tuple<const char*, void (*)(sim::Screen&, sim::Screen&), std::uint32_t, Place>;
+  for (const auto& [what, arrange, fields, after] : {Case{"right", [](auto&, auto&) {}, kNoChange, {0, 1080, 1920, 515, 3}},
            Case{"ten pixels off", [](auto&, auto&c) { c.MoveTo(10, 1080); }, 0xA0, {0, 1080, 1920, 515, 3}},
            Case{"at the right", [](auto&, auto&c) { c.MoveTo(1920, 0); }, 0xA0, {0, 1080, 1920, 515, 3}},
            Case{"half a pixel", [](auto&, auto&c) { c.width = 1919; }, kNoChange, {0, 1080, 1919, 515, 3}},
@@ -58,60 +47,53 @@ TEST(Placement, IsPutRightInOneChangeThatNamesWhatItChanges) {
                   c.MoveTo(0, 1080);
                 },
                 0xA0,
-                {0, 900, 1920, 515, 3}},
-       }) {
-    SCOPED_TRACE(each.what);
+                {0, 900, 1920, 515, 3}}}) {
+    SCOPED_TRACE(what);
     Laptop laptop;
     auto& c = laptop.displays.cPanel();
-    each.arrange(laptop.displays.bPanel(), c);
+    arrange(laptop.displays.bPanel(), c);
     Check();
     const auto& changes = laptop.displays.SettingsChanges();
-    EXPECT_EQ(changes.empty(), each.fields == kNoChange);
+    EXPECT_EQ(changes.empty(), fields == kNoChange);
     if (!changes.empty()) {
       EXPECT_EQ(changes.size(), 1u);
       EXPECT_EQ(changes[0].gdiName, c.gdiName);
-      EXPECT_EQ(changes[0].settings.fields, each.fields);
+      EXPECT_EQ(changes[0].settings.fields, fields);
       EXPECT_EQ(changes[0].flags, 9u);
     }
-    EXPECT_EQ(PlaceOf(c), each.after);
+    EXPECT_EQ(PlaceOf(c), after);
     EXPECT_TRUE(laptop.displays.ConfigurationChanges().empty());
   }
 }
 
 TEST(Placement, OfAPanelWithoutADesktopToBeOnIsItsTurnAlone) {
-  struct Case {
-    const char* what;
-    void (*arrange)(Laptop& laptop);
-    const wchar_t* log;
-    bool turned;
-  };
+  using Case = std::tuple<const char*, void (*)(Laptop&), const wchar_t*, bool>;
   constexpr auto kB = L"[CheckCPanel_Position_Orientation] GetBPanelParameter FALSE \n";
   constexpr auto kC = L"[CheckCPanel_Position_Orientation] GetCPanelParameter FALSE \n";
   constexpr auto kSpecial = L"[CheckCPanel_Position_Orientation] Special Case, set Orientation \n";
-  for (const auto& each : {
-           Case{"second screen only", [](Laptop& l) { l.displays.Project(Topology::External); }, kB, false},
-           Case{"second screen only, turned",
-                [](Laptop& l) {
-                  l.displays.Project(Topology::External);
-                  l.displays.cPanel().Rotate(1);
-                },
-                kSpecial, true},
-           Case{"PC screen only", [](Laptop& l) { l.displays.Project(Topology::Internal); }, kC, false},
-           Case{"no area, turned on its path",
-                [](Laptop& l) {
-                  l.displays.cPanel().LoseDesktopArea();
-                  l.displays.cPanel().rotation = 1;
-                },
-                kSpecial, true},
-       }) {
-    SCOPED_TRACE(each.what);
+  for (const auto& [what, arrange, log, turned] :
+       {Case{"second screen only", [](Laptop& l) { l.displays.Project(Topology::External); }, kB, false},
+        Case{"second screen only, turned",
+             [](Laptop& l) {
+               l.displays.Project(Topology::External);
+               l.displays.cPanel().Rotate(1);
+             },
+             kSpecial, true},
+        Case{"PC screen only", [](Laptop& l) { l.displays.Project(Topology::Internal); }, kC, false},
+        Case{"no area, turned on its path",
+             [](Laptop& l) {
+               l.displays.cPanel().LoseDesktopArea();
+               l.displays.cPanel().rotation = 1;
+             },
+             kSpecial, true}}) {
+    SCOPED_TRACE(what);
     Laptop laptop;
-    each.arrange(laptop);
+    arrange(laptop);
     Check();
-    EXPECT_TRUE(laptop.trace.Contains(each.log));
+    EXPECT_TRUE(laptop.trace.Contains(log));
     EXPECT_TRUE(laptop.displays.SettingsChanges().empty());
-    EXPECT_EQ(laptop.displays.ConfigurationChanges().size(), each.turned ? 1u : 0u);
-    if (each.turned) EXPECT_EQ(laptop.displays.cPanel().rotation, os::kRotation270);
+    EXPECT_EQ(laptop.displays.ConfigurationChanges().size(), turned ? 1u : 0u);
+    if (turned) EXPECT_EQ(laptop.displays.cPanel().rotation, os::kRotation270);
   }
 }
 
@@ -147,8 +129,6 @@ TEST(MonitorChange, KeepsTheSizeOrExchangesIt) {
   Laptop laptop;
   EXPECT_FALSE(tessaview::SetMonitorEx(L"\\\\.\\DISPLAY9", {.x = 1}));
 }
-
-// ---- The nudge ----
 
 TEST(Nudge, WaitsForThePanelAndMovesItByOnePixel) {
   using Case = std::pair<std::uint32_t, const wchar_t*>;

@@ -2,20 +2,14 @@
 
 #include "power/panel_power.h"
 
-#include <gtest/gtest.h>
-
 #include "os/device_io.h"
 #include "power/panel_status.h"
 #include "tests/support.h"
 
 namespace {
 
-using sim::Firmware;
-using support::ForgetTheStory;
-using support::RunningLaptop;
-using support::Texts;
+using namespace support;
 using tessaview::TessaviewPowerControl;
-using Words = std::vector<std::uint32_t>;
 
 // What runs on the test's thread here runs as the main thread does, between two messages.
 
@@ -23,7 +17,6 @@ TEST(PanelPowerOn, OnMainsAppliesTheStoredLevelWithinItsBounds) {
   using Case = std::pair<const wchar_t*, std::uint32_t>;  // null: the key is missing
   for (const auto& [stored, applied] :
        {Case{L"0", 10}, {L"9", 10}, {L"11", 11}, {L"255", 255}, {L"256", 255}, {L"bright", 10}, {nullptr, 10}}) {
-    SCOPED_TRACE(testing::PrintToString(stored));
     RunningLaptop laptop({.uiRunning = true});
     laptop.settings.Set(L"Tessaview", L"Off");
     laptop.settings.Remove(L"Backlight");
@@ -38,23 +31,20 @@ TEST(PanelPowerOn, OnMainsAppliesTheStoredLevelWithinItsBounds) {
 }
 
 TEST(PanelPowerOn, FollowsThePowerSource) {
-  struct Case {
-    const char* story;
-    void (*happens)(sim::Power& power);
-    std::uint32_t stored, applied;
-  };
-  for (const auto& c : {Case{"battery", [](sim::Power& p) { p.Unplug(); }, 150, 150},
-                        {"saved battery", [](sim::Power& p) { p.Unplug(), p.BatterySaver(true); }, 59, 58},
-                        {"dim on saved battery", [](sim::Power& p) { p.Unplug(), p.BatterySaver(true); }, 57, 57},
-                        {"saver on mains", [](sim::Power& p) { p.BatterySaver(true); }, 150, 200},
-                        // The controller looks, and learns nothing; that counts as mains.
-                        {"unknown", [](sim::Power& p) { p.SourceUnknown(), p.BatterySaver(true); }, 150, 200}}) {
-    SCOPED_TRACE(c.story);
-    RunningLaptop laptop({.backlight = 200, .backlightDC = c.stored});
-    c.happens(laptop.power);
+  using Case = std::tuple<const char*, void (*)(sim::Power&), std::uint32_t, std::uint32_t>;
+  for (const auto& [story, happens, stored, applied] :
+       {Case{"battery", [](sim::Power& p) { p.Unplug(); }, 150, 150},
+        {"saved battery", [](sim::Power& p) { p.Unplug(), p.BatterySaver(true); }, 59, 58},
+        {"dim on saved battery", [](sim::Power& p) { p.Unplug(), p.BatterySaver(true); }, 57, 57},
+        {"saver on mains", [](sim::Power& p) { p.BatterySaver(true); }, 150, 200},
+        // The controller looks, and learns nothing; that counts as mains.
+        {"unknown", [](sim::Power& p) { p.SourceUnknown(), p.BatterySaver(true); }, 150, 200}}) {
+    SCOPED_TRACE(story);
+    RunningLaptop laptop({.backlight = 200, .backlightDC = stored});
+    happens(laptop.power);
     ForgetTheStory(laptop);
     TessaviewPowerControl(true);
-    EXPECT_EQ(laptop.firmware.Writes(Firmware::kBacklight), Words{c.applied});
+    EXPECT_EQ(laptop.firmware.Writes(Firmware::kBacklight), Words{applied});
   }
 }
 

@@ -2,20 +2,15 @@
 
 #include "display/panel_search.h"
 
-#include <gtest/gtest.h>
-
+#include "display/panel_geometry.h"
 #include "os/displays.h"
+#include "os/threads.h"
 #include "tests/support.h"
 
 namespace {
 
-using sim::Laptop;
-using sim::Screen;
-using tessaview::EnumDisplayDevice;
-using tessaview::gPanelDisplayInfo;
-using tessaview::PanelInfo;
-using tessaview::PanelRect;
-using tessaview::PanelsFound;
+using namespace tessaview;
+using namespace support;
 
 constexpr auto kFactory = sim::Registry::kFactoryConfig;
 constexpr PanelRect kAbsent{}, kBAtTop{0, 0, 1920, 1080}, kCBelow{0, 1080, 1920, 515};
@@ -54,30 +49,26 @@ TEST(PanelSearch, FindsBothPanelsWithAllThatIsToKnow) {
 }
 
 TEST(PanelSearch, TellsThePanelsByTheIdsUpToTheirLastBackslash) {
-  struct Case {
-    const wchar_t *b, *c;
-    int found;
-  };
+  using Case = std::tuple<const wchar_t*, const wchar_t*, int>;
   constexpr auto kB = L"DISPLAY\\BOE0D53\\4&1", kC = L"DISPLAY\\TSB8888\\4&2";
-  for (const auto& c : {Case{kB, kC, 1},
-                        {L"DISPLAY\\BOE0D53\\", L"DISPLAY\\TSB8888\\another instance", 1},
-                        {L"BOE0D53", L"TSB8888", 1},            // whole without a backslash
-                        {kB, L"DISPLAY\\BOE0D53\\another", 1},  // one display may be both
-                        {L"DISPLAY\\BOE", L"DISPLAY\\TSB", 1},  // "DISPLAY" matches every display
-                        {L"display\\boe0d53\\4&1", kC, 3},      // small letters never match
-                        {L"DISPLAY\\BOE0D5X\\1", L"X", 0},
-                        {L"\\4&1", kC, 3},                        // nothing before the backslash
-                        {L"DISPLAY\\BOE0D53\\4&9\\2", kC, 3}}) {  // an instance within would have to match
-    SCOPED_TRACE(testing::PrintToString(c.b) + testing::PrintToString(c.c));
+  for (const auto& [b, c, found] : {Case{kB, kC, 1},
+                                    {L"DISPLAY\\BOE0D53\\", L"DISPLAY\\TSB8888\\another instance", 1},
+                                    {L"BOE0D53", L"TSB8888", 1},            // whole without a backslash
+                                    {kB, L"DISPLAY\\BOE0D53\\another", 1},  // one display may be both
+                                    {L"DISPLAY\\BOE", L"DISPLAY\\TSB", 1},  // "DISPLAY" matches every display
+                                    {L"display\\boe0d53\\4&1", kC, 3},      // small letters never match
+                                    {L"DISPLAY\\BOE0D5X\\1", L"X", 0},
+                                    {L"\\4&1", kC, 3},                        // nothing before the backslash
+                                    {L"DISPLAY\\BOE0D53\\4&9\\2", kC, 3}}) {  // an instance within would have to match
+    SCOPED_TRACE(testing::PrintToString(b) + testing::PrintToString(c));
     Laptop laptop;
-    laptop.registry.SetText(kFactory, L"BPanelHardwareID", c.b);
-    laptop.registry.SetText(kFactory, L"CPanelHardwareID", c.c);
-    EXPECT_EQ(static_cast<int>(EnumDisplayDevice()), c.found);
+    laptop.registry.SetText(kFactory, L"BPanelHardwareID", b);
+    laptop.registry.SetText(kFactory, L"CPanelHardwareID", c);
+    EXPECT_EQ(static_cast<int>(EnumDisplayDevice()), found);
   }
 }
 
 TEST(PanelSearch, FindsNothingWithoutBothIds) {
-  using Registry = sim::Registry;
   for (const auto spoil : {+[](Registry& r) { r.Remove(kFactory, L"BPanelHardwareID"); },
                            // Larger than the buffer.
                            +[](Registry& r) { r.SetText(kFactory, L"BPanelHardwareID", std::wstring(512, L'B')); },
@@ -121,54 +112,81 @@ TEST(PanelSearch, IsNotLedAstrayByOtherMonitorsOrNumbersAndTakesTheLastWithAPane
 }
 
 TEST(PanelSearch, ScalesPositionsByTheSmallestScaleAndSizesByTheirOwn) {
-  struct Case {
-    std::uint32_t bDpi, cDpi, thirdDpi;
-    PanelRect b, c;
-    float bScale, cScale;
-  };
+  using Case = std::tuple<std::uint32_t, std::uint32_t, std::uint32_t, PanelRect, PanelRect, float, float>;
   // B at (-2880, -101) with 2880 x 1621 pixels, C at (-2880, 1520) with 1920 x 515.
-  for (const auto& c : {Case{144, 96, 96, {-2880, -101, 1920, 1080}, {-2880, 1520, 1920, 515}, 1.5F, 1.0F},
-                        {192, 192, 120, {-2304, -80, 1440, 810}, {-2304, 1216, 960, 257}, 2.0F, 2.0F}}) {
-    SCOPED_TRACE(c.bDpi);
+  for (const auto& [bDpi, cDpi, thirdDpi, bView, cView, bScale, cScale] :
+       {Case{144, 96, 96, {-2880, -101, 1920, 1080}, {-2880, 1520, 1920, 515}, 1.5F, 1.0F},
+        {192, 192, 120, {-2304, -80, 1440, 810}, {-2304, 1216, 960, 257}, 2.0F, 2.0F}}) {
+    SCOPED_TRACE(bDpi);
     Laptop laptop;
     auto& b = laptop.displays.bPanel();
     b.MoveTo(-2880, -101);
-    b.width = 2880, b.height = 1621, b.dpi = c.bDpi;
+    b.width = 2880, b.height = 1621, b.dpi = bDpi;
     laptop.displays.cPanel().MoveTo(-2880, 1520);
-    laptop.displays.cPanel().dpi = c.cDpi;
-    laptop.displays.AddMonitor({.dpi = c.thirdDpi});
+    laptop.displays.cPanel().dpi = cDpi;
+    laptop.displays.AddMonitor({.dpi = thirdDpi});
     EnumDisplayDevice();
     const auto found = gPanelDisplayInfo.get();
-    EXPECT_EQ(MonitorView(found.bPanel), c.b);
-    EXPECT_EQ(MonitorView(found.cPanel), c.c);
-    EXPECT_EQ(found.bPanel.scale, c.bScale);
-    EXPECT_EQ(found.cPanel.scale, c.cScale);
+    EXPECT_EQ(MonitorView(found.bPanel), bView);
+    EXPECT_EQ(MonitorView(found.cPanel), cView);
+    EXPECT_EQ(found.bPanel.scale, bScale);
+    EXPECT_EQ(found.cPanel.scale, cScale);
     EXPECT_EQ(found.bPanel.SettingsView(), (PanelRect{-2880, -101, 2880, 1621})) << "never scaled";
   }
 }
 
 TEST(PanelSearch, LeavesZeroWhatItCannotRead) {
   using sim::Faults;
-  struct Case {
-    void (*fail)(Faults& faults);
-    PanelsFound found;
-    PanelRect settings, monitor;  // of the B panel
-  };
-  const Case cases[] = {
-      {[](Faults& f) { f.Fail<&os::QueryDisplayConfiguration>(); }, PanelsFound::None, {}, {}},
-      {[](Faults& f) { f.Fail<&os::QueryTargetName>(); }, PanelsFound::None, {}, {}},
-      {[](Faults& f) { f.Fail<&os::SourceGdiName>(); }, PanelsFound::Both, {}, {}},
-      {[](Faults& f) { f.Fail<&os::DesktopMonitors>(); }, PanelsFound::Both, kBAtTop, {}},
-      {[](Faults& f) { f.Fail<&os::DisplayDeviceName>(); }, PanelsFound::Both, {}, kBAtTop},
-      {[](Faults& f) { f.Fail<&os::CurrentDisplaySettings>({.times = 1}); }, PanelsFound::Both, {}, kBAtTop},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(&c - cases);
+  using Case = std::tuple<void (*)(Faults&), PanelsFound, PanelRect, PanelRect>;  // settings, monitor: of the B panel
+  for (const auto& [fail, found, settings, monitor] :
+       {Case{[](Faults& f) { f.Fail<&os::QueryDisplayConfiguration>(); }, PanelsFound::None, {}, {}},
+        {[](Faults& f) { f.Fail<&os::QueryTargetName>(); }, PanelsFound::None, {}, {}},
+        {[](Faults& f) { f.Fail<&os::SourceGdiName>(); }, PanelsFound::Both, {}, {}},
+        {[](Faults& f) { f.Fail<&os::DesktopMonitors>(); }, PanelsFound::Both, kBAtTop, {}},
+        {[](Faults& f) { f.Fail<&os::DisplayDeviceName>(); }, PanelsFound::Both, {}, kBAtTop},
+        {[](Faults& f) { f.Fail<&os::CurrentDisplaySettings>({.times = 1}); }, PanelsFound::Both, {}, kBAtTop}}) {
     Laptop laptop;
-    c.fail(laptop.faults);
-    EXPECT_EQ(EnumDisplayDevice(), c.found);
-    EXPECT_EQ(gPanelDisplayInfo.get().bPanel.SettingsView(), c.settings);
-    EXPECT_EQ(MonitorView(gPanelDisplayInfo.get().bPanel), c.monitor);
+    fail(laptop.faults);
+    EXPECT_EQ(EnumDisplayDevice(), found);
+    EXPECT_EQ(gPanelDisplayInfo.get().bPanel.SettingsView(), settings);
+    EXPECT_EQ(MonitorView(gPanelDisplayInfo.get().bPanel), monitor);
+  }
+}
+
+TEST(PanelGeometry, IsThatOfThePanelsThatAreThere) {
+  using Case = std::tuple<Topology, PanelRect, PanelRect>;
+  Laptop laptop;
+  for (const auto& [topology, b, c] : {Case{Topology::Extend, kBAtTop, kCBelow},
+                                       {Topology::Internal, kBAtTop, kAbsent},
+                                       {Topology::External, kAbsent, kCBelow}}) {
+    laptop.displays.Project(topology);
+    InitialDisplay();
+    EXPECT_EQ(gBPanel.get(), b);
+    EXPECT_EQ(gCPanel.get(), c);
+  }
+  laptop.registry.RemoveKey(sim::Registry::kFactoryConfig);
+  InitialDisplay();
+  EXPECT_EQ(gCPanel.get(), kAbsent);
+}
+
+/// Several threads refresh at once while the system is slow and the panel comes and goes: each refresh is whole.
+TEST(PanelGeometry, IsRefreshedByOneThreadAtATime) {
+  for (std::uint32_t seed = 1; seed <= 20; ++seed) {
+    SCOPED_TRACE(seed);
+    Laptop laptop({.seed = seed, .interleaving = true});
+    laptop.faults.Slow<&os::DesktopMonitors>(7);
+    const auto start = laptop.NowMs();
+    for (int i = 0; i < 4; ++i) {
+      os::StartThread(L"refresher", [] {
+        for (int round = 0; round < 3; ++round) InitialDisplay();
+      });
+    }
+    laptop.After(10, [&] { laptop.displays.cPanel().Unplug(); });
+    laptop.After(40, [&] { laptop.displays.cPanel().Plug(); });
+    EXPECT_TRUE(laptop.Settle());
+    EXPECT_EQ(gBPanel.get(), kBAtTop);
+    EXPECT_EQ(gCPanel.get(), kCBelow);
+    EXPECT_EQ(laptop.NowMs() - start, 12 * 7U) << "no two searches at the same time";
   }
 }
 

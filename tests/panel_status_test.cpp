@@ -2,16 +2,12 @@
 
 #include "power/panel_status.h"
 
-#include <gtest/gtest.h>
-
 #include "os/displays.h"
 #include "tests/support.h"
 
 namespace {
 
-using os::Topology;
-using support::ForgetTheStory;
-using support::Texts;
+using namespace support;
 using tessaview::isTessaviewPowerOn;
 
 constexpr Topology kTopologies[] = {Topology::None, Topology::Internal, Topology::Clone, Topology::Extend,
@@ -29,7 +25,7 @@ class PanelStatus : public testing::Test {
     ForgetTheStory(laptop);
   }
 
-  support::RunningLaptop laptop{{.uiRunning = true}};
+  RunningLaptop laptop{{.uiRunning = true}};
 };
 
 TEST_F(PanelStatus, IsOnAndUnmaskedOnlyWhenChosenOnExtendedAndTheRightWayUp) {
@@ -67,20 +63,17 @@ TEST_F(PanelStatus, StaysAsItWasWithoutAChoice) {
 }
 
 TEST_F(PanelStatus, WaitsForTheCPanelInStepsForThreeSecondsAtMost) {
-  struct Case {
-    std::uint32_t appearsAfterMs, waitedMs;
-    const wchar_t* told;
-  };
-  for (const auto& c :
+  using Case = std::tuple<std::uint32_t, std::uint32_t, const wchar_t*>;
+  for (const auto& [appearsAfterMs, waitedMs, told] :
        {Case{0, 0, L"POWERON"}, {1250, 1300, L"POWERON"}, {2950, 3000, L"POWERON"}, {3001, 3000, L"POWEROFF"}}) {
-    SCOPED_TRACE(c.appearsAfterMs);
+    SCOPED_TRACE(appearsAfterMs);
     Arrange(L"On", Topology::Extend, kLandscape);
-    if (c.appearsAfterMs != 0) laptop.displays.AppearsAfter(laptop.displays.cPanel(), c.appearsAfterMs);
+    if (appearsAfterMs != 0) laptop.displays.AppearsAfter(laptop.displays.cPanel(), appearsAfterMs);
     const auto start = laptop.NowMs();
     tessaview::Update_UI_Status();
-    EXPECT_EQ(laptop.NowMs() - start, c.waitedMs);
+    EXPECT_EQ(laptop.NowMs() - start, waitedMs);
     ASSERT_FALSE(laptop.ui.Received().empty());
-    EXPECT_EQ(laptop.ui.Received()[0], c.told);
+    EXPECT_EQ(laptop.ui.Received()[0], told);
     laptop.Advance(5000);
   }
 }

@@ -2,18 +2,13 @@
 
 #include "power/power_saving.h"
 
-#include <gtest/gtest.h>
-
 #include "os/power.h"
 #include "tests/support.h"
 
 namespace {
 
+using namespace support;
 using os::PowerSetting;
-using sim::Firmware;
-using support::ForgetTheStory;
-using support::RunningLaptop;
-using Words = std::vector<std::uint32_t>;
 
 // The transitions are steps of one story each; what counts is the level written by the last step.
 struct Transition {

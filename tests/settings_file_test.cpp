@@ -1,7 +1,5 @@
 #include "core/settings_file.h"
 
-#include <gtest/gtest.h>
-
 #include "core/settings.h"
 #include "os/files.h"
 #include "os/settings_store.h"
@@ -10,9 +8,7 @@
 namespace {
 
 using namespace tessaview;
-using sim::Laptop;
-using support::LogsInOrder;
-using support::Texts;
+using namespace support;
 
 constexpr const wchar_t* kPath =
     L"C:\\Windows\\system32\\config\\systemprofile\\AppData\\Local\\NORV\\Vantyra\\TessaviewSetting.ini";
@@ -83,16 +79,6 @@ TEST(SettingsFile, AFileThatCannotBeMadeLeavesTheDefaultsInForce) {
     EXPECT_EQ(laptop.trace.Contains(L" Create ini file fail \n"), oddPath);
     EXPECT_EQ(gSettings.get().UserBacklightValueDC, 116u);
   }
-}
-
-TEST(Settings, ALevelOfZeroLivesUntilTheNextStart) {
-  Laptop laptop;
-  laptop.Boot();
-  laptop.power.Unplug();
-  laptop.ui.Send(L"BLSET", {.percent = 0});
-  EXPECT_EQ(laptop.settings.Text(L"BacklightDC"), L"0");
-  laptop.Boot();
-  EXPECT_EQ(laptop.settings.Text(L"BacklightDC"), L"116");
 }
 
 }  // namespace

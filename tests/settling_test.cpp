@@ -2,9 +2,6 @@
 // lid and power events, with display calls that fail or are slow. SETTLING_SEEDS sets how many sequences are played
 // (each test of the suite plays its share), SETTLING_SEED plays a single one.
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
 #include <random>
 
 #include "display/panel_info.h"
@@ -12,16 +9,9 @@
 
 namespace {
 
-using os::Topology;
-using sim::Firmware;
-using sim::Power;
+using namespace support;
 
 constexpr unsigned kShares = 4, kSeeds = 120;  // as many as are quick under the sanitizers; more by SETTLING_SEEDS
-
-unsigned Number(const char* variable, unsigned otherwise) {
-  const char* const text = std::getenv(variable);
-  return text == nullptr ? otherwise : static_cast<unsigned>(std::strtoul(text, nullptr, 10));
-}
 
 class Sequence {
  public:
@@ -141,7 +131,7 @@ class Sequence {
   void ExpectRest() {
     const bool wanted = laptop_.settings.Text(L"Tessaview") == L"On";
     const bool shown = wanted && IsExtended() && CPanel().orientation == 3;
-    EXPECT_EQ(support::LastPowerTold(laptop_), shown ? L"POWERON" : L"POWEROFF");
+    EXPECT_EQ(LastPowerTold(laptop_), shown ? L"POWERON" : L"POWEROFF");
     if (CPanel().OnDesktop() && laptop_.displays.topology == Topology::External) EXPECT_EQ(CPanel().orientation, 3U);
     if (!IsExtended() || !CPanel().plugged) return;  // the user's own choice, and a panel that is off and gone
     EXPECT_EQ(CPanel().orientation, 3U);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "os/desktop.h"
 #include "os/device_io.h"
 #include "os/devices.h"
 #include "os/displays.h"
@@ -7,10 +8,12 @@
 #include "os/input.h"
 #include "os/kernel_objects.h"
 #include "os/messages.h"
+#include "os/processes.h"
 #include "os/registry.h"
 #include "os/services.h"
 #include "os/settings_store.h"
 #include "os/threads.h"
+#include "os/window_control.h"
 #include "sim/laptop.h"
 
 // The door functions that the robustness tests spoil.
@@ -47,6 +50,12 @@ inline constexpr const auto& kDoors =
              &os::ReadFileVersion, &os::OwnProgramPath, &os::OverwriteByCopy, &os::Impersonate, &os::OwnToken,
              &os::EnablePrivilege, &os::RegistrySubkeys, &os::ReadRegistryNumber, &os::WriteRegistryNumber,
              &os::WriteRegistryLongNumber, &os::PresentDeviceClasses, &os::ActivePowerScheme, &os::LidCloseActionOf,
-             &os::ChangeDisplayConfiguration, &os::MonitorDevices, &os::WindowRect, &os::RootWindow, &os::IsKeyDown>;
+             &os::ChangeDisplayConfiguration, &os::MonitorDevices, &os::WindowRect, &os::RootWindow, &os::IsKeyDown,
+             &os::FindChildWindow, &os::TopWindows, &os::WindowAt, &os::RootOwner, &os::IsWindow, &os::WindowTitle,
+             &os::WindowStyle, &os::WindowExtendedStyle, &os::IsWindowVisible, &os::IsWindowMinimized, &os::MonitorOf,
+             &os::ShowWindow, &os::MoveWindow, &os::GetPlacement, &os::SetPlacement, &os::SetTopmost,
+             &os::SetWindowExtendedStyle, &os::AnswersWithin, &os::AskToClose, &os::OpenToAwaitIdle,
+             &os::AwaitInputIdle, &os::OpenToEnd, &os::TerminateProcess, &os::QueryProcessPackage, &os::ProductNames,
+             &os::CursorPosition, &os::SetCursorPosition>;
 
 }  // namespace support

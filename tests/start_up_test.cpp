@@ -1,14 +1,10 @@
-#include <gtest/gtest.h>
-
+#include "os/device_io.h"
 #include "os/messages.h"
 #include "tests/support.h"
 
 namespace {
 
-using sim::Firmware;
-using sim::KernelObjects;
-using support::LastTold;
-using support::LogsInOrder;
+using namespace support;
 
 constexpr std::uint64_t kRetailDemoTimer = 9527;
 
@@ -84,20 +80,12 @@ TEST(StartUp, ShutDownTakesBackEveryRegistrationAndTheNextStartMakesThemAgain) {
   EXPECT_TRUE(laptop.ui.Running());
 }
 
-TEST(StartUp, WaitsWithTheUiForTheEndOfSetup) {
-  sim::Laptop laptop({.saved = L"Off", .setupComplete = false});
-  EXPECT_TRUE(laptop.Boot());
-  EXPECT_TRUE(laptop.processes.Starts().empty());
-  EXPECT_TRUE(laptop.apps.Activations().empty());
-  EXPECT_FALSE(laptop.trace.Contains(L" Launch UWP \n"));
-
-  laptop.sessions.FinishSetup();
-  EXPECT_EQ(laptop.processes.StartsOf(L"NorvTessaviewCheck.exe"), 1U);
-  EXPECT_TRUE(laptop.ui.Running());
-
+TEST(StartUp, TakesSetupForUnfinishedWhenTheSystemCannotTell) {
+  Laptop laptop;
   laptop.faults.Fail<&os::IsSetupComplete>();
-  laptop.Boot();
-  EXPECT_TRUE(laptop.trace.Contains(L"isOOBEComplete = 0 \n")) << "unfinished when the system cannot tell";
+  EXPECT_TRUE(laptop.Boot());
+  EXPECT_TRUE(laptop.trace.Contains(L"isOOBEComplete = 0 \n"));
+  EXPECT_TRUE(laptop.processes.Starts().empty());
 }
 
 TEST(StartUp, WaitsForTheUsersDesktopWithoutATimeLimitAndServesWhatCameMeanwhile) {
@@ -112,7 +100,7 @@ TEST(StartUp, WaitsForTheUsersDesktopWithoutATimeLimitAndServesWhatCameMeanwhile
 
     laptop.desktop.SetForeground(shell);
     EXPECT_TRUE(laptop.Settle());
-    EXPECT_EQ(support::TimesTold(laptop, L"BLSET"), 1);
+    EXPECT_EQ(TimesTold(laptop, L"BLSET"), 1);
   }
 }
 
@@ -131,8 +119,8 @@ TEST(StartUp, AppliesThePowerTheUserChoseIfAnyAndPublishesIt) {
     laptop.Boot();
     EXPECT_EQ(laptop.firmware.PanelOn(), panelOn);
     EXPECT_EQ(laptop.firmware.Writes(Firmware::kPower).empty(), panelOn);
-    if (choice) EXPECT_GT(support::TimesTold(laptop, panelOn ? L"POWERON" : L"POWEROFF"), 0);
-    if (choice) EXPECT_EQ(support::TimesTold(laptop, panelOn ? L"POWEROFF" : L"POWERON"), 0);
+    if (choice) EXPECT_GT(TimesTold(laptop, panelOn ? L"POWERON" : L"POWEROFF"), 0);
+    if (choice) EXPECT_EQ(TimesTold(laptop, panelOn ? L"POWEROFF" : L"POWERON"), 0);
     EXPECT_EQ(laptop.settings.Text(L"Tessaview"), saved);
     EXPECT_EQ(laptop.events.Signalled(KernelObjects::kPowerEvent), signalled);
     EXPECT_FALSE(laptop.events.Signalled(KernelObjects::kSwitchingEvent));
@@ -142,13 +130,57 @@ TEST(StartUp, AppliesThePowerTheUserChoseIfAnyAndPublishesIt) {
 TEST(StartUp, TakesTheFirstPowerNotificationsForThePresentState) {
   using Case = std::tuple<bool, bool, std::uint32_t>;
   for (const auto& [onMains, saver, backlight] : {Case{true, false, 200}, {false, false, 90}, {false, true, 58}}) {
-    SCOPED_TRACE(backlight);
     sim::Laptop laptop({.backlight = 200, .backlightDC = 90, .uiRunning = true});
     if (!onMains) laptop.power.Unplug();
     laptop.power.BatterySaver(saver);
     laptop.Boot();
     EXPECT_EQ(laptop.firmware.Backlight(), backlight);
   }
+}
+
+TEST(PcScreenOnly, SwitchesThePanelOffAtTheStartOfAFirstGenerationMachine) {
+  sim::Laptop laptop({.saved = L"On", .generation = 1, .uiRunning = true});
+  laptop.displays.Project(Topology::Internal);
+  EXPECT_TRUE(laptop.Boot());
+
+  EXPECT_EQ(laptop.firmware.Writes(Firmware::kPower), Words{0});
+  EXPECT_EQ(LastTold(laptop), L"POWEROFF");
+  EXPECT_TRUE(laptop.touch.InCursorMode());
+  EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"On") << "the user chose nothing else";
+  EXPECT_TRUE(LogsInOrder(laptop, {L"isOOBEComplete = 1 \n", L"Tessaview power off \n", L"Set cursor mode \n"}));
+}
+
+TEST(PcScreenOnly, LeavesAllOtherMachinesAlone) {
+  using Case = std::tuple<const char*, int, Topology, bool>;
+  for (const auto& [story, generation, topology, setupComplete] :
+       {Case{"a machine of the second generation", 2, Topology::Internal, true},
+        {"extended", 1, Topology::Extend, true},
+        {"second screen only", 1, Topology::External, true},
+        {"still in setup", 1, Topology::Internal, false}}) {
+    SCOPED_TRACE(story);
+    sim::Laptop laptop({.saved = L"On", .generation = generation, .setupComplete = setupComplete});
+    laptop.displays.Project(topology);
+    laptop.Boot();
+    EXPECT_TRUE(laptop.firmware.Writes(Firmware::kPower).empty());
+    EXPECT_FALSE(laptop.touch.InCursorMode());
+  }
+}
+
+// The driver refuses one opening after the other: where it is that of the power-off, the rest happens all the same.
+TEST(PcScreenOnly, TellsTheUiAndThePadEvenWhenTheFirmwareCannotBeOpened) {
+  int refusedPowerOffs = 0;
+  for (std::uint32_t opened = 0; opened < 12; ++opened) {
+    SCOPED_TRACE(opened);
+    sim::Laptop laptop({.saved = L"On", .generation = 1, .uiRunning = true});
+    laptop.displays.Project(Topology::Internal);
+    laptop.faults.Fail<&os::OpenDevice>({.times = 1, .after = opened});
+    laptop.Boot();
+    if (!laptop.trace.Contains(L"Set cursor mode \n")) continue;  // it could not tell its generation
+    EXPECT_EQ(LastTold(laptop), L"POWEROFF");
+    EXPECT_TRUE(laptop.touch.InCursorMode());
+    if (laptop.firmware.Writes(Firmware::kPower).empty()) ++refusedPowerOffs;
+  }
+  EXPECT_EQ(refusedPowerOffs, 1);
 }
 
 }  // namespace

@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <iterator>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -12,7 +15,24 @@
 // What several tests ask of a laptop.
 namespace support {
 
+// What most stories speak of, by its plain name.
+using os::Bytes, os::Topology;
+using sim::Firmware, sim::KernelObjects, sim::Laptop, sim::Power, sim::Registry, sim::Screen, sim::Sessions,
+    sim::Window;
 using Texts = std::vector<std::wstring>;
+using Words = std::vector<std::uint32_t>;  // as the firmware's registers take them
+
+/// The words of a text.
+inline Texts WordsOf(const wchar_t* text) {
+  std::wistringstream stream(text);
+  return {std::istream_iterator<std::wstring, wchar_t>(stream), {}};
+}
+
+/// An environment variable's number.
+inline unsigned Number(const char* variable, unsigned otherwise) {
+  const char* const text = std::getenv(variable);
+  return text == nullptr ? otherwise : static_cast<unsigned>(std::strtoul(text, nullptr, 10));
+}
 
 /// Whether the log holds these lines, whole and in this order; others may stand between them.
 inline testing::AssertionResult LogsInOrder(const sim::Laptop& laptop, const std::vector<const wchar_t*>& lines) {
@@ -23,6 +43,12 @@ inline testing::AssertionResult LogsInOrder(const sim::Laptop& laptop, const std
     from = *at + 1;
   }
   return testing::AssertionSuccess();
+}
+
+/// Whether a debugger was told a text.
+inline bool ToldDebuggers(const sim::Laptop& laptop, const std::wstring& text) {
+  const auto& texts = laptop.trace.DebugTexts();
+  return std::find(texts.begin(), texts.end(), text) != texts.end();
 }
 
 /// How often the UI was told a text.

@@ -1,11 +1,10 @@
 // Touch reports on their way to the UI.
 
-#include <gtest/gtest.h>
-
 #include "tests/support.h"
 
 namespace {
 
+using namespace support;
 using Reports = std::vector<os::Bytes>;
 
 class TouchForwarding : public testing::Test {
@@ -18,7 +17,7 @@ class TouchForwarding : public testing::Test {
     return received;
   }
 
-  support::RunningLaptop laptop{{.uiRunning = true}};
+  RunningLaptop laptop{{.uiRunning = true}};
   sim::HidCollection& screen = laptop.touch.touchScreen();
   sim::HidCollection& pad = laptop.touch.touchPad();
 };
@@ -36,23 +35,24 @@ TEST_F(TouchForwarding, SendsTheReportAsItCameToTheMainWindow) {
 TEST_F(TouchForwarding, ThinsAContactToEveryThirdReportAndTheLift) {
   using Case = std::tuple<const char*, bool, Reports, Reports>;
   // Byte 0 is the report's id, byte 1 its flags, byte 2 numbers it.
-  const Case cases[] = {
-      {"every contact begins anew",
-       false,
-       {{1, 1, 1}, {1, 1, 2}, {1, 1, 3}, {1, 1, 4}, {1, 0, 5}, {1, 1, 6}, {1, 1, 7}},
-       {{1, 1, 1}, {1, 1, 4}, {1, 0, 5}, {1, 1, 6}}},
-      {"lifts one after the other", false, {{1, 0, 1}, {1, 0, 2}, {1, 0xFE, 3}}, {{1, 0, 1}, {1, 0, 2}, {1, 0xFE, 3}}},
-      {"the pad's finger is bit 1",
-       true,
-       {{17, 2, 1}, {17, 3, 2}, {17, 2, 3}, {17, 2, 4}, {17, 1, 5}},
-       {{17, 2, 1}, {17, 2, 4}, {17, 1, 5}}},
-      {"a report of another kind is no lift and counts all the same",
-       true,
-       {{5, 0, 1}, {5, 0, 2}, {5, 0, 3}, {5, 0, 4}, {17, 0, 5}},
-       {{5, 0, 1}, {5, 0, 4}, {17, 0, 5}}},
-      {"no flags, no lift", false, {{1}, {1}, {1}, {17}, {1, 0}}, {{1}, {17}, {1, 0}}},
-  };
-  for (const auto& [story, fromPad, reports, forwarded] : cases) {
+  for (const auto& [story, fromPad, reports, forwarded] :
+       {Case{"every contact begins anew",
+             false,
+             {{1, 1, 1}, {1, 1, 2}, {1, 1, 3}, {1, 1, 4}, {1, 0, 5}, {1, 1, 6}, {1, 1, 7}},
+             {{1, 1, 1}, {1, 1, 4}, {1, 0, 5}, {1, 1, 6}}},
+        {"lifts one after the other",
+         false,
+         {{1, 0, 1}, {1, 0, 2}, {1, 0xFE, 3}},
+         {{1, 0, 1}, {1, 0, 2}, {1, 0xFE, 3}}},
+        {"the pad's finger is bit 1",
+         true,
+         {{17, 2, 1}, {17, 3, 2}, {17, 2, 3}, {17, 2, 4}, {17, 1, 5}},
+         {{17, 2, 1}, {17, 2, 4}, {17, 1, 5}}},
+        {"a report of another kind is no lift and counts all the same",
+         true,
+         {{5, 0, 1}, {5, 0, 2}, {5, 0, 3}, {5, 0, 4}, {17, 0, 5}},
+         {{5, 0, 1}, {5, 0, 4}, {17, 0, 5}}},
+        {"no flags, no lift", false, {{1}, {1}, {1}, {17}, {1, 0}}, {{1}, {17}, {1, 0}}}}) {
     SCOPED_TRACE(story);
     EXPECT_EQ(Forwarded(fromPad ? pad : screen, reports), forwarded);
   }

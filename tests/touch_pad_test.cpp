@@ -2,15 +2,13 @@
 
 #include "touch/touch_pad.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/support.h"
 #include "touch/touch_pad_state.h"
 
 namespace {
 
+using namespace support;
 using os::HidInterface;
-using support::LogsInOrder;
 
 constexpr std::uint16_t kDesktopPage = 0x01, kDigitizerPage = 0x0D, kX = 0x30, kY = 0x31;
 
@@ -32,14 +30,12 @@ TEST(TouchPadSearch, FindsThePadByItsUsageAndThenOpensTheCollectionThatTakesItsM
 
 TEST(TouchPadSearch, GoesOnBehindACollectionItCannotUse) {
   using Case = std::tuple<const wchar_t*, void (*)(sim::HidCollection&)>;
-  const Case cases[] = {
-      {L"hHidOut = NULL\n", [](sim::HidCollection& c) { c.exclusive = true; }},
-      {L"HidD_GetAttributes failed\n", [](sim::HidCollection& c) { c.attributesReadable = false; }},
-      {L"Get PreparsedData failed!\n", [](sim::HidCollection& c) { c.hasPreparsedData = false; }},
-      {L"ERROR : SetupDiGetDeviceInterfaceDetail fial, can not get detail data.\n",
-       [](sim::HidCollection& c) { c.detail = HidInterface::Detail::NoData; }},
-  };
-  for (const auto& [line, spoil] : cases) {
+  for (const auto& [line, spoil] :
+       {Case{L"hHidOut = NULL\n", [](sim::HidCollection& c) { c.exclusive = true; }},
+        {L"HidD_GetAttributes failed\n", [](sim::HidCollection& c) { c.attributesReadable = false; }},
+        {L"Get PreparsedData failed!\n", [](sim::HidCollection& c) { c.hasPreparsedData = false; }},
+        {L"ERROR : SetupDiGetDeviceInterfaceDetail fial, can not get detail data.\n",
+         [](sim::HidCollection& c) { c.detail = HidInterface::Detail::NoData; }}}) {
     SCOPED_TRACE(testing::PrintToString(line));
     sim::Laptop laptop;
     laptop.touch.mouse().exclusive = false;
@@ -53,17 +49,15 @@ TEST(TouchPadSearch, GoesOnBehindACollectionItCannotUse) {
 
 TEST(TouchPadSearch, DoesNotConnectWhatIsNotTheWholePad) {
   using Case = std::tuple<const char*, void (*)(sim::Laptop&)>;
-  const Case cases[] = {
-      {"no controller", [](sim::Laptop& l) { l.touch.Unplug(); }},
-      {"no collection takes report 3", [](sim::Laptop& l) { l.touch.modeSwitch().outputValues[0].reportId = 4; }},
-      {"the one that does cannot be opened", [](sim::Laptop& l) { l.touch.modeSwitch().exclusive = true; }},
-      {"only another maker's takes it", [](sim::Laptop& l) { l.touch.modeSwitch().attributes.vendorId = 0x1A7C; }},
-      {"only another model's takes it", [](sim::Laptop& l) { l.touch.modeSwitch().attributes.productId = 0x1516; }},
-      {"the pad is a touch screen", [](sim::Laptop& l) { l.touch.touchPad().capabilities.usage = 4; }},
-      {"no HID class", [](sim::Laptop& l) { l.faults.Fail<&os::HidInterfaces>({.times = 1}); }},
-      {"the list is short", [](sim::Laptop& l) { l.faults.Short<&os::HidInterfaces>(4); }},
-  };
-  for (const auto& [story, arrange] : cases) {
+  for (const auto& [story, arrange] :
+       {Case{"no controller", [](sim::Laptop& l) { l.touch.Unplug(); }},
+        {"no collection takes report 3", [](sim::Laptop& l) { l.touch.modeSwitch().outputValues[0].reportId = 4; }},
+        {"the one that does cannot be opened", [](sim::Laptop& l) { l.touch.modeSwitch().exclusive = true; }},
+        {"only another maker's takes it", [](sim::Laptop& l) { l.touch.modeSwitch().attributes.vendorId = 0x1A7C; }},
+        {"only another model's takes it", [](sim::Laptop& l) { l.touch.modeSwitch().attributes.productId = 0x1516; }},
+        {"the pad is a touch screen", [](sim::Laptop& l) { l.touch.touchPad().capabilities.usage = 4; }},
+        {"no HID class", [](sim::Laptop& l) { l.faults.Fail<&os::HidInterfaces>({.times = 1}); }},
+        {"the list is short", [](sim::Laptop& l) { l.faults.Short<&os::HidInterfaces>(4); }}}) {
     SCOPED_TRACE(story);
     sim::Laptop laptop;
     arrange(laptop);
@@ -77,7 +71,6 @@ TEST(TouchPadSearch, DoesNotConnectWhatIsNotTheWholePad) {
 TEST(CursorMode, IsAReportOfThePadsOwnLength) {
   const os::Bytes full = {0x03, 0x00, 0x09, 0xA1, 0x00, 0x00, 0x0F, 0x00, 0x00, 0x00, 0x08, 0x70};
   for (const std::uint16_t length : std::initializer_list<std::uint16_t>{64, 12, 5, 1}) {
-    SCOPED_TRACE(length);
     sim::Laptop laptop;
     laptop.touch.modeSwitch().capabilities.outputReportLength = length;
     ASSERT_TRUE(tessaview::SearchTouchPadAgain());

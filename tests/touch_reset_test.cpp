@@ -1,14 +1,12 @@
 // The reset of the C panel's touch controller at start-up, and its registration for raw input.
 
-#include <gtest/gtest.h>
-
 #include "tests/support.h"
 #include "touch/device_reset.h"
 #include "touch/raw_input.h"
 
 namespace {
 
-using support::LogsInOrder;
+using namespace support;
 
 constexpr auto kCollection = L"HID\\VEN_GDX&DEV_1515&Col06";
 constexpr std::uint32_t kRemovePage = 0x21, kPageToSink = 0x120;  // RIDEV_REMOVE, _INPUTSINK, each with _PAGEONLY
@@ -41,9 +39,8 @@ TEST(TouchReset, SwitchesTheCollectionOffAndOnBetweenTwoRegistrations) {
 }
 
 TEST(TouchReset, LeavesNodesAloneWhoseFirstHardwareIdIsSpeltOtherwise) {
-  for (const auto& hardwareIds : {std::vector<std::wstring>{L"hid\\ven_gdx&dev_1515&col06"},
-                                  {L"HID_DEVICE", kCollection},
-                                  {L"HID\\VEN_GDX&DEV_1515&Col06&REV_01"}}) {
+  for (const auto& hardwareIds :
+       {Texts{L"hid\\ven_gdx&dev_1515&col06"}, {L"HID_DEVICE", kCollection}, {L"HID\\VEN_GDX&DEV_1515&Col06&REV_01"}}) {
     sim::Laptop laptop;
     laptop.touch.modeSwitch().hardwareIds = hardwareIds;
     EXPECT_TRUE(laptop.Boot());
@@ -53,35 +50,36 @@ TEST(TouchReset, LeavesNodesAloneWhoseFirstHardwareIdIsSpeltOtherwise) {
 
 TEST(TouchReset, GoesOnAsFarAsItCan) {
   using Case = std::tuple<const char*, void (*)(sim::Laptop&), std::vector<const wchar_t*>, bool>;
-  const Case cases[] = {
-      {"raw input cannot be ended",
-       [](sim::Laptop& l) { l.faults.Fail<&os::RegisterRawInput>({.error = 5, .times = 1}); },
-       {L"RegisterRawInputDevices error = 5 (0x5) \n", L"UnRegisterRawInputDevice Fail"},
-       true},
-      {"switching off is refused",
-       [](sim::Laptop& l) { l.faults.Fail<&os::EnableHidNode>({.error = 13, .times = 1}); },
-       {L"SetupDiGetClassDevs error = 13 (0xD) \n", L"Dissable Device Fail\n", L"Enable Device Success\n"},
-       true},
-      {"switching on is refused, so that the collection stays off",
-       [](sim::Laptop& l) { l.faults.Fail<&os::EnableHidNode>({.error = 13, .times = 1, .after = 1}); },
-       {L"Dissable Device Success\n", L"SetupDiGetClassDevs error = 13 (0xD) \n", L"Enable Device Fail\n"},
-       false},
-      {"the nodes cannot be listed",
-       [](sim::Laptop& l) { l.faults.Fail<&os::OpenHidNodes>({.error = 1168}); },
-       {L"SetupDiGetClassDevs error = 1168 (0x490) \n", L"Dissable Device Fail\n",
-        L"SetupDiGetClassDevs error = 1168 (0x490) \n", L"Enable Device Fail\n"},
-       true},
-      {"the raw input devices cannot be counted",
-       [](sim::Laptop& l) { l.faults.Fail<&os::RawInputDeviceCount>(); },
-       {L"Get number of devices failed\n"},
-       false},
-      {"the raw input devices cannot be listed",
-       [](sim::Laptop& l) { l.faults.Fail<&os::RawInputDevices>({.error = 122}); },
-       {L"Get pRawInputDeviceList failed\n"},
-       false},
-      {"raw input is refused", [](sim::Laptop& l) { l.faults.Fail<&os::RegisterRawInput>({.after = 1}); }, {}, false},
-  };
-  for (const auto& [story, arrange, lines, connectedInTheEnd] : cases) {
+  for (const auto& [story, arrange, lines, connectedInTheEnd] :
+       {Case{"raw input cannot be ended",
+             [](sim::Laptop& l) { l.faults.Fail<&os::RegisterRawInput>({.error = 5, .times = 1}); },
+             {L"RegisterRawInputDevices error = 5 (0x5) \n", L"UnRegisterRawInputDevice Fail"},
+             true},
+        {"switching off is refused",
+         [](sim::Laptop& l) { l.faults.Fail<&os::EnableHidNode>({.error = 13, .times = 1}); },
+         {L"SetupDiGetClassDevs error = 13 (0xD) \n", L"Dissable Device Fail\n", L"Enable Device Success\n"},
+         true},
+        {"switching on is refused, so that the collection stays off",
+         [](sim::Laptop& l) { l.faults.Fail<&os::EnableHidNode>({.error = 13, .times = 1, .after = 1}); },
+         {L"Dissable Device Success\n", L"SetupDiGetClassDevs error = 13 (0xD) \n", L"Enable Device Fail\n"},
+         false},
+        {"the nodes cannot be listed",
+         [](sim::Laptop& l) { l.faults.Fail<&os::OpenHidNodes>({.error = 1168}); },
+         {L"SetupDiGetClassDevs error = 1168 (0x490) \n", L"Dissable Device Fail\n",
+          L"SetupDiGetClassDevs error = 1168 (0x490) \n", L"Enable Device Fail\n"},
+         true},
+        {"the raw input devices cannot be counted",
+         [](sim::Laptop& l) { l.faults.Fail<&os::RawInputDeviceCount>(); },
+         {L"Get number of devices failed\n"},
+         false},
+        {"the raw input devices cannot be listed",
+         [](sim::Laptop& l) { l.faults.Fail<&os::RawInputDevices>({.error = 122}); },
+         {L"Get pRawInputDeviceList failed\n"},
+         false},
+        {"raw input is refused",
+         [](sim::Laptop& l) { l.faults.Fail<&os::RegisterRawInput>({.after = 1}); },
+         {},
+         false}}) {
     SCOPED_TRACE(story);
     sim::Laptop laptop({.uiRunning = true});
     arrange(laptop);
@@ -108,7 +106,7 @@ TEST(TouchReset, WaitsForAPadWithoutATimeLimit) {
 TEST(RawInputRegistration, NeedsTheTouchPad) {
   sim::Laptop laptop;
   EXPECT_FALSE(tessaview::RegisterCPanelRawInput());
-  EXPECT_EQ(laptop.trace.DebugTexts(), std::vector<std::wstring>{L"Connect failed! RegisterRawInputDevice failed.\n"});
+  EXPECT_EQ(laptop.trace.DebugTexts(), Texts{L"Connect failed! RegisterRawInputDevice failed.\n"});
   EXPECT_TRUE(laptop.touch.RawInputRequests().empty());
 }
 

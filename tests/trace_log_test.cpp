@@ -1,7 +1,5 @@
 #include "core/trace_log.h"
 
-#include <gtest/gtest.h>
-
 #include "core/trace_events.h"
 #include "os/threads.h"
 #include "tests/support.h"
@@ -9,8 +7,7 @@
 namespace {
 
 using namespace tessaview;
-using support::BytesOf;
-using support::Texts;
+using namespace support;
 
 TEST(TraceEvents, AreLaidOutByteForByteAsConsumersReadThem) {
   EXPECT_EQ(ProviderTraits(), BytesOf("\x19\x00"
@@ -108,7 +105,6 @@ TEST(LogTemplates, AreFilledInWithAllKindsOfValues) {
 
 TEST(LogTemplates, CutTextsThatAreTooLong) {
   for (const std::size_t length : {1022u, 1023u, 1024u, 1025u, 5000u}) {
-    SCOPED_TRACE(length);
     const std::wstring text(length, L'x');
     EXPECT_EQ(Formatted(L"%ls", text), text.substr(0, 1023));
     EXPECT_EQ(Formatted(L"InputPath = %ls", text).size(), std::min<std::size_t>(1023, length + 12));

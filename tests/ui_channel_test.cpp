@@ -1,16 +1,13 @@
 #include "uilink/ui_channel.h"
 
-#include <gtest/gtest.h>
-
 #include "os/threads.h"
 #include "tests/support.h"
 
 namespace {
 
 using namespace tessaview;
-using sim::Laptop;
+using namespace support;
 using sim::Ui;
-using support::Texts;
 
 using Sender = std::uint32_t (*)(const UiMessage&);
 struct Named {
@@ -22,17 +19,15 @@ constexpr Named kSenders[] = {{"blocking", SendUiText, false}, {"with time-out",
 
 TEST(UiChannel, TheWindowsThatAreOpenDecideWhoGetsAText) {
   using Case = std::tuple<bool, bool, const wchar_t*, std::uint32_t, const wchar_t*, const wchar_t*>;
-  const Case cases[] = {
-      {true, false, L"OPENMASK", 1, Ui::kMainClass, Ui::kMainClass},
-      {true, true, L"POWERON", 0, nullptr, nullptr},
-      {false, true, L"POWERON", 1, Ui::kGuideClass, Ui::kGuideClass},
-      {false, true, L"POWEROFF", 1, Ui::kGuideClass, Ui::kGuideClass},
-      {false, true, L"UACENTRY", 1, nullptr, Ui::kGuideClass},
-      {false, true, L"OPENMASK", 1, nullptr, nullptr},
-      {false, true, L"poweron", 1, nullptr, nullptr},
-      {false, false, L"POWERON", 0, nullptr, nullptr},
-  };
-  for (const auto& [main, guide, text, result, receiver, timeoutsReceiver] : cases) {
+  for (const auto& [main, guide, text, result, receiver, timeoutsReceiver] :
+       {Case{true, false, L"OPENMASK", 1, Ui::kMainClass, Ui::kMainClass},
+        {true, true, L"POWERON", 0, nullptr, nullptr},
+        {false, true, L"POWERON", 1, Ui::kGuideClass, Ui::kGuideClass},
+        {false, true, L"POWEROFF", 1, Ui::kGuideClass, Ui::kGuideClass},
+        {false, true, L"UACENTRY", 1, nullptr, Ui::kGuideClass},
+        {false, true, L"OPENMASK", 1, nullptr, nullptr},
+        {false, true, L"poweron", 1, nullptr, nullptr},
+        {false, false, L"POWERON", 0, nullptr, nullptr}}) {
     for (const auto& sender : kSenders) {
       SCOPED_TRACE(testing::Message() << text << ", main " << main << ", guide " << guide << ", " << sender.name);
       Laptop laptop;

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "core/settings.h"
 #include "os/files.h"
 #include "os/messages.h"
@@ -11,9 +9,8 @@
 namespace {
 
 using namespace tessaview;
+using namespace support;
 using sim::PostedMessage;
-using support::RunningLaptop;
-using support::Texts;
 
 TEST(UiCommands, NothingButTheWholeTextIsACommand) {
   RunningLaptop laptop;
@@ -25,7 +22,7 @@ TEST(UiCommands, NothingButTheWholeTextIsACommand) {
       L"",       L"alive",    L"version=1",    L"SETRESOLUTIONS",  L"GETFREQUENCYS",    L"CLOSEQUICKGUIDES"};
   for (const auto* text : kTexts) {
     SCOPED_TRACE(text);
-    support::ForgetTheStory(laptop);
+    ForgetTheStory(laptop);
     laptop.ui.Send(text, {.percent = 1, .rect = {1, 2, 3, 4}, .point = {1280, 60}});
     // The record is logged before anything else, and nothing else follows.
     EXPECT_EQ(laptop.trace.Lines(), (Texts{L"Receivedata from UI = " + std::wstring(text) + L" \n"}));
@@ -101,8 +98,7 @@ TEST(ProcessName, IsTheFileNameOfTheWindowsProgram) {
        {Case{L"C:\\Program Files\\My.App.v2\\Tool.Kit.exe", L"PROCESSNAME=Tool.Kit"},
         Case{L"C:\\Program.Files\\noextension", L"PROCESSNAME=noextension"},
         Case{L"D:\\\u4E2D\u6587 \u00C4.exe", L"PROCESSNAME=\u4E2D\u6587 \u00C4"}, Case{L"C:\\.exe", L"PROCESSNAME="}}) {
-    SCOPED_TRACE(program);
-    support::ForgetTheStory(laptop);
+    ForgetTheStory(laptop);
     const auto window = laptop.desktop.Open({.program = program});
     laptop.ui.Send(L"GETPROCESSNAME", {.handle = static_cast<std::uint64_t>(window)});
     EXPECT_EQ(laptop.ui.Received(), Texts{answer});
@@ -113,9 +109,9 @@ TEST(ProcessName, IsEmptyWhereItCannotBeTold) {
   RunningLaptop laptop;
   const auto window = laptop.desktop.Open({.program = L"C:\\Windows\\secret.exe"});
   const auto ask = [&](std::uint64_t handle) {
-    support::ForgetTheStory(laptop);
+    ForgetTheStory(laptop);
     laptop.ui.Send(L"GETPROCESSNAME", {.handle = handle});
-    return support::LastTold(laptop);
+    return LastTold(laptop);
   };
   EXPECT_EQ(ask(0), L"PROCESSNAME=");
   EXPECT_EQ(ask(0xFFFF'FFFF'FFFF'FFFF), L"PROCESSNAME=");
@@ -149,8 +145,7 @@ TEST(Versions, AreExchanged) {
   for (const auto& [text, own, answer] : {Case{L"VERSION=2.0.11.0", {1, 2, 3, 4}, L"VERSION=1.2.3.4"},
                                           Case{L"VERSION=", {0, 0, 0, 0}, L"VERSION=0.0.0.0"},
                                           Case{L"UI VERSION=7", {65535, 10, 200, 9}, L"VERSION=65535.10.200.9"}}) {
-    SCOPED_TRACE(text);
-    support::ForgetTheStory(laptop);
+    ForgetTheStory(laptop);
     laptop.files.AddProgram(laptop.files.ownProgram, own);
     laptop.ui.Send(text);
     EXPECT_EQ(laptop.ui.Received(), Texts{answer});
@@ -158,7 +153,7 @@ TEST(Versions, AreExchanged) {
   }
   laptop.faults.Fail<&os::ReadFileVersion>();
   laptop.ui.Send(L"VERSION=1");
-  EXPECT_EQ(support::LastTold(laptop), L"VERSION=0.0.0.0");
+  EXPECT_EQ(LastTold(laptop), L"VERSION=0.0.0.0");
 }
 
 }  // namespace

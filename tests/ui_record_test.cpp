@@ -1,18 +1,16 @@
 #include "uilink/ui_record.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 #include "core/settings.h"
+#include "core/utf16.h"
 #include "tests/support.h"
 #include "uilink/ui_commands.h"
 
 namespace {
 
 using namespace tessaview;
-using support::BytesOf;
-using support::RunningLaptop;
+using namespace support;
 
 void Overwrite(os::Bytes& bytes, std::size_t at, const os::Bytes& part) {
   std::copy(part.begin(), part.end(), bytes.begin() + static_cast<std::ptrdiff_t>(at));
@@ -43,7 +41,6 @@ TEST(UiRecord, EveryFieldLiesAtItsOffset) {
 
 TEST(UiRecord, HoldsTextsOfUpTo259Characters) {
   for (const std::size_t length : {0u, 1u, 258u, 259u, 260u, 261u, 5000u}) {
-    SCOPED_TRACE(length);
     const std::wstring text(length, L'\u20AC');
     const auto record = EncodeUiMessage({.text = text, .handle = 1});
     EXPECT_EQ(DecodeUiMessage(record)->text, text.substr(0, 259));
@@ -80,6 +77,38 @@ TEST(CopyData, OnlyKind102CarriesACommand) {
     laptop.ui.SendRaw(kind, os::Bytes(command.begin(), command.end()));
     EXPECT_EQ(laptop.settings.Text(L"PowerSaving"), kind == 102 ? L"0" : L"1") << kind;
   }
+}
+
+os::Bytes Utf16(std::wstring_view text) {
+  os::Bytes bytes;
+  AppendUtf16(bytes, text);
+  return bytes;
+}
+
+TEST(Utf16, TextsAreLittleEndianUnits) {
+  using Case = std::tuple<std::wstring, os::Bytes>;
+  for (const auto& [text, bytes] :
+       {Case{L"", {}},
+        {L"\u00FF\u0100\u20AC", BytesOf("\xFF\0\0\x01\xAC\x20")},
+        {L"\U00010000", BytesOf("\0\xD8\0\xDC")},  // the first and the last that take two units
+        {L"\U0010FFFF", BytesOf("\xFF\xDB\xFF\xDF")},
+        // Other programs send what they like: halves of pairs, pairs the wrong way round.
+        {std::wstring{wchar_t{0xD83D}}, BytesOf("\x3D\xD8")},
+        {std::wstring{wchar_t{0xD83D}, L'a'}, BytesOf("\x3D\xD8\x61\0")},
+        {std::wstring{wchar_t{0xDDB1}, wchar_t{0xD83D}}, BytesOf("\xB1\xDD\x3D\xD8")},
+        {L"a\U0001F5B1b", BytesOf("a\0\x3D\xD8\xB1\xDD"
+                                  "b\0")}}) {
+    EXPECT_EQ(Utf16(text), bytes);
+    EXPECT_EQ(ReadUtf16(bytes), text);
+  }
+}
+
+TEST(Utf16, ReadingStopsAtTheFirstNulOrTheEnd) {
+  EXPECT_EQ(ReadUtf16(BytesOf("A\0\0\0B\0")), L"A");
+  EXPECT_EQ(ReadUtf16(BytesOf("\0\0A\0")), L"");
+  EXPECT_EQ(ReadUtf16(BytesOf("A\0B")), L"A") << "half a unit is none";
+  EXPECT_EQ(ReadUtf16(BytesOf("A")), L"");
+  EXPECT_EQ(ReadUtf16(BytesOf("\0A\0\0")), L"\u4100") << "a zero byte is not a NUL";
 }
 
 }  // namespace

@@ -2,13 +2,11 @@
 
 #include "lifecycle/user_session.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/support.h"
 
 namespace {
 
-using sim::Sessions;
+using namespace support;
 
 constexpr auto kTool = L"C:\\Tools\\Tool.exe";
 constexpr std::uint32_t kUntouched = 4711;
@@ -30,14 +28,12 @@ Run RunTool(sim::Laptop& laptop) {
 
 TEST(UserSession, RunsProgramsAsTheFirstActiveUserOnTheInteractiveDesktop) {
   using Case = std::tuple<const char*, std::vector<sim::SessionState>, std::uint32_t>;
-  const Case cases[] = {
-      {"one user", {{0, Sessions::kDisconnected, false}, {1, Sessions::kActive, true}}, 1},
-      {"two at once",
-       {{1, Sessions::kDisconnected, true}, {3, Sessions::kActive, true}, {2, Sessions::kActive, true}},
-       3},
-      {"nobody active", {{0, Sessions::kListen, true}, {1, Sessions::kDisconnected, true}}, 0},
-  };
-  for (const auto& [story, sessions, session] : cases) {
+  for (const auto& [story, sessions, session] :
+       {Case{"one user", {{0, Sessions::kDisconnected, false}, {1, Sessions::kActive, true}}, 1},
+        {"two at once",
+         {{1, Sessions::kDisconnected, true}, {3, Sessions::kActive, true}, {2, Sessions::kActive, true}},
+         3},
+        {"nobody active", {{0, Sessions::kListen, true}, {1, Sessions::kDisconnected, true}}, 0}}) {
     SCOPED_TRACE(story);
     sim::Laptop laptop;
     laptop.sessions.all = sessions;
@@ -56,18 +52,17 @@ TEST(UserSession, RunsProgramsAsTheFirstActiveUserOnTheInteractiveDesktop) {
 
 TEST(UserSession, SaysWhyAProgramCannotBeStarted) {
   using Case = std::tuple<const char*, void (*)(sim::Laptop&), const wchar_t*, std::size_t>;
-  const Case cases[] = {
-      {"nobody is signed in to session 0, which counts when no list is to be had",
-       [](sim::Laptop& l) { l.faults.Fail<&os::Sessions>(); }, L" WTSQueryUserToken api GetLastError = 1008 \n", 0},
-      {"the token is refused", [](sim::Laptop& l) { l.faults.Fail<&os::SessionUserToken>({.error = 1314}); },
-       L" WTSQueryUserToken api GetLastError = 1314 \n", 0},
-      {"there is no environment", [](sim::Laptop& l) { l.faults.Fail<&os::CreateEnvironment>({.error = 203}); },
-       L" CreateEnvironmentBlock api GetLastError = 203 \n", 0},
-      // On this path neither token nor environment is released, and it stays so.
-      {"the program is refused", [](sim::Laptop& l) { l.processes[L"Tool.exe"].error = 1260; },
-       L" CreateProcessAsUser api GetLastError = 1260 \n", 1},
-  };
-  for (const auto& [story, arrange, line, handlesLeft] : cases) {
+  for (const auto& [story, arrange, line, handlesLeft] :
+       {Case{"nobody is signed in to session 0, which counts when no list is to be had",
+             [](sim::Laptop& l) { l.faults.Fail<&os::Sessions>(); }, L" WTSQueryUserToken api GetLastError = 1008 \n",
+             0},
+        {"the token is refused", [](sim::Laptop& l) { l.faults.Fail<&os::SessionUserToken>({.error = 1314}); },
+         L" WTSQueryUserToken api GetLastError = 1314 \n", 0},
+        {"there is no environment", [](sim::Laptop& l) { l.faults.Fail<&os::CreateEnvironment>({.error = 203}); },
+         L" CreateEnvironmentBlock api GetLastError = 203 \n", 0},
+        // On this path neither token nor environment is released, and it stays so.
+        {"the program is refused", [](sim::Laptop& l) { l.processes[L"Tool.exe"].error = 1260; },
+         L" CreateProcessAsUser api GetLastError = 1260 \n", 1}}) {
     SCOPED_TRACE(story);
     sim::Laptop laptop;
     laptop.processes[L"Tool.exe"];
@@ -76,7 +71,7 @@ TEST(UserSession, SaysWhyAProgramCannotBeStarted) {
     const auto run = RunTool(laptop);
     EXPECT_FALSE(run.started);
     EXPECT_EQ(run.exitCode, kUntouched);
-    EXPECT_EQ(laptop.trace.Lines(), std::vector<std::wstring>{line});
+    EXPECT_EQ(laptop.trace.Lines(), Texts{line});
     EXPECT_EQ(laptop.sessions.OpenTokens(), handlesLeft);
     EXPECT_EQ(laptop.sessions.OpenEnvironments(), handlesLeft);
   }
@@ -86,7 +81,6 @@ TEST(UserSession, WaitsFiveSecondsForAProgram) {
   using Case = std::tuple<std::uint32_t, bool, std::uint32_t, std::uint64_t>;
   for (const auto& [runMs, neverEnds, exitCode, tookMs] :
        {Case{0, false, 9, 0}, {4999, false, 9, 4999}, {5001, false, kUntouched, 5000}, {0, true, kUntouched, 5000}}) {
-    SCOPED_TRACE(runMs);
     sim::Laptop laptop;
     auto& tool = laptop.processes[L"Tool.exe"];
     tool.exitCode = 9;

@@ -1,26 +1,24 @@
 // The service window's own events: timers, power broadcasts, sessions, the menu and the end.
 
-#include <gtest/gtest.h>
-
 #include "os/service_window.h"
 #include "tests/support.h"
 
 namespace {
 
-using Lines = std::vector<std::wstring>;
+using namespace support;
 
 class WindowEvents : public testing::Test {
  protected:
-  support::RunningLaptop laptop{{.uiRunning = true}};
+  RunningLaptop laptop{{.uiRunning = true}};
 };
 
 TEST_F(WindowEvents, AskTheUiEveryHourToLookForUpdates) {
   laptop.Advance(3'590'000);
-  EXPECT_EQ(support::TimesTold(laptop, L"CHECKUPDATE"), 0);
+  EXPECT_EQ(TimesTold(laptop, L"CHECKUPDATE"), 0);
   laptop.Advance(10'000);
-  EXPECT_EQ(support::TimesTold(laptop, L"CHECKUPDATE"), 1);
+  EXPECT_EQ(TimesTold(laptop, L"CHECKUPDATE"), 1);
   laptop.Advance(24 * 3'600'000ULL);
-  EXPECT_EQ(support::TimesTold(laptop, L"CHECKUPDATE"), 25);
+  EXPECT_EQ(TimesTold(laptop, L"CHECKUPDATE"), 25);
   EXPECT_EQ(laptop.ui.ReceivedRecords().size(), 25U) << "and nothing else";
 }
 

@@ -1,5 +1,3 @@
-#include <mutex>
-
 #include "os/clock.h"
 #include "os/devices.h"
 #include "os/displays.h"
@@ -13,37 +11,11 @@ namespace {
 using InputContract = Contract;
 using DevicesContract = Contract;
 
-/// What the watching thread saw; guarded, because it is no thread of the test's.
-std::mutex gMutex;
-std::vector<std::uint32_t> gKeys;
-bool gWindowsKeyWasDown;
-
-void OnKey(std::uint32_t key) {
-  const std::lock_guard hold(gMutex);
-  gKeys.push_back(key);
-  if (key == os::kKeyP) gWindowsKeyWasDown = os::IsKeyDown(os::kKeyLeftWindows);
-}
-
-std::vector<std::uint32_t> Keys() {
-  const std::lock_guard hold(gMutex);
-  return gKeys;
-}
-
-TEST_F(InputContract, AWatcherSeesEachPressAndReleaseAndWhatElseIsDown) {
-  gKeys.clear();
-  ASSERT_TRUE(os::StartThread(L"watch", [] { os::WatchKeyboard(OnKey); }));
-  world::Run([] { os::Sleep(200); });  // the thread comes to watch
-  const std::pair<void (*)(std::uint32_t), std::uint32_t> strokes[]{{world::Press, os::kKeyLeftWindows},
-                                                                    {world::Press, os::kKeyP},
-                                                                    {world::Release, os::kKeyP},
-                                                                    {world::Release, os::kKeyLeftWindows}};
-  for (const auto& [stroke, key] : strokes) stroke(key);
-  world::Run([] {
-    for (int i = 0; i < 400 && Keys().size() < 4; ++i) os::Sleep(5);
-  });
-  EXPECT_EQ(Keys(), (std::vector<std::uint32_t>{0x5B, 0x50, 0x50, 0x5B}));
-  EXPECT_TRUE(gWindowsKeyWasDown);
-  EXPECT_FALSE(os::IsKeyDown(os::kKeyLeftWindows));
+TEST_F(InputContract, ThePointerGoesWhereItIsPut) {
+  for (const os::Point point : {os::Point{700, 500}, {10, 1400}}) {
+    EXPECT_TRUE(os::SetCursorPosition(point));
+    EXPECT_EQ(os::CursorPosition(), point);
+  }
 }
 
 TEST_F(InputContract, ASemaphoreHandsOnEachCountUpToItsMost) {

@@ -2,9 +2,11 @@
 #include <mutex>
 
 #include "os/clock.h"
+#include "os/desktop.h"
 #include "os/first_sign_in.h"
 #include "os/kernel_objects.h"
 #include "os/power.h"
+#include "os/process_stops.h"
 #include "os/processes.h"
 #include "os/services.h"
 #include "os/threads.h"
@@ -41,6 +43,24 @@ TEST_F(KernelObjectContract, AnEventIsOpenedNotMade) {
   EXPECT_TRUE(world::IsSignalled(kName));
   os::ResetEvent(event);
   EXPECT_FALSE(world::IsSignalled(kName));
+}
+
+TEST_F(KernelObjectContract, AnEventWithoutANameLetsEverybodyPassOnceItIsSignalled) {
+  EXPECT_FALSE(os::AwaitEvent(os::Event()));
+  world::Run([] {
+    static os::Event event;
+    event = os::NewEvent();
+    ASSERT_TRUE(event);
+    EXPECT_TRUE(os::StartThread(L"signals", [] {
+      os::Sleep(50);
+      os::SignalEvent(event);
+    }));
+    const auto start = os::NowMs();
+    constexpr std::uint64_t kClockStep = 16;  // ms: how coarse Windows counts
+    EXPECT_TRUE(os::AwaitEvent(event));
+    EXPECT_GE(os::NowMs() + kClockStep, start + 50);
+    EXPECT_TRUE(os::AwaitEvent(event)) << "it stays signalled";
+  });
 }
 
 /// What a program needs to be started with.
@@ -80,6 +100,51 @@ TEST_F(ProcessContract, WhatCannotBeStartedOrWaitedForSaysWhy) {
   EXPECT_EQ(os::ProcessImagePath(0x7FFFFFF0), L"");
 }
 
+TEST_F(ProcessContract, AnotherProgramIsAwaitedAndEnded) {
+  static os::WindowHandle window;
+  window = world::OpenWindow(L"ContractWindow", L"A window of another program");
+  const auto path = os::ProcessImagePath(os::WindowProcessId(window));
+  const auto running = os::RunningPrograms();
+  ASSERT_TRUE(running);
+  EXPECT_GT(std::count(running->begin(), running->end(), path.substr(path.rfind(L'\\') + 1)), 0);
+  world::Run([] {
+    constexpr std::uint32_t kLong = 20'000;
+    const auto id = os::WindowProcessId(window);
+    const auto start = os::NowMs();
+    const auto idle = os::OpenToAwaitIdle(id);
+    ASSERT_TRUE(idle);
+    os::AwaitInputIdle(*idle, kLong);
+    os::AwaitInputIdle(os::Process(), kLong);
+    EXPECT_LT(os::NowMs(), start + kLong) << "it waits for input, and nobody waits for none";
+    EXPECT_FALSE(os::TerminateProcess(*idle, 1)) << "not opened for that";
+    EXPECT_TRUE(os::IsWindow(window));
+    const auto ending = os::OpenToEnd(id);
+    ASSERT_TRUE(ending);
+    EXPECT_EQ(os::WaitForProcess(*ending, 10).outcome, os::WaitOutcome::TimedOut);
+    EXPECT_TRUE(os::TerminateProcess(*ending, 1));
+    EXPECT_EQ(os::WaitForProcess(*ending, kLong).outcome, os::WaitOutcome::Ended);
+    EXPECT_FALSE(os::IsWindow(window));
+  });
+  for (const std::uint32_t nobody : {0U, 0x7FFFFFF0U}) {
+    EXPECT_EQ(os::OpenToAwaitIdle(nobody).error(), 87U) << "ERROR_INVALID_PARAMETER";
+    EXPECT_EQ(os::OpenToEnd(nobody).error(), 87U);
+    EXPECT_EQ(os::QueryProcessPackage(nobody).error(), 87U);
+  }
+}
+
+TEST_F(ProcessContract, ADesktopProgramHasNoPackageAndPerhapsAProductName) {
+  const auto window = world::OpenWindow(L"ContractWindow", L"A window of another program");
+  const auto package = os::QueryProcessPackage(os::WindowProcessId(window));
+  ASSERT_TRUE(package);
+  EXPECT_FALSE(package->appUserModelId);
+  EXPECT_EQ(package->fullName + package->familyName + package->path, L"");
+  EXPECT_EQ(os::ProductNames(world::NamedProgram()), std::vector<std::wstring>{L"Tessaview controller"});
+  const auto text = world::Folder() + L"\\text.txt";
+  EXPECT_TRUE(os::ProductNames(text).empty());
+  world::WriteFile(text, "no program");
+  EXPECT_TRUE(os::ProductNames(text).empty());
+}
+
 TEST_F(ProcessContract, ATokenGivesWhatItHolds) {
   const auto own = os::OwnToken();
   ASSERT_TRUE(own);
@@ -97,6 +162,21 @@ TEST_F(ProcessContract, AThreadMayJoinComTwice) {
   world::Run([] {
     EXPECT_TRUE(os::JoinCom());
     EXPECT_TRUE(os::JoinCom());
+  });
+}
+
+TEST_F(ProcessContract, AThreadWithComReachesTheManagementServices) {
+  world::Run([] {
+    static os::Event over;
+    over = os::NewEvent();
+    ASSERT_TRUE(os::StartThread(L"management", [] {
+      EXPECT_TRUE(os::JoinComMultithreaded());
+      EXPECT_TRUE(os::InitializeComSecurity());
+      const auto locator = os::CreateManagementLocator();
+      EXPECT_TRUE(locator && os::ConnectToManagement(*locator, L"ROOT\\CIMV2"));
+      os::SignalEvent(over);
+    }));
+    EXPECT_TRUE(os::AwaitEvent(over));
   });
 }
 

@@ -1,5 +1,10 @@
+#include <atomic>
+
 #include "core/utf16.h"
+#include "os/clock.h"
 #include "os/registry.h"
+#include "os/threads.h"
+#include "os/watches.h"
 #include "tests/contract/world.h"
 
 namespace contract {
@@ -92,6 +97,38 @@ TEST_F(RegistryContract, SubkeysComeInAlphabeticalOrderOneLevelDeep) {
   }
   EXPECT_EQ(os::RegistrySubkeys(std::wstring(kKey) + L"\\List"), (std::vector<std::wstring>{L"A*b^2", L"b+c^1", L"c"}));
   EXPECT_TRUE(os::RegistrySubkeys(std::wstring(kKey) + L"\\NoSuchKey").empty());
+}
+
+std::atomic<int> gChanges;
+
+/// The changes told once they are `count`, and no more come.
+int ChangesOnce(int count) {
+  static int wanted;
+  wanted = count;
+  world::Run([] {
+    for (int i = 0; i < 400 && gChanges < wanted; ++i) os::Sleep(5);
+    os::Sleep(50);
+  });
+  return gChanges;
+}
+
+TEST_F(RegistryContract, AWatcherIsToldOfEveryChangeBelowItsKeyAlsoWhileItIsBusy) {
+  gChanges = 0;
+  world::Run([] { os::WatchRegistryKey(L"SOFTWARE\\NORV\\NoSuchKey", [] { ++gChanges; }); });  // returns
+  static const std::wstring watched = std::wstring(kKey) + L"\\Watched", below = watched + L"\\Below\\It";
+  world::SetRegistryValue(below, L"Value", {world::kDword, {0, 0, 0, 0}});
+  ASSERT_TRUE(os::StartThread(L"watch", [] {
+    os::WatchRegistryKey(watched, [] {
+      if (++gChanges == 1) EXPECT_TRUE(os::WriteRegistryNumber(below, L"Value", 2));
+    });
+  }));
+  EXPECT_EQ(ChangesOnce(0), 0);
+  EXPECT_TRUE(os::WriteRegistryNumber(below, L"Value", 1));
+  EXPECT_EQ(ChangesOnce(2), 2) << "the second one came while the first was told";
+  EXPECT_TRUE(os::WriteRegistryText(watched + L"Not", L"Value", L"1"));
+  EXPECT_EQ(ChangesOnce(3), 2) << "none of this key's";
+  EXPECT_TRUE(os::WriteRegistryText(below + L"\\New", L"Value", L"1"));
+  EXPECT_GE(ChangesOnce(3), 3);
 }
 
 }  // namespace

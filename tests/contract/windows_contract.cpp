@@ -13,7 +13,6 @@
 namespace contract {
 namespace {
 
-using DesktopContract = Contract;
 using MessageContract = Contract;
 using ServiceWindowContract = Contract;
 using os::WindowHandle;
@@ -22,39 +21,6 @@ using world::Told;
 constexpr auto kClass = L"ContractWindow";
 constexpr auto kTitle = L"A window of another program";
 constexpr std::uint32_t kCommand = 0x0111;  // WM_COMMAND
-
-TEST_F(DesktopContract, AWindowIsFoundByItsClassAndTitle) {
-  EXPECT_EQ(os::FindTopWindow(kClass), WindowHandle::None);
-  const auto window = world::OpenWindow(kClass, kTitle);
-  ASSERT_NE(window, WindowHandle::None);
-  EXPECT_EQ(os::FindTopWindow(kClass), window);
-  EXPECT_EQ(os::FindTopWindow(L"CONTRACTwindow", L"a window of ANOTHER program"), window) << "without regard to case";
-  EXPECT_EQ(os::FindTopWindow(kClass, L"Another title"), WindowHandle::None);
-  EXPECT_EQ(os::ForegroundWindow(), window);
-  EXPECT_EQ(os::WindowClassName(window), kClass);
-  EXPECT_NE(os::ProcessImagePath(os::WindowProcessId(window)), L"");
-  EXPECT_EQ(os::RootWindow(window), window);
-  const auto area = os::WindowRect(window);
-  EXPECT_TRUE(area.right > area.left && area.bottom > area.top);
-  EXPECT_NE(os::WindowStyle(window), 0U);
-  world::CloseWindow();
-  EXPECT_EQ(os::FindTopWindow(kClass), WindowHandle::None);
-  for (const auto gone : {window, WindowHandle::None}) {
-    EXPECT_EQ(os::WindowClassName(gone), L"");
-    EXPECT_EQ(os::WindowProcessId(gone), 0U);
-    EXPECT_EQ(os::RootWindow(gone), WindowHandle::None);
-    EXPECT_EQ(os::WindowRect(gone), os::Rect{});
-    EXPECT_EQ(os::WindowStyle(gone), 0U);
-  }
-}
-
-TEST_F(DesktopContract, TheDesktopsWindowCoversThePrimaryDisplayAtLeast) {
-  const auto size = os::PrimaryScreenSize();
-  EXPECT_EQ(size, (os::Size{1920, 1080}));
-  const auto area = os::WindowRect(os::DesktopWindow());
-  EXPECT_TRUE(area.left <= 0 && area.top <= 0 && area.right >= size.width && area.bottom >= size.height);
-  EXPECT_NE(os::DesktopWindow(), os::ShellWindow());
-}
 
 TEST_F(MessageContract, AMessageNameHasOneId) {
   const auto id = os::RegisterMessage(L"Contract Message");

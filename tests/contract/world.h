@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "os/hooks.h"
 #include "os/types.h"
 
 /// What a contract of the door finds on the laptop before it calls the door, and looks at afterwards. There are two
@@ -54,11 +55,17 @@ struct Launch {
 };
 Launch Exits(std::uint32_t code);
 Launch Lasts();
+std::wstring NamedProgram();  // the path of a program with the product name "Tessaview controller", once
 
 /// Opens a window of another program, in the foreground. It takes every copy-data record and answers 0.
 os::WindowHandle OpenWindow(const wchar_t* className, const wchar_t* title);
 void CloseWindow();
-void Hang();  // it answers nothing until it is woken
+/// Inside that window, and beside it, owned by it and above it, with neither maximise nor minimise box.
+inline constexpr auto kChildClass = L"ContractChild";
+os::WindowHandle OpenChild();
+os::WindowHandle OpenDialog();
+void RaiseWindowEvent(os::WindowEvent event, std::int32_t object);  // of that window's, by its program
+void Hang();                                                        // it answers nothing until it is woken
 void Wake();
 
 /// What a window was told: a copy-data record with its kind, or a posted message with its parameters.
@@ -74,6 +81,11 @@ std::vector<Told> ToldToWindow(std::size_t count);
 /// The user presses a key, or lets it go.
 void Press(std::uint32_t virtualKey);
 void Release(std::uint32_t virtualKey);
+
+/// The user moves the mouse, at once, and presses and releases its left button.
+void MovePointer(os::Point to);
+void PressButton();
+void ReleaseButton();
 
 }  // namespace world
 

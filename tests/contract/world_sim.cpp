@@ -118,14 +118,41 @@ Launch Lasts() {
   return {kProgram, L""};
 }
 
+std::wstring NamedProgram() {
+  gLaptop->files.SetProductNames(kProgram, {L"Tessaview controller"});
+  return kProgram;
+}
+
 os::WindowHandle OpenWindow(const wchar_t* className, const wchar_t* title) {
-  sim::Window window{.className = className, .title = title};
+  sim::Window window{.className = className, .title = title, .program = kProgram, .area = {100, 100, 500, 400}};
   window.copyData = [](std::uint64_t kind, os::BytesView record) {
     ToldToWindow(0);  // what was posted before
     gTold.push_back({.kindOrMessage = kind, .record = {record.begin(), record.end()}});
   };
   gWindow = gLaptop->desktop.OpenInForeground(window);
   return gWindow;
+}
+
+os::WindowHandle OpenChild() {
+  const auto& area = OpenedWindow().area;
+  return gLaptop->desktop.Open({.className = kChildClass,
+                                .program = kProgram,
+                                .area = {area.left + 20, area.top + 60, area.left + 170, area.top + 160},
+                                .style = 0x4000'0000,  // WS_CHILD
+                                .parent = gWindow});
+}
+
+os::WindowHandle OpenDialog() {
+  return gLaptop->desktop.Open({.className = L"ContractWindow",
+                                .title = L"A dialog",
+                                .program = kProgram,
+                                .area = {600, 150, 900, 350},
+                                .style = 0x80C8'0000,  // WS_POPUP | WS_CAPTION | WS_SYSMENU
+                                .owner = gWindow});
+}
+
+void RaiseWindowEvent(os::WindowEvent event, std::int32_t object) {
+  gLaptop->desktop.Raise(event, gWindow, object);
 }
 
 void CloseWindow() {
@@ -153,6 +180,18 @@ void Press(std::uint32_t virtualKey) {
 
 void Release(std::uint32_t virtualKey) {
   gLaptop->input.Release(virtualKey);
+}
+
+void MovePointer(os::Point to) {
+  gLaptop->mouse.MoveTo(to);
+}
+
+void PressButton() {
+  gLaptop->mouse.Press();
+}
+
+void ReleaseButton() {
+  gLaptop->mouse.Release();
 }
 
 }  // namespace world

@@ -1,0 +1,59 @@
+#include "os/process_stops.h"
+#include "sim/laptop.h"
+
+namespace os {
+
+using sim::Machine;
+
+Status JoinComMultithreaded() {
+  const auto call = sim::Enter<&JoinComMultithreaded>();
+  if (call.failed()) return Error{call.error()};
+  return Done{};
+}
+
+void LeaveCom() {}
+
+Status InitializeComSecurity() {
+  const auto call = sim::Enter<&InitializeComSecurity>();
+  if (call.failed()) return Error{call.error()};
+  return Done{};
+}
+
+void ReleaseLocator(LocatorHandle locator) noexcept {
+  if (sim::Laptop::IsOn()) Machine().management.Close(locator);
+}
+
+Result<ManagementLocator> CreateManagementLocator() {
+  const auto call = sim::Enter<&CreateManagementLocator>();
+  if (call.failed()) return Error{call.error()};
+  return ManagementLocator(Machine().management.OpenLocator());
+}
+
+void ReleaseManagement(ManagementHandle services) noexcept {
+  if (sim::Laptop::IsOn()) Machine().management.Close(services);
+}
+
+Result<Management> ConnectToManagement(const ManagementLocator& /*locator*/, const wchar_t* /*nameSpace*/) {
+  const auto call = sim::Enter<&ConnectToManagement>();
+  if (call.failed()) return Error{call.error()};
+  return Management(Machine().management.Connect());
+}
+
+Status SetManagementBlanket(const Management& /*services*/) {
+  const auto call = sim::Enter<&SetManagementBlanket>();
+  if (call.failed()) return Error{call.error()};
+  return Done{};
+}
+
+void CancelSubscription(SubscriptionHandle subscription) noexcept {
+  if (sim::Laptop::IsOn()) Machine().management.Close(subscription);
+}
+
+Result<ProcessStopSubscription> SubscribeToProcessStops(const Management& /*services*/, const wchar_t* query,
+                                                        const ProcessStopEvents& events) {
+  const auto call = sim::Enter<&SubscribeToProcessStops>();
+  if (call.failed()) return Error{call.error()};
+  return ProcessStopSubscription(Machine().management.Subscribe(query, events));
+}
+
+}  // namespace os

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <list>
+
+#include "os/hooks.h"
+#include "os/types.h"
+
+namespace sim {
+
+/// The programs that watch windows. What happens waits in a queue for each of them, and nobody waits for the watcher.
+class WindowEvents {
+ public:
+  using Watcher = std::function<void(os::WindowEvent, os::WindowHandle, std::int32_t object)>;
+
+  void Raise(os::WindowEvent event, os::WindowHandle window, std::int32_t object);
+  [[nodiscard]] bool IsWatched() const { return !subscriptions_.empty(); }
+
+  /// Serves the calling thread's events until its message loop is quit.
+  void Watch(os::WindowEvent first, os::WindowEvent last, const Watcher& watcher);
+
+  void EndProcess() { subscriptions_.clear(); }
+
+ private:
+  struct Event {
+    os::WindowEvent event;
+    os::WindowHandle window;
+    std::int32_t object;
+  };
+  struct Subscription {
+    os::WindowEvent first, last;
+    std::deque<Event> queue = {};
+  };
+  std::list<Subscription> subscriptions_;  // a list, so that references stay good
+};
+
+}  // namespace sim

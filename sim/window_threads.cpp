@@ -1,0 +1,55 @@
+// The threads behind the windows: they are busy, hang, take messages and close their windows.
+
+#include <algorithm>
+
+#include "sim/laptop.h"
+
+namespace sim {
+
+using os::WindowHandle;
+
+bool Desktop::AllAnswer(const Concerned& concerned) const {
+  return std::all_of(windows_.begin(), windows_.end(), [&](const Window& each) {
+    return !concerned(each) || (each.responsive && each.busyUntilMs <= Machine().NowMs());
+  });
+}
+
+bool Desktop::AwaitThreads(const Concerned& concerned, std::optional<std::uint64_t> deadlineMs) {
+  auto& laptop = Machine();
+  while (!AllAnswer(concerned)) {
+    auto wakeMs = deadlineMs;  // or before, when one of them is no longer busy
+    for (const auto& each : windows_) {
+      if (!concerned(each) || each.busyUntilMs <= laptop.NowMs()) continue;
+      wakeMs = std::min(wakeMs.value_or(each.busyUntilMs), each.busyUntilMs);
+    }
+    laptop.scheduler.WaitUntil([&] { return AllAnswer(concerned); }, wakeMs);
+    const bool inTime = wakeMs && laptop.NowMs() >= *wakeMs;  // false in a process that has ended
+    if ((!inTime || wakeMs == deadlineMs) && !AllAnswer(concerned)) return false;
+  }
+  return true;
+}
+
+bool Desktop::AwaitAnswer(WindowHandle window, std::optional<std::uint64_t> deadlineMs) {
+  const bool answers = AwaitThreads([window](const Window& each) { return each.handle == window; }, deadlineMs);
+  return answers && Find(window) != nullptr;
+}
+
+void Desktop::AwaitIdle(std::uint32_t processId, std::uint64_t deadlineMs) {
+  AwaitThreads([processId](const Window& each) { return each.processId == processId; }, deadlineMs);
+}
+
+bool Desktop::DeliverCopyData(WindowHandle window, std::uint64_t kind, os::BytesView record,
+                              std::optional<std::uint64_t> deadlineMs) {
+  if (!AwaitAnswer(window, deadlineMs)) return false;
+  if (const auto take = Find(window)->copyData) take(kind, record);
+  return true;
+}
+
+void Desktop::AskToClose(WindowHandle window) {
+  const auto* asked = Find(window);
+  if (asked == nullptr || !asked->closesWhenAsked) return;
+  if (asked->closesAfterMs == 0) return Close(window);
+  Machine().After(asked->closesAfterMs, [this, window] { Close(window); });
+}
+
+}  // namespace sim

@@ -1,0 +1,229 @@
+#include <algorithm>
+
+#include "os/clock.h"
+#include "os/desktop.h"
+#include "os/displays.h"
+#include "os/processes.h"
+#include "os/window_control.h"
+#include "tests/contract/world.h"
+
+namespace contract {
+namespace {
+
+using DesktopContract = Contract;
+using WindowControlContract = Contract;
+using os::ShowCommand;
+using os::WindowHandle;
+
+constexpr auto kClass = L"ContractWindow";
+constexpr auto kTitle = L"A window of another program";
+constexpr std::uint32_t kInvalidWindow = 1400;  // ERROR_INVALID_WINDOW_HANDLE
+
+os::Point MiddleOf(WindowHandle window) {
+  const auto area = os::WindowRect(window);
+  return {(area.left + area.right) / 2, (area.top + area.bottom) / 2};
+}
+
+TEST_F(DesktopContract, AWindowIsFoundByItsClassAndTitle) {
+  EXPECT_EQ(os::FindTopWindow(kClass), WindowHandle::None);
+  const auto window = world::OpenWindow(kClass, kTitle);
+  ASSERT_NE(window, WindowHandle::None);
+  EXPECT_EQ(os::FindTopWindow(kClass), window);
+  EXPECT_EQ(os::FindTopWindow(L"CONTRACTwindow", L"a window of ANOTHER program"), window) << "without regard to case";
+  EXPECT_EQ(os::FindTopWindow(kClass, L"Another title"), WindowHandle::None);
+  EXPECT_EQ(os::ForegroundWindow(), window);
+  EXPECT_EQ(os::WindowClassName(window), kClass);
+  EXPECT_NE(os::ProcessImagePath(os::WindowProcessId(window)), L"");
+  EXPECT_EQ(os::RootWindow(window), window);
+  const auto area = os::WindowRect(window);
+  EXPECT_TRUE(area.right > area.left && area.bottom > area.top);
+  EXPECT_NE(os::WindowStyle(window), 0U);
+  world::CloseWindow();
+  EXPECT_EQ(os::FindTopWindow(kClass), WindowHandle::None);
+  for (const auto gone : {window, WindowHandle::None}) {
+    EXPECT_EQ(os::WindowClassName(gone), L"");
+    EXPECT_EQ(os::WindowProcessId(gone), 0U);
+    EXPECT_EQ(os::RootWindow(gone), WindowHandle::None);
+    EXPECT_EQ(os::WindowRect(gone), os::Rect{});
+    EXPECT_EQ(os::WindowStyle(gone), 0U);
+  }
+}
+
+TEST_F(DesktopContract, TheDesktopsWindowCoversThePrimaryDisplayAtLeast) {
+  EXPECT_EQ(os::InputDesktopName(), L"Default");
+  const auto size = os::PrimaryScreenSize();
+  EXPECT_EQ(size, (os::Size{1920, 1080}));
+  const auto area = os::WindowRect(os::DesktopWindow());
+  EXPECT_TRUE(area.left <= 0 && area.top <= 0 && area.right >= size.width && area.bottom >= size.height);
+  EXPECT_NE(os::DesktopWindow(), os::ShellWindow());
+}
+
+TEST_F(DesktopContract, ChildrenAndDialogsBelongToTheirWindow) {
+  const auto window = world::OpenWindow(kClass, kTitle);
+  const auto child = world::OpenChild(), dialog = world::OpenDialog();
+  EXPECT_EQ(os::FindChildWindow(window, L"contractCHILD"), child);
+  EXPECT_EQ(os::FindChildWindow(window, kClass), WindowHandle::None);
+  EXPECT_EQ(os::FindChildWindow(child, world::kChildClass), WindowHandle::None);
+  EXPECT_EQ(os::FindTopWindow(world::kChildClass), WindowHandle::None) << "not a top window";
+  const struct {
+    WindowHandle window, root, rootOwner;
+  } family[]{{window, window, window}, {child, window, window}, {dialog, dialog, window}};
+  for (const auto& each : family) {
+    EXPECT_EQ(os::RootWindow(each.window), each.root);
+    EXPECT_EQ(os::RootOwner(each.window), each.rootOwner);
+    EXPECT_EQ(os::WindowProcessId(each.window), os::WindowProcessId(window));
+  }
+
+  const auto all = os::TopWindows();
+  const auto at = [&](WindowHandle wanted) { return std::find(all.begin(), all.end(), wanted); };
+  EXPECT_LT(at(dialog), at(window)) << "the topmost first";
+  EXPECT_NE(at(window), all.end());
+  EXPECT_EQ(at(child), all.end());
+
+  EXPECT_EQ(os::WindowAt(MiddleOf(child)), child);
+  EXPECT_EQ(os::WindowAt(MiddleOf(dialog)), dialog);
+  const auto area = os::WindowRect(window);
+  EXPECT_EQ(os::WindowAt({area.right - 20, area.bottom - 20}), window);
+  EXPECT_TRUE(os::ShowWindow(window, ShowCommand::Hide));
+  EXPECT_FALSE(os::IsWindowVisible(child)) << "nor is its window";
+  EXPECT_NE(os::WindowStyle(child) & os::kWsVisible, 0U);
+}
+
+TEST_F(DesktopContract, AWindowIsReadAsItIsUntilItIsGone) {
+  const auto window = world::OpenWindow(kClass, kTitle);
+  const auto dialog = world::OpenDialog();
+  EXPECT_EQ(os::FindTopWindow(nullptr, kTitle), window) << "whatever its class";
+  EXPECT_TRUE(os::IsWindow(window));
+  EXPECT_EQ(os::WindowTitle(window), kTitle);
+  constexpr auto kLooks = os::kWsCaption | os::kWsMaximizeBox | os::kWsVisible | os::kWsPopup;
+  EXPECT_EQ(os::WindowStyle(window) & kLooks, os::kWsCaption | os::kWsMaximizeBox | os::kWsVisible);
+  EXPECT_EQ(os::WindowStyle(dialog) & kLooks, os::kWsCaption | os::kWsVisible | os::kWsPopup);
+  world::CloseWindow();
+  for (const auto gone : {window, WindowHandle::None}) {
+    EXPECT_FALSE(os::IsWindow(gone) || os::IsWindowVisible(gone) || os::IsWindowMinimized(gone));
+    EXPECT_EQ(os::WindowTitle(gone), L"");
+    EXPECT_EQ(os::WindowExtendedStyle(gone), 0U);
+    EXPECT_FALSE(os::ShowWindow(gone, ShowCommand::Show) || os::AnswersWithin(gone, 100) || os::AskToClose(gone, 100));
+    EXPECT_EQ(os::MoveWindow(gone, 0, 0, 100, 100).error(), kInvalidWindow);
+    EXPECT_EQ(os::GetPlacement(gone).error(), kInvalidWindow);
+    EXPECT_EQ(os::SetPlacement(gone, {}).error(), kInvalidWindow);
+    EXPECT_EQ(os::SetTopmost(gone, true).error(), kInvalidWindow);
+    os::SetWindowExtendedStyle(gone, 0);  // returns
+  }
+  EXPECT_EQ(os::FindChildWindow(window, world::kChildClass), WindowHandle::None);
+}
+
+// ---- Changing windows ----
+
+TEST_F(WindowControlContract, AWindowIsShownAsAskedAndRemembersHowItWas) {
+  constexpr auto kVisible = os::kWsVisible, kMinimized = os::kWsMinimize, kMaximized = os::kWsMaximize;
+  const struct {
+    ShowCommand command;
+    bool wasVisible;
+    std::uint32_t state;
+  } steps[]{{ShowCommand::ShowMaximized, true, kVisible | kMaximized},
+            {ShowCommand::Minimize, true, kVisible | kMinimized},
+            {ShowCommand::Restore, true, kVisible | kMaximized},
+            {ShowCommand::ShowNormal, true, kVisible},
+            {ShowCommand::ShowMinimized, true, kVisible | kMinimized},
+            {ShowCommand::Restore, true, kVisible},
+            {ShowCommand::Hide, true, 0},
+            {ShowCommand::Hide, false, 0},
+            {ShowCommand::Show, false, kVisible}};
+  const auto window = world::OpenWindow(kClass, kTitle);
+  const auto before = os::WindowRect(window);
+  for (const auto& [command, wasVisible, state] : steps) {
+    SCOPED_TRACE(static_cast<int>(command));
+    EXPECT_EQ(static_cast<bool>(os::ShowWindow(window, command)), wasVisible);
+    EXPECT_EQ(os::WindowStyle(window) & (kVisible | kMinimized | kMaximized), state);
+    EXPECT_EQ(os::IsWindowMinimized(window), state == (kVisible | kMinimized));
+    const auto area = os::WindowRect(window);
+    if (state == kVisible) EXPECT_EQ(area, before);
+    if (state == (kVisible | kMaximized)) {
+      EXPECT_TRUE(area.left <= 0 && area.top <= 0 && area.right >= 1920 && area.bottom >= 1080) << "all of its panel";
+    }
+  }
+}
+
+TEST_F(WindowControlContract, AWindowGoesWhereItIsMovedAndLiesOnThatMonitor) {
+  const auto window = world::OpenWindow(kClass, kTitle);
+  for (const auto& monitor : os::DesktopMonitors()) {
+    const auto& at = monitor.monitor;
+    EXPECT_TRUE(os::MoveWindow(window, at.left + 50, at.top + 60, 400, 300));
+    EXPECT_EQ(os::WindowRect(window), (os::Rect{at.left + 50, at.top + 60, at.left + 450, at.top + 360}));
+    EXPECT_EQ(os::MonitorOf(window), monitor.handle);
+    EXPECT_TRUE(os::MoveWindow(window, at.left - 300, at.top + 60, 290, 300));
+    EXPECT_EQ(os::MonitorOf(window), monitor.handle) << "the nearest";
+  }
+}
+
+TEST_F(WindowControlContract, APlacementHoldsTheNormalPlaceWhateverIsShown) {
+  const auto window = world::OpenWindow(kClass, kTitle);
+  auto placement = os::GetPlacement(window);
+  ASSERT_TRUE(placement);
+  EXPECT_EQ(placement->showCmd, ShowCommand::ShowNormal);
+  EXPECT_EQ(placement->rcNormalPosition, os::WindowRect(window));
+  const os::Rect onB{300, 200, 900, 700}, onC{100, 1150, 700, 1500};
+  const struct {
+    os::Rect normal;
+    ShowCommand shown;
+    std::uint32_t state;
+    std::int32_t top;  // of the panel that it then lies on
+  } places[]{{onC, ShowCommand::ShowMaximized, os::kWsMaximize, 1080},
+             {onB, ShowCommand::ShowMinimized, os::kWsMinimize, 0},
+             {onB, ShowCommand::ShowMaximized, os::kWsMaximize, 0},
+             {onC, ShowCommand::ShowNormal, 0, 1080},
+             {onC, ShowCommand::ShowMaximized, os::kWsMaximize, 1080}};
+  for (const auto& [normal, shown, state, top] : places) {
+    placement->rcNormalPosition = normal;
+    placement->showCmd = shown;
+    EXPECT_TRUE(os::SetPlacement(window, *placement));
+    EXPECT_EQ(os::WindowStyle(window) & (os::kWsMaximize | os::kWsMinimize), state);
+    const auto now = os::GetPlacement(window);
+    ASSERT_TRUE(now);
+    EXPECT_TRUE(now->rcNormalPosition == normal && now->showCmd == shown);
+    if (state == os::kWsMinimize) continue;
+    const auto middle = MiddleOf(window);
+    EXPECT_EQ(middle.y >= 1080, top == 1080);
+    if (state == 0) EXPECT_EQ(os::WindowRect(window), normal);
+  }
+  EXPECT_TRUE(os::ShowWindow(window, ShowCommand::Restore));
+  EXPECT_EQ(os::WindowRect(window), onC);
+}
+
+TEST_F(WindowControlContract, TopmostAndExtendedStyleStay) {
+  constexpr std::uint32_t kTopmost = 8;  // WS_EX_TOPMOST
+  const auto window = world::OpenWindow(kClass, kTitle);
+  for (const bool topmost : {true, false}) {
+    EXPECT_TRUE(os::SetTopmost(window, topmost));
+    EXPECT_EQ(os::WindowExtendedStyle(window) & kTopmost, topmost ? kTopmost : 0);
+  }
+  const auto style = os::WindowExtendedStyle(window);
+  os::SetWindowExtendedStyle(window, style | os::kWsExNoActivate);
+  EXPECT_EQ(os::WindowExtendedStyle(window), style | os::kWsExNoActivate);
+}
+
+TEST_F(WindowControlContract, AHungProgramGivesNoAnswerAndAWellOneCloses) {
+  static WindowHandle window;
+  window = world::OpenWindow(kClass, kTitle);
+  world::Run([] {
+    EXPECT_TRUE(os::AnswersWithin(window, 10'000));
+    world::Hang();
+    EXPECT_FALSE(os::AnswersWithin(window, 100));
+    EXPECT_TRUE(os::IsWindow(window));
+    world::Wake();
+    EXPECT_TRUE(os::AnswersWithin(window, 10'000));
+    world::Hang();
+    EXPECT_FALSE(os::AskToClose(window, 100));
+    EXPECT_TRUE(os::IsWindow(window));
+    world::Wake();
+  });
+  window = world::OpenWindow(L"ContractSecondWindow", kTitle);
+  world::Run([] {
+    EXPECT_TRUE(os::AskToClose(window, 10'000));
+    EXPECT_FALSE(os::IsWindow(window));
+  });
+}
+
+}  // namespace
+}  // namespace contract

@@ -1,0 +1,286 @@
+#include "windows/window_mover.h"
+
+#include "tests/drags.h"
+
+// The user throws windows from panel to panel.
+
+namespace {
+
+using namespace support;
+
+class Mover : public testing::Test {
+ protected:
+  TwoPanels laptop;
+
+  os::WindowHandle Open(Window window = {}) {
+    const auto opened = laptop.desktop.OpenInForeground(std::move(window));
+    laptop.Settle();
+    return opened;
+  }
+  void MoveTo(os::Point to) { Reach(laptop, to); }
+  MoverTexts Told(os::WindowHandle window) { return MoverTold(laptop, window); }
+  Texts Words(os::WindowHandle window) { return MoverWords(laptop, window); }
+};
+
+TEST_F(Mover, ShowsTheOverlayOnceTheWindowMovesAndThePointerIsFarEnough) {
+  const auto window = Open();
+  laptop.mouse.Grab(window, kPress);
+  for (const os::Point near : {os::Point{740, 140}, {750, 160}, {650, 60}, {750, 110}}) MoveTo(near);
+  EXPECT_EQ(Told(window), MoverTexts{});
+  MoveTo({751, 115});
+  EXPECT_EQ(Told(window), (MoverTexts{{L"WSNORMAL", {700, 146}}}));
+  MoveTo({720, 120});
+  EXPECT_EQ(Told(window), MoverTexts{}) << "it stays";
+  laptop.mouse.Drop();
+  EXPECT_EQ(Told(window), (MoverTexts{{L"WSPRESS", {700, 146}}, {L"WSPRESS", {700, 146}}}));
+  EXPECT_TRUE(laptop.desktop.Journal(window).empty());
+  EXPECT_TRUE(LogsInOrder(
+      laptop,
+      {L"[Window Mover] EVENT_SYSTEM_MOVESIZESTART \n", L"[Window Mover] Window validity , To be WindowMoverHandle \n",
+       L"[Window Mover] WindowMoverRect ( 200, 100, 1200, 800 ) \n", L"[Window Mover] WindowMoverHandle on B panel \n",
+       L"[Window Mover] isMSHanlde : 0 \n", L"[Window Mover] Window Status = Moving \n",
+       L"[Window Mover] B Panel Resolution = ( X = 0, Y = 0, Width = 1920, Height = 1080) \n",
+       L"[Window Mover] WindowMoverUIEnable = TRUE \n", L"[Window Mover] Mouse Left Button Up \n",
+       L"[Window Mover] EVENT_SYSTEM_MOVESIZEEND \n"}));
+}
+
+TEST_F(Mover, HoversThrowsDownAndRecordsTheUse) {
+  const auto window = Open();
+  DragOut(laptop, window, kPress, kAway);
+  EXPECT_EQ(Words(window), Texts{L"WSNORMAL"});
+  const MoverText normal{L"WSNORMAL", {700, 146}}, down{L"WSHOVER", {675, 134}}, pin{L"WSHOVER", {675, 134}, true};
+  MoveTo(kDown);
+  MoveTo({kDown.x + 5, kDown.y + 5});
+  EXPECT_EQ(Told(window), (MoverTexts{normal, down}));
+  MoveTo(kPin);
+  EXPECT_EQ(Told(window), (MoverTexts{normal, pin}));
+  MoveTo(kAway);
+  MoveTo({900, 500});
+  EXPECT_EQ(Told(window), (MoverTexts{normal}));
+  MoveTo(kDown);
+  Told(window);
+  const auto start = laptop.NowMs();
+  laptop.mouse.Drop();
+  EXPECT_EQ(laptop.NowMs() - start, 200U);
+  EXPECT_EQ(Told(window), (MoverTexts{{L"WSPRESS", {700, 146}}, {L"WSENTER", {}}, {L"WSPRESS", {700, 146}}}));
+  EXPECT_EQ(laptop.Area(window), kCPanel);
+  EXPECT_EQ(laptop.trace.Usage(), Texts{L"DRAGMOVE_WINDOWMOVER_DOWN_notepad"});
+  EXPECT_TRUE(LogsInOrder(
+      laptop,
+      {L"[Window Mover] Hover on Window Mover UI : Down \n", L"[Window Mover] Hover on Window Mover UI : Pin \n",
+       L"[Window Mover] Leave, Show Window Mover UI (Normal)  \n",
+       L"[Window Mover] Trigger on Window Mover UI : Down \n", L"[Window Mover] Move Window to C Panel \n"}));
+}
+
+TEST_F(Mover, PinsWithALongerPauseAndNoRecordOfTheUse) {
+  const auto window = Open();
+  DragOut(laptop, window, kPress, kPin);
+  Told(window);
+  const auto start = laptop.NowMs();
+  laptop.mouse.Drop();
+  EXPECT_EQ(laptop.NowMs() - start, 1000U);
+  EXPECT_EQ(Told(window), (MoverTexts{{L"WSPRESS", {700, 146}}, {L"WSENTER", {}, true}, {L"WSPRESS", {700, 146}}}));
+  EXPECT_EQ(laptop.Area(window), kCPanel);
+  EXPECT_TRUE(laptop.trace.Usage().empty());
+}
+
+TEST_F(Mover, ThrowsUpFromTheCPanel) {
+  const auto window = Open({.area = kOnCPanel});
+  DragOut(laptop, window, kPressOnC, kAwayOnC);
+  const MoverText normal{L"WSWINUPNORMAL", {640, 1158}}, hover{L"WSWINUPHOVER", {640, 1158}};
+  MoveTo(kUp);
+  MoveTo(kAwayOnC);
+  EXPECT_EQ(Told(window), (MoverTexts{normal, normal, hover, normal}));
+  MoveTo(kUp);
+  Told(window);
+  laptop.mouse.Drop();
+  EXPECT_EQ(Told(window), (MoverTexts{{L"WSPRESS", {700, 1166}}, {L"WSENTER", {}}, {L"WSPRESS", {700, 1166}}}));
+  EXPECT_EQ(laptop.Area(window), kBPanel);
+  EXPECT_EQ(laptop.trace.Usage(), Texts{L"DRAGMOVE_WINDOWMOVER_UP_notepad"});
+}
+
+TEST_F(Mover, UsesTheLargeLayoutOnPanelsOfManyPixels) {
+  auto& b = laptop.displays.bPanel();
+  b.nativeWidth = b.width = 3840, b.nativeHeight = b.height = 2160;
+  auto& c = laptop.displays.cPanel();
+  c.nativeWidth = c.height = 1080, c.nativeHeight = c.width = 2160;
+  laptop.displays.Changed();
+  const auto window = Open();
+  DragOut(laptop, window, kPress, {840, 270});
+  EXPECT_EQ(Told(window), (MoverTexts{{L"WSNORMAL", {700, 146}, false, true},
+                                      {L"WSNORMAL", {700, 146}, false, true},
+                                      {L"WSHOVER", {650, 122}, false, true}}));
+  MoveTo(kPress);
+  laptop.mouse.Drop();
+  EXPECT_EQ(Told(window).back(), (MoverText{L"WSPRESS", {700, 146}, false, true}));
+
+  const auto onC = Open({.area = {1100, 2200, 1900, 2800}});
+  DragOut(laptop, onC, {1500, 2210}, {1700, 2500});
+  EXPECT_EQ(Told(onC), (MoverTexts{{L"WSWINUPNORMAL", {1380, 2266}, false, true}}));
+}
+
+TEST_F(Mover, DownWinsWhereTheNewerUisFirstAreasOverlap) {
+  laptop.ui.Send(L"VERSION=9.9");
+  const auto window = Open();
+  const os::Point both{775, 200};
+  DragOut(laptop, window, kPress, both);
+  const MoverText normal{L"WSNORMAL", {570, 106}}, down{L"WSHOVER", {570, 106}}, pin{L"WSHOVER", {570, 106}, true};
+  EXPECT_EQ(Told(window), (MoverTexts{normal, normal, down}));
+  MoveTo({776, 200});
+  EXPECT_EQ(Told(window), (MoverTexts{normal, pin})) << "from then on they are apart";
+}
+
+TEST_F(Mover, LeavesAloneWhatIsNoThrow) {
+  const auto window = Open(), dialog = Open({.style = kDialogStyle}), ui = Open({.className = L"Tessaview_Setting"});
+  auto& monitor = laptop.displays.AddMonitor({.x = 1920});
+  laptop.displays.Changed();
+  const auto elsewhere = Open({.area = {2000, 100, 3000, 800}});
+  laptop.trace.Clear();
+  laptop.mouse.GrabBorder(window, {1195, 795});
+  laptop.mouse.Glide({900, 500});
+  laptop.mouse.Drop();
+  EXPECT_EQ(Words(window), Texts{L"WSPRESS"}) << "sized";
+  for (const auto& [dragged, line] :
+       {std::pair(dialog, L"[Window Mover] WindowMoverHandle on B panel, No MinimizeBox \n"),
+        {elsewhere, L"[Window Mover] Is on B panel = 0, isTessaviewPowerOn = 1, isTessaviewAlive = 1 \n"}}) {
+    const auto x = dragged == elsewhere ? 1800 : 0;
+    laptop.mouse.DragTitleBar(dragged, {kPress.x + x, kPress.y}, {kDown.x + x, kDown.y});
+    EXPECT_EQ(Words(dragged), Texts{L"WSPRESS"});
+    EXPECT_TRUE(laptop.trace.Contains(line));
+    EXPECT_TRUE(laptop.desktop.Journal(dragged).empty());
+  }
+  laptop.mouse.DragTitleBar(ui, kPress, kDown);
+  EXPECT_TRUE(laptop.trace.Contains(L"[Window Mover] Window not validity \n"));
+  EXPECT_EQ(Words(elsewhere), Texts{L"WSPRESS"}) << "the last one that was looked at";
+  EXPECT_TRUE(monitor.plugged);
+}
+
+TEST_F(Mover, NeedsTheUiAndThePanel) {
+  const auto window = Open();
+  laptop.ui.Send(L"DIED");
+  laptop.mouse.DragTitleBar(window, kPress, kDown);
+  EXPECT_EQ(Words(window), Texts{L"WSPRESS"});
+  EXPECT_TRUE(
+      laptop.trace.Contains(L"[Window Mover] Is on B panel = 1, isTessaviewPowerOn = 1, isTessaviewAlive = 0 \n"));
+  laptop.ui.Send(L"CLOSEQUICKGUIDE");
+  laptop.ui.OpenGuide();
+  laptop.mouse.DragTitleBar(window, {775, 201}, kDown);
+  laptop.ui.CloseGuide();
+  laptop.hotKey.UseF6(2);
+  laptop.desktop.Drag(window, {200, 100, 1200, 800});
+  laptop.mouse.DragTitleBar(window, kPress, kDown);
+  EXPECT_TRUE(Words(window).empty());
+  EXPECT_EQ(laptop.trace.Count(L"[Window Mover] EVENT_SYSTEM_MOVESIZESTART \n"), 1U);
+}
+
+TEST_F(Mover, IsOffForGoodOnceTheUiDoesWithoutIt) {
+  const auto window = Open();
+  laptop.ui.Send(L"BLOCKACTIONMENU");
+  laptop.mouse.DragTitleBar(window, kPress, kDown);
+  MoveTo({960, 1594});
+  EXPECT_TRUE(laptop.ui.Received().empty());
+}
+
+TEST_F(Mover, ShowsThatMicrosoftsApplicationsCannotBeThrown) {
+  laptop.files.SetProductNames(L"C:\\Office\\word.exe", {L"Microsoft Office"});
+  const auto window = Open({.program = L"C:\\Office\\word.exe"});
+  DragOut(laptop, window, kPress, kDown);
+  MoveTo(kPin);
+  EXPECT_EQ(Told(window), (MoverTexts{{L"MSWSNORMAL", {700, 146}}}));
+  laptop.mouse.Drop();
+  EXPECT_EQ(Words(window), (Texts{L"WSPRESS", L"WSPRESS"}));
+  EXPECT_TRUE(laptop.desktop.Journal(window).empty());
+  const auto onC = Open({.program = L"C:\\Office\\word.exe", .area = kOnCPanel});
+  DragOut(laptop, onC, kPressOnC, kUp);
+  laptop.mouse.Drop();
+  EXPECT_EQ(Words(onC), (Texts{L"MSWSNORMAL", L"WSPRESS", L"WSPRESS"}));
+}
+
+TEST_F(Mover, EscTakesTheOverlayDownAndNothingIsThrown) {
+  const auto window = Open();
+  DragOut(laptop, window, kPress, kDown);
+  laptop.mouse.CancelDrag();
+  EXPECT_EQ(Words(window).back(), L"WSPRESS");
+  MoveTo(kPin);
+  laptop.mouse.Drop();
+  EXPECT_TRUE(Words(window).empty());
+  EXPECT_EQ(laptop.Area(window), (os::Rect{200, 100, 1200, 800}));
+  // Nor does the next drag begin with what was hovered.
+  DragOut(laptop, window, kPress, kAway);
+  EXPECT_EQ(Words(window), Texts{L"WSNORMAL"});
+  laptop.mouse.Drop();
+  EXPECT_EQ(Words(window), (Texts{L"WSPRESS", L"WSPRESS"}));
+}
+
+TEST_F(Mover, ATapCountsOnlySoonAfterUpOrDown) {
+  const auto window = Open();
+  for (const auto& [command, afterMs, counts] :
+       {std::tuple(L"", 0U, false), {L"UP", 400U, true}, {L"DOWN", 499U, true}, {L"DOWN", 500U, false}}) {
+    SCOPED_TRACE(afterMs);
+    laptop.Advance(10'000);
+    laptop.ui.Send(command);
+    laptop.Advance(afterMs);
+    laptop.trace.Clear();
+    laptop.mouse.Grab(window, kPress);
+    laptop.mouse.Drop();
+    EXPECT_EQ(laptop.trace.Contains(L"[WM_LBUTTONUP] TouchContinuetime_Event = " + std::to_wstring(afterMs) + L" \n"),
+              counts);
+    EXPECT_EQ(laptop.trace.Contains(L"[Window Mover] Mouse Left Button Up \n"), counts);
+  }
+}
+
+TEST_F(Mover, ATapIsShortAndNear) {
+  const auto window = Open();
+  for (const auto& [heldMs, to, isTap] : {std::tuple(299U, os::Point{719, 129}, true),
+                                          {300U, os::Point{700, 110}, false},
+                                          {299U, os::Point{720, 110}, false},
+                                          {299U, os::Point{700, 130}, false}}) {
+    laptop.trace.Clear();
+    laptop.desktop.Drag(window, {200, 100, 1200, 800});
+    laptop.mouse.Grab(window, kPress);
+    MoveTo(to);
+    laptop.Advance(heldMs);
+    laptop.mouse.Drop();
+    EXPECT_NE(laptop.trace.Contains(L"[Window Mover] Mouse Left Button Up \n"), isTap) << heldMs << " " << to.x;
+  }
+}
+
+TEST_F(Mover, TheNavigatorComesAtTheLowerEdgeOnceEachTime) {
+  using Step = std::tuple<os::Point, std::ptrdiff_t>;
+  for (const auto& [to, times] :
+       {Step{{960, 1590}, 0}, Step{{0, 1594}, 0}, Step{{960, 1591}, 1}, Step{{900, 1594}, 1}, Step{{960, 1495}, 1},
+        Step{{960, 1594}, 1}, Step{{960, 1494}, 1}, Step{{1, 1593}, 2}}) {
+    MoveTo(to);
+    EXPECT_EQ(TimesTold(laptop, L"NAVIGATORSHOW"), times) << to.x << " " << to.y;
+  }
+}
+
+TEST_F(Mover, WhatAHungUiMissesIsBoundedAndNeverAnEnd) {
+  constexpr int kDrags = 5, kSwings = 40;
+  const auto window = Open();
+  laptop.ui.Hang();
+  DragOut(laptop, window, kPress, kDown);
+  laptop.mouse.Drop();
+  laptop.ui.Recover();
+  EXPECT_EQ(Words(window), (Texts{L"WSNORMAL", L"WSNORMAL", L"WSHOVER", L"WSPRESS", L"WSENTER", L"WSPRESS"}));
+  laptop.ui.Hang();
+  for (int drag = 0; drag < kDrags; ++drag) {
+    laptop.desktop.Drag(window, {200, 100, 1200, 800});
+    DragOut(laptop, window, kPress, kAway);
+    for (int swing = 0; swing < kSwings; ++swing) {
+      MoveTo(kDown);
+      MoveTo(kPin);
+    }
+    laptop.mouse.Drop();
+  }
+  EXPECT_EQ(laptop.mouse.LongestHoldUpMs(), 0U);
+  EXPECT_EQ(laptop.Area(window), kCPanel);
+  laptop.ui.Recover();
+  const auto words = Words(window);
+  EXPECT_EQ(std::count(words.begin(), words.end(), L"WSPRESS"), 2 * kDrags);
+  EXPECT_EQ(std::count(words.begin(), words.end(), L"WSENTER"), kDrags);
+  EXPECT_LE(words.size(), 65U);
+  EXPECT_EQ(Texts(words.end() - 3, words.end()), (Texts{L"WSPRESS", L"WSENTER", L"WSPRESS"}));
+}
+
+}  // namespace
