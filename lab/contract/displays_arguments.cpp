@@ -13,8 +13,8 @@
 #include <numeric>
 #include <tuple>
 
-#include "contract/com_object.h"
 #include "contract/patched.h"
+#include "kit/com_object.h"
 #include "os/displays.h"
 
 namespace contract {
@@ -134,7 +134,7 @@ TEST(DisplayArguments, AScaleIsTheMonitorsEffectiveHorizontalOne) {
 
 TEST(DisplayArguments, TheWallpaperObjectsPathsKeepTheirOrderAndGaps) {
   EXPECT_TRUE(os::WallpaperMonitorPaths().empty()) << "Wine has no such object";
-  static auto object = ComObject()
+  static auto object = lab::ComObject()
                            .With(
                                5,
                                +[](void*, UINT at, wchar_t** path) -> HRESULT {
@@ -148,7 +148,7 @@ TEST(DisplayArguments, TheWallpaperObjectsPathsKeepTheirOrderAndGaps) {
   CONTRACT_PATCH(CoCreateInstance,
                  [](auto, auto, auto, auto, auto out) -> HRESULT { return *out = object.Interface(), S_OK; });
   EXPECT_EQ(os::WallpaperMonitorPaths(), (std::vector<std::wstring>{L"one", L"", L"two"}));
-  EXPECT_EQ(object.releases(), 1U);
+  EXPECT_EQ(object.releases(), 1);
 }
 
 }  // namespace

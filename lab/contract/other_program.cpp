@@ -25,16 +25,47 @@ void Hang() {
   for (journal->hangs = 1; journal->hangs != 0;) Sleep(5);
 }
 
+LRESULT AnswerOf(HWND window) {
+  return reinterpret_cast<LRESULT>(window);
+}
+
+LRESULT Serve(HWND window, Request request, LPARAM parameter) {
+  const HINSTANCE program = GetModuleHandleW(nullptr);
+  switch (request) {
+    case Request::Hang:
+      Hang();
+      return 0;
+    case Request::OpenChild: {
+      WNDCLASSW childClass{};
+      childClass.lpfnWndProc = DefWindowProcW;
+      childClass.hInstance = program;
+      childClass.lpszClassName = kOtherChild;
+      RegisterClassW(&childClass);
+      return AnswerOf(CreateWindowExW(0, kOtherChild, L"", WS_CHILD | WS_VISIBLE, 20, 20, 150, 100, window, nullptr,
+                                      program, nullptr));
+    }
+    case Request::OpenDialog: {
+      std::array<wchar_t, 64> className{};
+      GetClassNameW(window, className.data(), static_cast<int>(className.size()));
+      return AnswerOf(CreateWindowExW(0, className.data(), L"A dialog", WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE,
+                                      600, 150, 300, 200, window, nullptr, program, nullptr));
+    }
+    case Request::Raise:
+      NotifyWinEvent(LOWORD(parameter), window, static_cast<SHORT>(HIWORD(parameter)), CHILDID_SELF);
+      return 0;
+  }
+  return 0;
+}
+
 LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   constexpr UINT kFirstRegistered = 0xC000;
-  if (message == HangMessage()) {
-    Hang();
-  } else if (message == WM_COPYDATA) {
+  if (message == RequestMessage()) return Serve(window, static_cast<Request>(wParam), lParam);
+  if (message == WM_COPYDATA) {
     Note(wParam, 0, 0, reinterpret_cast<const COPYDATASTRUCT*>(lParam));
   } else if (message >= kFirstRegistered) {
     Note(message, wParam, lParam, nullptr);
   } else if (message == WM_DESTROY) {
-    PostQuitMessage(0);
+    if (GetWindow(window, GW_OWNER) == nullptr) PostQuitMessage(0);
   } else {
     return DefWindowProcW(window, message, wParam, lParam);
   }
@@ -66,8 +97,8 @@ WindowJournal* SharedJournal() {
   return journal;
 }
 
-UINT HangMessage() {
-  static const UINT message = RegisterWindowMessageW(L"Tessaview Contract Hang");
+UINT RequestMessage() {
+  static const UINT message = RegisterWindowMessageW(L"Tessaview Contract Request");
   return message;
 }
 

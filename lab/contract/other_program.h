@@ -27,8 +27,15 @@ struct WindowJournal {
 /// The shared journal; null when it cannot be had.
 [[nodiscard]] WindowJournal* SharedJournal();
 
-/// What makes the window hang until `hangs` of the journal is 0 again.
-[[nodiscard]] UINT HangMessage();
+/// What its window is asked, by the message registered by this name, the Request in wParam.
+[[nodiscard]] UINT RequestMessage();
+enum class Request : WPARAM {
+  Hang,        // until `hangs` of the journal is 0 again; posted
+  OpenChild,   // inside the window, of class kOtherChild; answered with its handle
+  OpenDialog,  // owned by the window, beside it; answered with its handle
+  Raise,       // the WinEvent in the low word of lParam, of the object in its high word
+};
+inline constexpr wchar_t kOtherChild[] = L"ContractChild";
 
 /// The exit code of a start as the other program; nothing when the arguments say that this one is the contracts'.
 ///     --exit CODE · --last (2 seconds) · --window CLASS TITLE

@@ -11,7 +11,7 @@ namespace contract {
 /// The system's own function of this name, in whichever of the libraries that the door imports from.
 [[nodiscard]] inline void* SystemFunction(const char* name) {
   for (const auto* dll : {"kernel32", "user32", "advapi32", "setupapi", "wtsapi32", "userenv", "powrprof", "shcore",
-                          "ole32", "shell32"}) {
+                          "ole32", "shell32", "wevtapi"}) {
     if (const auto found = GetProcAddress(GetModuleHandleA(dll), name)) return reinterpret_cast<void*>(found);
   }
   return nullptr;

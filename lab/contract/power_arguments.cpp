@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "contract/patched.h"
+#include "os/hooks.h"
 #include "os/input.h"
 #include "os/power.h"
 
@@ -64,6 +65,26 @@ TEST(InputArguments, AClickIsAPressAndARelease) {
   });
   os::ClickLeftButton();
   EXPECT_EQ(asked, "2 4 ");
+}
+
+TEST(HooksArguments, AllProgramsAreWatchedAndWhoCannotWatchReturns) {
+  static std::string asked;
+  asked.clear();
+  CONTRACT_PATCH(SetWindowsHookExW, [](int kind, HOOKPROC procedure, HINSTANCE program, DWORD thread) -> HHOOK {
+    const bool all = procedure != nullptr && program == GetModuleHandleW(nullptr) && thread == 0;
+    return asked += std::to_string(kind) + (all ? " " : "? "), nullptr;
+  });
+  CONTRACT_PATCH(
+      SetWinEventHook,
+      [](DWORD first, DWORD last, HMODULE program, auto, DWORD process, DWORD thread, DWORD flags) -> HWINEVENTHOOK {
+        const bool all = program == nullptr && process == 0 && thread == 0;
+        asked += std::to_string(first) + "-" + std::to_string(last) + (all ? " " : "? ");
+        return asked += std::to_string(flags), nullptr;
+      });
+  os::WatchKeyboard([](auto) {});
+  os::WatchMouse([](auto, auto) {});
+  os::WatchWindowEvents(os::WindowEvent::Foreground, os::WindowEvent::LocationChange, [](auto, auto, auto) {});
+  EXPECT_EQ(asked, "13 14 3-32779 2") << "the own process is left out";
 }
 
 }  // namespace

@@ -7,11 +7,17 @@
 #include <wtsapi32.h>
 
 #include <cstring>
+#include <cwchar>
+#include <utility>
 
-#include "contract/com_object.h"
 #include "contract/patched.h"
+#include "kit/com_object.h"
 #include "os/first_sign_in.h"
 #include "os/processes.h"
+
+// The cross-compiler's headers lack appmodel.h.
+extern "C" __declspec(dllimport) LONG WINAPI GetPackageFullName(HANDLE process, UINT32* length, PWSTR name);
+extern "C" __declspec(dllimport) LONG WINAPI GetPackageFamilyName(HANDLE process, UINT32* length, PWSTR name);
 
 namespace contract {
 namespace {
@@ -101,7 +107,7 @@ TEST(ProcessArguments, ForeignRightsThatCannotBeGivenBackEndTheProcess) {
 TEST(ProcessArguments, AnActivationPassesItsArgumentOrNone) {
   static std::wstring asked;
   static DWORD where;
-  static auto object = ComObject().With(
+  static auto object = lab::ComObject().With(
       3, +[](void*, LPCWSTR id, LPCWSTR argument, int options, DWORD*) -> HRESULT {
         asked = std::wstring(id) + L"|" + (argument != nullptr ? argument : L"none") + std::to_wstring(options);
         return argument != nullptr ? S_OK : static_cast<HRESULT>(0x80270254);
@@ -117,9 +123,9 @@ TEST(ProcessArguments, AnActivationPassesItsArgumentOrNone) {
   EXPECT_EQ(asked, L"App|hide0");
   EXPECT_EQ(os::ActivateApplication(*manager, L"App", L"").error(), 0x80270254U);
   EXPECT_EQ(asked, L"App|none0");
-  EXPECT_EQ(object.releases(), 0U);
+  EXPECT_EQ(object.releases(), 0);
   manager->reset();
-  EXPECT_EQ(object.releases(), 1U);
+  EXPECT_EQ(object.releases(), 1);
 }
 
 TEST(ProcessArguments, TheShellIsAskedToOpenNothing) {
@@ -130,6 +136,52 @@ TEST(ProcessArguments, TheShellIsAskedToOpenNothing) {
         return reinterpret_cast<HINSTANCE>(static_cast<INT_PTR>(nothing && show == SW_SHOW ? 42 : 0));
       });
   EXPECT_EQ(os::ShellOpenNothing(), 42);
+}
+
+// ---- Packages, two of whose functions are looked up when the program runs ----
+
+bool gPackaged;
+
+/// Answers a package function: its text, for the process or package that it is asked about.
+LONG Tell(bool right, const wchar_t* text, UINT32* length, PWSTR to) {
+  if (!right) return ERROR_INVALID_PARAMETER;
+  const auto size = static_cast<UINT32>(std::wcslen(text) + 1);
+  if (std::exchange(*length, size) < size) return ERROR_INSUFFICIENT_BUFFER;
+  std::memcpy(to, text, size * sizeof(wchar_t));
+  return ERROR_SUCCESS;
+}
+
+FARPROC WINAPI FindPackageFunction(HMODULE, LPCSTR name) {
+  void* found = nullptr;
+  if (std::strcmp(name, "GetApplicationUserModelId") == 0)
+    found = reinterpret_cast<void*>(+[](HANDLE process, UINT32* length, PWSTR to) -> LONG {
+      return gPackaged ? Tell(process != nullptr, L"Family!App", length, to) : 15703;
+    });
+  if (std::strcmp(name, "GetPackagePathByFullName") == 0)
+    found = reinterpret_cast<void*>(+[](PCWSTR package, UINT32* length, PWSTR to) -> LONG {
+      return Tell(std::wcscmp(package, L"Full_1.0") == 0, L"C:\\Apps\\Full", length, to);
+    });
+  return reinterpret_cast<FARPROC>(found);
+}
+
+TEST(PackageArguments, APackagedProgramTellsAllOfItsPackageAndADesktopProgramNothing) {
+  CONTRACT_PATCH(GetProcAddress, FindPackageFunction);
+  CONTRACT_PATCH(GetPackageFullName, [](HANDLE, UINT32* length, PWSTR to) -> LONG {
+    return gPackaged ? Tell(true, L"Full_1.0", length, to) : 15700;  // APPMODEL_ERROR_NO_PACKAGE
+  });
+  CONTRACT_PATCH(GetPackageFamilyName, [](HANDLE, UINT32* length, PWSTR to) -> LONG {
+    return gPackaged ? Tell(true, L"Family", length, to) : 15700;
+  });
+  gPackaged = true;
+  const auto packaged = os::QueryProcessPackage(GetCurrentProcessId());
+  ASSERT_TRUE(packaged && packaged->appUserModelId);
+  EXPECT_EQ(*packaged->appUserModelId + L" " + packaged->fullName + L" " + packaged->familyName + L" " + packaged->path,
+            L"Family!App Full_1.0 Family C:\\Apps\\Full");
+  gPackaged = false;
+  const auto desktop = os::QueryProcessPackage(GetCurrentProcessId());
+  ASSERT_TRUE(desktop);
+  EXPECT_EQ(desktop->appUserModelId.error(), os::kNoApplication);
+  EXPECT_EQ(desktop->fullName + desktop->familyName + desktop->path, L"");
 }
 
 // ---- Windows setup, whose functions are looked up when the program runs ----

@@ -9,10 +9,12 @@
 #include "contract/other_program.h"
 #include "kit/firmware_driver.h"
 #include "kit/journal.h"
+#include "kit/pointer.h"
 #include "kit/process.h"
 #include "kit/touch_controller.h"
 #include "os/device_io.h"
 #include "os/files.h"
+#include "patch/patched_calls.h"
 #include "tests/contract/world.h"
 
 namespace world {
@@ -37,8 +39,22 @@ bool BringFirmwareDriverBack() {
   return !std::exchange(gFirmwareStopped, false) || gFirmware.Start();
 }
 
+/// Wine places only its own process's windows: the lab's import patch is part of this world.
+bool PlaceWindowsOfOthers() {
+  for (const auto& call : lab::patch::WindowCalls()) lab::patch::Redirect(call);
+  return true;
+}
+
 bool Boot() {
-  return gFirmware.Install() && gTouch.Install();
+  return PlaceWindowsOfOthers() && gFirmware.Install() && gTouch.Install();
+}
+
+os::WindowHandle ToDoor(HWND window) {
+  return static_cast<os::WindowHandle>(reinterpret_cast<std::uintptr_t>(window));
+}
+
+LRESULT Ask(contract::Request request, LPARAM parameter = 0) {
+  return SendMessageW(gWindow, contract::RequestMessage(), static_cast<WPARAM>(request), parameter);
 }
 
 Launch OtherProgram(const std::wstring& arguments) {
@@ -160,6 +176,11 @@ Launch Lasts() {
   return OtherProgram(L"--last");
 }
 
+/// The contracts' own program has the controller's resources.
+std::wstring NamedProgram() {
+  return os::OwnProgramPath();
+}
+
 os::WindowHandle OpenWindow(const wchar_t* className, const wchar_t* title) {
   contract::SharedJournal()->count = 0;
   contract::SharedJournal()->hangs = 0;
@@ -167,7 +188,19 @@ os::WindowHandle OpenWindow(const wchar_t* className, const wchar_t* title) {
       lab::ChildProcess::Start(os::OwnProgramPath(), L"--window " + std::wstring(className) + L" \"" + title + L"\"");
   const auto isThere = [&] { return (gWindow = FindWindowW(className, title)) != nullptr; };
   EXPECT_TRUE(lab::Eventually([&] { return isThere() && GetForegroundWindow() == gWindow; }));
-  return static_cast<os::WindowHandle>(reinterpret_cast<std::uintptr_t>(gWindow));
+  return ToDoor(gWindow);
+}
+
+os::WindowHandle OpenChild() {
+  return ToDoor(reinterpret_cast<HWND>(Ask(contract::Request::OpenChild)));
+}
+
+os::WindowHandle OpenDialog() {
+  return ToDoor(reinterpret_cast<HWND>(Ask(contract::Request::OpenDialog)));
+}
+
+void RaiseWindowEvent(os::WindowEvent event, std::int32_t object) {
+  Ask(contract::Request::Raise, MAKELPARAM(static_cast<WORD>(event), static_cast<WORD>(object)));
 }
 
 void CloseWindow() {
@@ -176,7 +209,7 @@ void CloseWindow() {
 }
 
 void Hang() {
-  PostMessageW(gWindow, contract::HangMessage(), 0, 0);
+  PostMessageW(gWindow, contract::RequestMessage(), static_cast<WPARAM>(contract::Request::Hang), 0);
   EXPECT_TRUE(lab::Eventually([] { return contract::SharedJournal()->hangs != 0; }));
 }
 
@@ -204,6 +237,18 @@ void Press(std::uint32_t virtualKey) {
 
 void Release(std::uint32_t virtualKey) {
   keybd_event(static_cast<BYTE>(virtualKey), 0, KEYEVENTF_KEYUP, 0);
+}
+
+void MovePointer(os::Point to) {
+  lab::Pointer::MoveTo(to);
+}
+
+void PressButton() {
+  lab::Pointer::Press();
+}
+
+void ReleaseButton() {
+  lab::Pointer::Release();
 }
 
 }  // namespace world

@@ -12,6 +12,7 @@ void TellTheState(Day& day);
 void Backlight(Day& day);
 void Battery(Day& day);
 void Touch(Day& day);
+void Windows(Day& day);
 void Flip(Day& day);
 void Projection(Day& day);
 void RefreshRate(Day& day);
@@ -19,6 +20,10 @@ void DriverGone(Day& day);
 void PanelMoved(Day& day);
 void Lid(Day& day);
 void SwitchOff(Day& day);
+void UiEnds(Day& day);
+void PackageInstalled(Day& day);
+void SecureDesktop(Day& day);
+void Hibernation(Day& day);
 void SecondInstance(Day& day);
 void ShutDown(Day& day);
 

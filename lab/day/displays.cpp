@@ -28,12 +28,12 @@ void Flip(Day& day) {
   day.Happens(L"folded over");
   Fold(day, true);
   day.Check(day.UiHeard(L"received POWEROFF"), L"UI told POWEROFF");
-  day.Picture(L"4-folded-over");
+  day.Picture(L"7-folded-over");
   day.Happens(L"unfolded");
   Fold(day, false);
   day.Check(day.Asked(L"DEVS 0x00050032 = 127"), L"panel on at its level for mains");
   day.Check(day.UiHeard(L"received POWERON"), L"UI told POWERON");
-  day.Picture(L"5-panel-on");
+  day.Picture(L"8-panel-on");
 }
 
 void Projection(Day& day) {

@@ -30,7 +30,7 @@ void SwitchOff(Day& day) {
   day.Check(day.PadGot(kCursorReport), L"touch surface switched to a touch pad");
   day.Check(day.UiHeard(L"received POWEROFF"), L"UI told POWEROFF");
   day.Check(Day::SettingsAre({"Off", "127", "204", "1", "Cursor"}), L"settings remember Off");
-  day.Picture(L"8-panel-off");
+  day.Picture(L"11-panel-off");
   day.Happens(L"folded over and back");
   Controller::PostHotKey(HotKey::FlipChanged);
   day.Check(day.Traced(L"Read ini file = Tessaview Power Off") && day.Asked(L"DEVS 0x00050031 = 0"),
@@ -42,7 +42,7 @@ void SwitchOff(Day& day) {
   day.Check(day.Asked(L"DEVS 0x00050032 = 127") && day.UiHeard(L"received CLOSEMASK"),
             L"panel on at its level for mains, UI told CLOSEMASK");
   day.Check(Day::SettingsAre({"On", "127", "204", "1", "Cursor"}), L"settings remember On");
-  day.Picture(L"9-panel-back-on");
+  day.Picture(L"12-panel-back-on");
 }
 
 void SecondInstance(Day& day) {

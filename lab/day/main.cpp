@@ -10,8 +10,9 @@ namespace {
 
 void LiveOn(lab::Day& day) {
   for (auto* const chapter :
-       {lab::Backlight, lab::Battery, lab::Touch, lab::Flip, lab::Projection, lab::RefreshRate, lab::DriverGone,
-        lab::PanelMoved, lab::Lid, lab::SwitchOff, lab::SecondInstance, lab::ShutDown}) {
+       {lab::Backlight, lab::Battery, lab::Touch, lab::Windows, lab::Flip, lab::Projection, lab::RefreshRate,
+        lab::DriverGone, lab::PanelMoved, lab::Lid, lab::SwitchOff, lab::UiEnds, lab::PackageInstalled,
+        lab::SecureDesktop, lab::Hibernation, lab::SecondInstance, lab::ShutDown}) {
     chapter(day);
   }
 }

@@ -17,11 +17,11 @@ void PanelMoved(Day& day) {
   day.Happens(L"the C panel is moved beside the B panel");
   day.Check(StandInUi::Hang() && PlaceCPanel(1920, 0, kTurnedUpright) && Eventually([] { return !IsInPlace(); }),
             L"it is out of its place");
-  day.Picture(L"6-panel-moved-away");
+  day.Picture(L"9-panel-moved-away");
   StandInUi::Wake();
   day.Check(day.Traced(L"[CheckCPanel_Position_Orientation] SetMonitorEx bErrorCode = 1") && Eventually(IsInPlace),
             L"put back below the B panel");
-  day.Picture(L"7-panel-put-back");
+  day.Picture(L"10-panel-put-back");
   day.Happens(L"the C panel is turned upside down");
   day.Check(PlaceCPanel(0, 1080, kTurnedOver) &&
                 day.Traced(L"[CheckCPanel_Position_Orientation] isWrongPosition = 0, isWrongOrientation = 1") &&

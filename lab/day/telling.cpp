@@ -7,8 +7,14 @@ namespace lab {
 namespace {
 
 /// Trace lines that tell something, by how they begin.
-constexpr std::array<std::wstring_view, 39> kTellingLines{
+constexpr std::array<std::wstring_view, 50> kTellingLines{
     L" ******* Start",
+    L" ******* NorvTessaview",
+    L"******* Launch",
+    L"******* isTessaviewPowerOn",
+    L"[PackageWatch]",
+    L"[DesktopSwitch]",
+    L"[Resume]",
     L"WM_DISPLAYCHANGE",
     L"[CheckCPanel_Position_Orientation]",
     L"[Timestamp] Extend",
@@ -36,10 +42,15 @@ constexpr std::array<std::wstring_view, 39> kTellingLines{
     L"Touchpad status",
     L"Receivedata",
     L"UI set BacklightValue",
-    L"Send to UI",
     L"[Power Saving] ",
     L"[DisplayChange]",
     L"Win + P",
+    L"[Window Mover] EVENT",
+    L"[Window Mover] Hover",
+    L"[Window Mover] Trigger",
+    L"[Window Mover] Move",
+    L"[Window Mover On C Panel] Hover",
+    L"Send to ",
     L"BPanelDisplayFrequency",
     L"[SetFPS]",
     L"Success!! Set",

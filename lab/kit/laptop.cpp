@@ -9,6 +9,7 @@
 #include "kit/hex_text.h"
 #include "kit/laptop_state.h"
 #include "kit/machine.h"
+#include "kit/system_events.h"
 #include "kit/text_pipe.h"
 
 namespace lab {
@@ -50,6 +51,8 @@ bool Laptop::Boot() {
   ListenOnPipe(kUiPipe, talking_, [this](const std::wstring& line) { uiTalk.Add(line); });
   const bool serves = ServeActivations([this](const auto& application, const auto& argument) {
     uiTalk.Add(L"activated " + application + L" " + argument);
+    static std::mutex one;  // an activation that comes while the UI still starts finds it there
+    const std::lock_guard lock(one);
     if (!StandInUi::IsThere()) ui.Start();
   });
   std::thread([this] {
@@ -64,6 +67,7 @@ bool Laptop::Renew() {
   // What the ended programs said last is still on its way; a package check ends by itself.
   if (!Eventually([this] { return tracing_ == 0 && talking_ == 0; })) return false;
   ResetLaptopState(*SharedLaptopState());
+  ForgetSystemEvents();
   std::error_code ignored;
   std::filesystem::remove(SettingsPath(), ignored);
   for (const auto which : {kTouchPad, kTouchScreen}) {
@@ -75,6 +79,11 @@ bool Laptop::Renew() {
   if (!firmware.Start()) return false;
   for (auto* journal : {&trace, &usage, &uiTalk, &requests, &reports, &patched}) journal->Clear();
   return true;
+}
+
+void Laptop::KillUi() {
+  ui.End();
+  Happen(SystemEvent::UiEnded);
 }
 
 bool Laptop::WaitForController() {

@@ -36,6 +36,9 @@ class Laptop {
   /// empty. False when a device does not answer, or another program of the lab still runs.
   bool Renew();
 
+  /// The UI's process ends as by force, and the system tells of it. Other ends of it go untold.
+  void KillUi();
+
   /// Waits until the controller's message loop has served everything posted to it so far, and what it asked of the
   /// devices is in their journals; false when it does not, or there is no window, within 30 seconds.
   bool WaitForController();

@@ -48,6 +48,14 @@ bool WriteFactoryIds() {
   return written;
 }
 
+bool ListPackage(const std::wstring& fullName) {
+  const std::wstring packages =
+      L"SOFTWARE\\Classes\\Local Settings\\Software\\Microsoft\\Windows\\CurrentVersion\\AppModel\\PackageRepository\\"
+      L"Packages\\";
+  return RegSetKeyValueW(HKEY_LOCAL_MACHINE, (packages + fullName).c_str(), L"Path", REG_SZ, L"", sizeof L"") ==
+         ERROR_SUCCESS;
+}
+
 std::wstring SettingsPath() {
   return L"C:\\Windows\\system32\\config\\systemprofile\\AppData\\Local\\NORV\\Vantyra\\TessaviewSetting.ini";
 }

@@ -11,6 +11,9 @@ namespace lab {
 /// Writes the factory's hardware ids that tell B and C panel apart, as they are on this laptop, into the registry.
 bool WriteFactoryIds();
 
+/// A package is entered into the system's list of them.
+bool ListPackage(const std::wstring& fullName);
+
 /// The controller's settings file, where the controller puts it.
 [[nodiscard]] std::wstring SettingsPath();
 

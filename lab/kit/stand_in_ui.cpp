@@ -36,7 +36,11 @@ void StandInUi::Wake() {
 }
 
 bool StandInUi::Send(const std::wstring& command, std::uint64_t number, const wchar_t* windowClass) {
-  return SendUiMessage(FindWindowW(windowClass, nullptr), kPleaseSend, MakeUiMessage(command.c_str(), number));
+  return Send(command, UiValues{.handle = number}, windowClass);
+}
+
+bool StandInUi::Send(const std::wstring& command, const UiValues& values, const wchar_t* windowClass) {
+  return SendUiMessage(FindWindowW(windowClass, nullptr), kPleaseSend, MakeUiMessage(command.c_str(), values));
 }
 
 bool StandInUi::SendByCommandLine(const std::wstring& commandAndNumber) {

@@ -12,7 +12,7 @@
 readonly LAPTOP_WINE=/usr/lib/wine/wine64
 readonly LAPTOP_WINESERVER=/usr/lib/wine/wineserver64
 readonly LAPTOP_XORG=/usr/lib/xorg/Xorg
-readonly LAPTOP_BASE_VERSION=1  # count up when the making of the base prefix changes
+readonly LAPTOP_BASE_VERSION=2  # count up when the making of the base prefix changes
 
 laptop_x_pid=
 laptop_wine_pid=

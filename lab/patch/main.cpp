@@ -23,6 +23,12 @@ void Install() {
   RedirectAll(SessionCalls());
   RedirectAll(TouchCalls());
   RedirectAll(ProgramCalls());
+  RedirectAll(WindowCalls());
+  RedirectAll(ClockCalls());
+  RedirectAll(ProcessStopCalls());
+  RedirectAll(EventLogCalls());
+  RedirectAll(SetupCalls());
+  RedirectAll(DesktopCalls());
 }
 
 }  // namespace

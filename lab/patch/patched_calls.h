@@ -14,6 +14,12 @@ std::array<Redirection, 3> PowerCalls();
 std::array<Redirection, 2> SessionCalls();
 std::array<Redirection, 4> TouchCalls();
 std::array<Redirection, 2> ProgramCalls();
+std::array<Redirection, 2> WindowCalls();
+std::array<Redirection, 1> ClockCalls();
+std::array<Redirection, 1> ProcessStopCalls();
+std::array<Redirection, 3> EventLogCalls();
+std::array<Redirection, 1> SetupCalls();
+std::array<Redirection, 1> DesktopCalls();
 
 /// Tells the story or test a line, when one listens: "trace …", "usage …" or "patch …".
 void Report(const std::wstring& line);

@@ -77,7 +77,11 @@ bool LabTest::UiIsTold(const std::wstring& line, std::size_t mark) const {
 }
 
 bool SendCommand(const std::wstring& text, std::uint64_t number, std::int32_t x, std::int32_t y) {
-  return SendUiMessage(Controller::Window(), kUiMessageKind, MakeUiMessage(text.c_str(), number, x, y));
+  return SendCommand(text, UiValues{.handle = number, .point = {x, y}});
+}
+
+bool SendCommand(const std::wstring& text, const UiValues& values) {
+  return SendUiMessage(Controller::Window(), kUiMessageKind, MakeUiMessage(text.c_str(), values));
 }
 
 bool SendRecord(std::uint64_t kind, const std::vector<std::uint8_t>& record) {

@@ -9,6 +9,7 @@
 #include "kit/laptop.h"
 #include "kit/laptop_state.h"
 #include "kit/machine.h"
+#include "ui/ui_message.h"
 
 namespace lab {
 
@@ -36,6 +37,9 @@ class LabTest : public testing::Test {
 
 /// A command to the controller from a window of no UI, answered or not; true when the controller took it in time.
 bool SendCommand(const std::wstring& text, std::uint64_t number = 0, std::int32_t x = 0, std::int32_t y = 0);
+
+/// The same with a window, a point and a rectangle.
+bool SendCommand(const std::wstring& text, const UiValues& values);
 
 /// Any record at all.
 bool SendRecord(std::uint64_t kind, const std::vector<std::uint8_t>& record);

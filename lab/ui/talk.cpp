@@ -11,10 +11,14 @@ namespace {
 
 constexpr std::size_t kLinesKept = 9;
 
-/// The text, and what else the record carries when it carries anything.
+/// The text, and what else the record carries when it carries anything: a number, [a rectangle], (a point).
 std::wstring Describe(const UiMessage& message) {
   std::wstring line(message.text, wcsnlen(message.text, std::size(message.text)));
   if (message.handle != 0) line += L" " + std::to_wstring(static_cast<std::int32_t>(message.handle));
+  if (const auto& rect = message.rect; rect[0] != 0 || rect[1] != 0 || rect[2] != 0 || rect[3] != 0) {
+    line += L" [" + std::to_wstring(rect[0]) + L", " + std::to_wstring(rect[1]) + L", " + std::to_wstring(rect[2]) +
+            L", " + std::to_wstring(rect[3]) + L"]";
+  }
   if (message.point[0] != 0 || message.point[1] != 0) {
     line += L" (" + std::to_wstring(message.point[0]) + L", " + std::to_wstring(message.point[1]) + L")";
   }
@@ -28,8 +32,16 @@ std::wstring Talk::Received(const UiMessage& message) {
   if (line == L"POWERON") panelOn_ = true;
   if (line == L"POWEROFF") panelOn_ = false;
   lastReceived_ = line;
+  NoteOverlay(message);
   Keep(L"controller:  " + line);
   return line;
+}
+
+void Talk::NoteOverlay(const UiMessage& message) {
+  const std::wstring text = message.text;
+  if (text == L"WSPRESS") overlay_.clear();
+  if (!text.ends_with(L"NORMAL") && !text.ends_with(L"HOVER")) return;
+  overlay_ = text + L" at (" + std::to_wstring(message.rect[0]) + L", " + std::to_wstring(message.rect[1]) + L")";
 }
 
 std::wstring Talk::Sent(const UiMessage& message) {

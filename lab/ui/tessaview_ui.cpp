@@ -2,7 +2,8 @@
 //   tessaview-ui                        shows itself on the C panel and talks with the controller
 //   tessaview-ui --guide                shows the first-run guide's window instead
 //   tessaview-ui --video                shows the video's window instead
-//   tessaview-ui COMMAND [VALUE [X Y]]  sends the controller one command: tessaview-ui BLSET 50
+//   tessaview-ui COMMAND [VALUE [X Y [LEFT TOP RIGHT BOTTOM]]]
+//                                       sends the controller one command: tessaview-ui BLSET 50
 #include <cstdio>
 #include <cwchar>
 #include <span>
@@ -18,8 +19,10 @@ std::int32_t NumberAt(std::span<wchar_t*> words, std::size_t index) {
 }
 
 int SendCommand(std::span<wchar_t*> words) {
-  const auto message = lab::MakeUiMessage(words[0], static_cast<std::uint32_t>(NumberAt(words, 1)), NumberAt(words, 2),
-                                          NumberAt(words, 3));
+  const auto at = [&](std::size_t index) { return NumberAt(words, index); };
+  const auto message = lab::MakeUiMessage(
+      words[0],
+      {.handle = static_cast<std::uint32_t>(at(1)), .point = {at(2), at(3)}, .rect = {at(4), at(5), at(6), at(7)}});
   const HWND controller = FindWindowW(lab::kControllerClass, nullptr), shown = FindWindowW(lab::kUiClass, nullptr);
   // A UI that shows itself sends it, so that the command stands in its talk.
   const bool sent = shown == nullptr ? lab::SendUiMessage(controller, lab::kUiMessageKind, message)

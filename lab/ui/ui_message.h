@@ -7,6 +7,8 @@
 #include <cwchar>
 #include <iterator>
 
+#include "os/types.h"
+
 namespace lab {
 
 /// The record that controller and UI exchange by WM_COPYDATA, as it lies in memory on Windows.
@@ -18,14 +20,23 @@ struct UiMessage {
 };
 static_assert(sizeof(UiMessage) == 552 && offsetof(UiMessage, handle) == 520 && offsetof(UiMessage, point) == 544);
 
+/// What a record carries beside its text.
+struct UiValues {
+  std::uint64_t handle = 0;
+  os::Point point = {};
+  os::Rect rect = {};
+};
+
 /// A record of this text, cut to what it has room for.
-inline UiMessage MakeUiMessage(const wchar_t* text, std::uint64_t handle, std::int32_t x = 0, std::int32_t y = 0) {
-  UiMessage message{};
+inline UiMessage MakeUiMessage(const wchar_t* text, const UiValues& values) {
+  const auto& [left, top, right, bottom] = values.rect;
+  UiMessage message{{}, values.handle, {left, top, right, bottom}, {values.point.x, values.point.y}};
   wcsncpy(message.text, text, std::size(message.text) - 1);
-  message.handle = handle;
-  message.point[0] = x;
-  message.point[1] = y;
   return message;
+}
+
+inline UiMessage MakeUiMessage(const wchar_t* text, std::uint64_t handle, std::int32_t x = 0, std::int32_t y = 0) {
+  return MakeUiMessage(text, UiValues{.handle = handle, .point = {x, y}});
 }
 
 /// Kinds of WM_COPYDATA, its wParam.

@@ -67,11 +67,16 @@ void Paint(HWND window) {
   const LONG middle = all.right / 2;
   DrawLine(to, title, {40, 30, middle, 170}, 110, bright, DT_LEFT);
   if (!talk.lastReceived().empty()) DrawLine(to, L"last told", {40, 230, middle, 290}, 36, RGB(150, 180, 200), DT_LEFT);
-  DrawLine(to, talk.lastReceived(), {40, 290, middle, 420}, 64, bright, DT_LEFT);
+  constexpr std::size_t kFewLetters = 16;
+  const int height = talk.lastReceived().size() > kFewLetters ? 38 : 64;
+  DrawLine(to, talk.lastReceived(), {40, 290, middle, 420}, height, bright, DT_LEFT);
+  if (!talk.overlay().empty()) {
+    DrawLine(to, L"overlay  " + talk.overlay(), {40, 440, middle, 500}, 36, RGB(236, 190, 110), DT_LEFT);
+  }
   constexpr LONG kLineHeight = 52;
   LONG top = 24;
   for (const auto& line : talk.lines()) {
-    DrawLine(to, line, {middle, top, all.right, top + kLineHeight}, 36, bright, DT_LEFT);
+    DrawLine(to, line, {middle, top, all.right, top + kLineHeight}, 34, bright, DT_LEFT);
     top += kLineHeight;
   }
   EndPaint(window, &paint);
@@ -151,9 +156,9 @@ int RunUiWindow(const wchar_t* className, const std::wstring& name) {
   windowClass.lpszClassName = className;
   RegisterClassW(&windowClass);
   const RECT area = CPanelArea();
-  const HWND window = CreateWindowExW(WS_EX_NOACTIVATE | WS_EX_TOPMOST, className, L"Tessaview", WS_POPUP | WS_VISIBLE,
-                                      area.left, area.top, area.right - area.left, area.bottom - area.top, nullptr,
-                                      nullptr, windowClass.hInstance, nullptr);
+  const HWND window =
+      CreateWindowExW(WS_EX_NOACTIVATE, className, L"Tessaview", WS_POPUP | WS_VISIBLE, area.left, area.top,
+                      area.right - area.left, area.bottom - area.top, nullptr, nullptr, windowClass.hInstance, nullptr);
   if (window == nullptr) return 1;
   Tell(L"started");
   MSG message{};

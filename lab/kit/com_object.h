@@ -5,13 +5,13 @@
 #include <array>
 #include <cstddef>
 
-namespace contract {
+namespace lab {
 
 /// A COM object whose methods stand at given places of its interface. It outlives its users, and only counts how often
-/// it is released.
+/// it is released, references that a user added apart.
 class ComObject {
  public:
-  ComObject() { With(2, Release); }
+  ComObject() { With(0, HasNoOther).With(1, AddRef).With(2, Release); }
 
   template <class Method>
   ComObject& With(std::size_t place, Method* method) {
@@ -25,21 +25,31 @@ class ComObject {
     return &seen_;
   }
 
-  [[nodiscard]] ULONG releases() const { return seen_.releases; }
+  [[nodiscard]] long releases() const { return seen_.releases; }
 
  private:
   struct Seen {
     void** table;  // where COM looks for it: first
-    ULONG releases;
+    long releases;
   };
+
+  static HRESULT WINAPI HasNoOther(void* /*object*/, const IID* /*interfaceId*/, void** other) {
+    *other = nullptr;
+    return E_NOINTERFACE;
+  }
+
+  static ULONG WINAPI AddRef(void* object) {
+    --static_cast<Seen*>(object)->releases;
+    return 2;
+  }
 
   static ULONG WINAPI Release(void* object) {
     ++static_cast<Seen*>(object)->releases;
     return 1;
   }
 
-  std::array<void*, 8> methods_{};
+  std::array<void*, 24> methods_{};
   Seen seen_{};
 };
 
-}  // namespace contract
+}  // namespace lab

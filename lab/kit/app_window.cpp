@@ -1,0 +1,117 @@
+#include "kit/app_window.h"
+
+#include <array>
+#include <stdexcept>
+
+#include "kit/journal.h"
+
+namespace lab {
+namespace {
+
+constexpr UINT kPatienceMs = 10000;
+
+/// A window of this process with this title; null while there is none.
+HWND FindWindowOf(std::uint32_t processId, const std::wstring& title) {
+  struct Search {
+    std::uint32_t processId;
+    const std::wstring& title;
+    HWND found;
+  } search{processId, title, nullptr};
+  const auto look = [](HWND window, LPARAM parameter) -> BOOL {
+    auto& wanted = *reinterpret_cast<Search*>(parameter);
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    std::array<wchar_t, 260> text{};
+    GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
+    if (owner == wanted.processId && wanted.title == text.data()) wanted.found = window;
+    return wanted.found == nullptr;
+  };
+  EnumWindows(look, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+/// Has a window's thread served everything sent before; false when it does not within `patienceMs`.
+bool Serves(HWND window, UINT patienceMs) {
+  return SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, patienceMs, nullptr) != 0;
+}
+
+}  // namespace
+
+AppWindow::AppWindow(const AppOptions& options)
+    : process_(ChildProcess::Start(LabFolder() + L"lab-app.exe", CommandLineOf(options))),
+      wake_(CreateEventW(nullptr, FALSE, FALSE, AppWakeEvent(process_.id()).c_str())) {
+  const bool opened = process_ && Eventually([&] {
+                        window_ = FindWindowOf(process_.id(), options.title);
+                        if (!options.dialog.empty()) dialog_ = FindWindowOf(process_.id(), options.dialog);
+                        const HWND front = options.dialog.empty() ? window_ : dialog_;
+                        return window_ != nullptr && front != nullptr && GetForegroundWindow() == front;
+                      });
+  if (!opened) throw std::runtime_error("an application did not open its windows");
+  // What it painted is on the screen once it waits for messages.
+  if (!options.neverAnswers) (void)Serves(window_, kPatienceMs);
+}
+
+os::Rect AppWindow::Area() const {
+  RECT area{};
+  GetWindowRect(window_, &area);
+  return {area.left, area.top, area.right, area.bottom};
+}
+
+Panel AppWindow::Panel() const {
+  if (!IsWindowVisible(window_) || IsIconic(window_)) return lab::Panel::None;
+  MONITORINFO info{};
+  info.cbSize = sizeof info;
+  if (!GetMonitorInfoW(MonitorFromWindow(window_, MONITOR_DEFAULTTONULL), &info)) return lab::Panel::None;
+  return (info.dwFlags & MONITORINFOF_PRIMARY) != 0 ? lab::Panel::B : lab::Panel::C;
+}
+
+ShowState AppWindow::State() const {
+  if (!IsWindow(window_)) return ShowState::Gone;
+  if (!IsWindowVisible(window_)) return ShowState::Hidden;
+  if (IsIconic(window_)) return ShowState::Minimized;
+  return IsZoomed(window_) ? ShowState::Maximized : ShowState::Normal;
+}
+
+void AppWindow::Show(int command) const {
+  ShowWindow(window_, command);
+  (void)Serves(window_, kPatienceMs);
+}
+
+os::Point AppWindow::TitleBar() const {
+  const os::Rect area = Area();
+  const int border = GetSystemMetrics(SM_CYSIZEFRAME), bar = GetSystemMetrics(SM_CYCAPTION);
+  return {(area.left + area.right) / 2, area.top + border + bar / 2};
+}
+
+bool AppWindow::IsBeingMoved() const {
+  return GetPropW(window_, kInMoveSize) != nullptr;
+}
+
+bool AppWindow::BringToFront() const {
+  return Eventually([&] {
+    SetForegroundWindow(window_);
+    return GetForegroundWindow() == window_;
+  });
+}
+
+void AppWindow::Hang() const {
+  constexpr UINT kNoticeableMs = 50;
+  ResetEvent(wake_);
+  PostMessageW(window_, RegisterWindowMessageW(kAppHang), 0, 0);
+  (void)Eventually([&] { return !Serves(window_, kNoticeableMs); });
+}
+
+void AppWindow::Wake() const {
+  SetEvent(wake_);
+}
+
+std::ostream& operator<<(std::ostream& out, Panel panel) {
+  return out << static_cast<char>(panel);
+}
+
+std::ostream& operator<<(std::ostream& out, ShowState state) {
+  constexpr std::array kNames{"gone", "hidden", "minimised", "normal", "maximised"};
+  return out << kNames.at(static_cast<std::size_t>(state));
+}
+
+}  // namespace lab
