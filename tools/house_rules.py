@@ -9,6 +9,7 @@ import re
 import sys
 from pathlib import Path
 
+import completeness_tables
 import include_rules
 import verification_table
 from source_tree import Tree
@@ -89,7 +90,7 @@ def reasons_stand_for_themselves(tree):
                 yield file.at(number, f"'{found[0]}' points outside the tree; give the reason itself instead")
 
 
-RULES = include_rules.RULES + verification_table.RULES + (
+RULES = include_rules.RULES + verification_table.RULES + completeness_tables.RULES + (
     time_and_threads_behind_the_door,
     tidy_text,
     cpp_files_are_short,

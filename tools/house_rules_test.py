@@ -13,6 +13,32 @@ from source_tree import Tree
 
 H = "#pragma once\n"
 
+COMPLETE = {
+    "docs/completeness.md":
+        "## Commands of the UI\n| command | record | file | shown by |\n|---|---|---|---|\n"
+        "| `UP` | 102 | `src/uilink/ui_commands.cpp` | `A.One`; lab: `A.Two` |\n"
+        "| `COPYWALLPAPER` | 104 | `src/uilink/ui_commands.cpp` | `A.One` |\n"
+        "## Texts to the UI\n| text | file | shown by |\n|---|---|---|\n"
+        "| `VERSION=` and more | `src/uilink/a.cpp` | lab: `A.Two` |\n"
+        "## Timers\n| timer | file | shown by |\n|---|---|---|\n| `17` | `src/core/service_timers.h` | not shown |\n"
+        "## Threads\n| thread | file | shown by |\n|---|---|---|\n"
+        "| main | `src/uilink/a.cpp` | `A.One` |\n| `UI launch` | `src/uilink/a.cpp` | `A.One` |\n",
+    "src/uilink/ui_commands.cpp": 'C kCommands[] = {{L"UP", Match::Exact, Up}};\nbool b = text == L"COPYWALLPAPER";\n',
+    "src/uilink/a.cpp": '// not L"GONE"\nauto t = L"VERSION=" + V();\nauto w = L"HCONTROL", x = L"A", y = L"UP_";\n'
+                        'void F() { os::StartThread(L"UI launch", G); }\n',
+    "src/core/service_timers.h": H + "inline constexpr int kOneTimer = 17;\n",
+    "tests/a_test.cpp": "TEST(A, One) {}\n", "lab/tests/a_test.cpp": "TEST_F(A, Two) {}\n",
+}
+
+
+def changed(path, old, new):
+    """The complete tree above with one file's text changed."""
+    assert old in COMPLETE[path], old
+    return COMPLETE | {path: COMPLETE[path].replace(old, new)}
+
+
+DOCUMENT = "docs/completeness.md"
+
 # name → (files, where each finding must be). A finding's text is held against the start "path:line: " and a word of it.
 BITES = {
     "windows header": ({"src/power/a.cpp": "\n#include <Windows.h>\n"}, ["src/power/a.cpp:2: <Windows.h> outside"]),
@@ -51,6 +77,26 @@ BITES = {
          "docs/verification.md": "| door | Wine |\n|---|---|\n| `a.h` | `One`, `Gone` |\n| `b.h` | |\n"},
         ["docs/verification.md:3: a.h declares Two", "docs/verification.md:3: a.h declares no Gone",
          "docs/verification.md:4: there is no b.h"]),
+    "command without a row": (changed("src/uilink/ui_commands.cpp", "Up}", 'Up}, {L"DOWN", Match::Contains, Down}'),
+                              [DOCUMENT + ":1: Commands of the UI: no row for DOWN"]),
+    "row without a command": (changed("src/uilink/ui_commands.cpp", '{L"UP", Match::Exact, Up}', ""),
+                              [DOCUMENT + ":4: Commands of the UI: the code has no UP"]),
+    "text without a row": (changed("src/uilink/a.cpp", "HCONTROL", "IAMBACK"),
+                           [DOCUMENT + ":6: Texts to the UI: no row for IAMBACK"]),
+    "text of a comment only": (changed("src/uilink/a.cpp", "auto t", "// auto t"),
+                               [DOCUMENT + ":9: Texts to the UI: the code has no VERSION="]),
+    "timer and thread renamed": (
+        changed(DOCUMENT, "`17`", "`18`") | {"src/uilink/a.cpp": COMPLETE["src/uilink/a.cpp"].replace("UI l", "l")},
+        [DOCUMENT + ":10: Timers: no row for 17", DOCUMENT + ":13: Timers: the code has no 18",
+         DOCUMENT + ":14: Threads: no row for launch", DOCUMENT + ":18: Threads: the code has no UI launch"]),
+    "row twice": (changed(DOCUMENT, "| main |", "| `UI launch` |"),
+                  [DOCUMENT + ":17: Threads: UI launch has more", DOCUMENT + ":18: Threads: UI launch has more"]),
+    "file and tests that are not there": (
+        changed(DOCUMENT, "`src/uilink/ui_commands.cpp` | `A.One`; lab: `A.Two`", "`src/b.cpp` | `A.Two`; lab: `A.One`"),
+        [DOCUMENT + ":4: there is no A.Two", DOCUMENT + ":4: there is no lab: A.One",
+         DOCUMENT + ":4: there is no src/b.cpp"]),
+    "row that names nothing": (changed(DOCUMENT, "| main | `src/uilink/a.cpp` | `A.One` |", "| main | somewhere | |"),
+                               [DOCUMENT + ":17: names no file", DOCUMENT + ":17: names no test"]),
     "tab": ({"src/core/a.cpp": "\tint a;\n"}, ["src/core/a.cpp:1: a tab"]),
     "trailing blank": ({"README.md": "one\ntwo \n"}, ["README.md:2: blanks"]),
     "carriage return": ({"README.md": "one\r\n"}, ["README.md:1: blanks"]),
@@ -61,6 +107,7 @@ BITES = {
 }
 
 ALLOWED = {
+    "all has its row": COMPLETE,
     "windows headers at their place": {"src/os/win32/a.cpp": "#include <windows.h>\n", "lab/a.cpp": "#include <hidsdi.h>\n"},
     "the door sleeps": {"src/os/win32/a.cpp": "#include <thread>\nvoid F() { std::this_thread::yield(); }\n"},
     "the scheduler runs threads": {"sim/scheduler.h": H + "#include <thread>\n#include <condition_variable>\n"},

@@ -19,7 +19,7 @@ INCLUDE_ROOTS = ("src/", "")
 # Module (path below src/, no suffix) → layer; the first match counts. A file includes its own layer and lower ones.
 LAYERS = (
     (4, "start-up", re.compile(r"core/start_up|os/win32/(package_check/)?program")),
-    (1, "foundation", re.compile(r"uilink/(ui_channel|ui_record)")),
+    (1, "foundation", re.compile(r"uilink/(ui_channel|ui_record|ui_sender|ui_state)")),
     (3, "UI commands and events", re.compile(r"uilink/.*")),
     (2, "subsystems", re.compile(r"(power|display|windows|appid|lifecycle|touch)/.*")),
     (1, "foundation", re.compile(r"core/.*")),

@@ -60,9 +60,14 @@ class SourceFile:
         return _blanked(self.text, {"raw", "comment", "text"}).split("\n")
 
     @cached_property
+    def without_comments(self):
+        """A C++ file's text without its comments and raw literals."""
+        return _blanked(self.text, {"raw", "comment"})
+
+    @cached_property
     def includes(self):
         """(line number, included path, whether it is quoted) of each include of a C++ file."""
-        text = _blanked(self.text, {"raw", "comment"})
+        text = self.without_comments
         return [(text.count("\n", 0, m.start()) + 1, m[2], m[1] == '"') for m in _INCLUDE.finditer(text)]
 
     def at(self, line, message):
