@@ -8,12 +8,12 @@ import subprocess
 import sys
 from pathlib import Path
 
-LARGEST_SIZE = 500_000  # bytes
+LARGEST_SIZE = 600_000  # bytes; a leap beyond is a library that crept in
 
 # Libraries that every Windows of the supported versions has in its system folder.
 WINDOWS_LIBRARIES = re.compile(
     r"(advapi32|cfgmgr32|combase|gdi32|hid|kernel32|msvcrt|ole32|oleaut32|powrprof|propsys|rpcrt4|setupapi|shcore|shell32"
-    r"|shlwapi|user32|userenv|version|wtsapi32|ucrtbase|(api|ext)-ms-win-[\w-]+)\.dll",
+    r"|shlwapi|user32|userenv|version|wevtapi|wtsapi32|ucrtbase|(api|ext)-ms-win-[\w-]+)\.dll",
     re.IGNORECASE,
 )
 

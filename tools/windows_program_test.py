@@ -24,7 +24,7 @@ class WindowsProgram(unittest.TestCase):
         good = ["KERNEL32.dll", "USER32.dll", "api-ms-win-core-synch-l1-2-0.dll"]
         cases = {
             "sound": (image(), good, None),
-            "too large": (image(size=500_000), good, "500000 bytes"),
+            "too large": (image(size=600_000), good, "600000 bytes"),
             "compiler's runtime": (image(), good + ["libgcc_s_seh-1.dll"], "libgcc_s_seh-1.dll"),
             "thread library": (image(), ["libwinpthread-1.dll"], "libwinpthread-1.dll"),
             "unreadable": (image(), [], "import table"),
