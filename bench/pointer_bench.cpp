@@ -8,9 +8,9 @@
 #include "os/desktop.h"
 #include "os/hooks.h"
 #include "sim/laptop.h"
-#include "windows/drag_watch.h"
 #include "windows/foreground_watch.h"
 #include "windows/full_screen.h"
+#include "windows/mover/drag_watch.h"
 #include "windows/window_validity.h"
 
 namespace {

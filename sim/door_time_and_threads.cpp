@@ -93,4 +93,6 @@ bool Semaphore::Wait() {
   return true;
 }
 
+void ExpectMainThread() {}
+
 }  // namespace os

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "core/utf16.h"
+#include "core/text.h"
 
 namespace sim {
 namespace {

@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "core/process_wide.h"
-#include "core/start_up.h"
+#include "app/start_up.h"
+#include "core/state.h"
 
 namespace sim {
 namespace {
@@ -86,7 +86,7 @@ bool Laptop::Boot(std::uint64_t settleLimitMs) {
 
 void Laptop::EndProcess() {
   scheduler.EndProcess();
-  tessaview::ProcessWideBase::ResetAll();  // while what the values may close is still there
+  tessaview::State::ResetAll();  // while what the values may close is still there
   desktop.Close(window.Handle());
   window.Reset();
   power.UnregisterAll();

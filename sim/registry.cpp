@@ -4,7 +4,7 @@
 #include <cwctype>
 #include <utility>
 
-#include "core/utf16.h"
+#include "core/text.h"
 #include "sim/laptop.h"
 #include "sim/text.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "core/utf16.h"
+#include "core/text.h"
 
 namespace sim {
 namespace {

@@ -71,7 +71,7 @@ TEST(WinP, BringsBackAPanelThatIsOffAndWanted) {
     if (resets > 0) {
       EXPECT_EQ(laptop.displays.topology, Topology::Extend);
       EXPECT_TRUE(laptop.trace.Contains(L"[MoveCPanelMonitorOnePixel] isExtendMode + Win_P_WindowMoveFlag = true"));
-      EXPECT_FALSE(tessaview::Win_P_WindowMoveFlag.get());
+      EXPECT_FALSE(tessaview::ClaimWin_P_WindowMoveFlag());
       EXPECT_EQ(laptop.displays.cPanel().Area(), (os::Rect{0, 1080, 1920, 1595}));
     }
   }
