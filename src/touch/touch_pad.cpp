@@ -89,14 +89,12 @@ void LogRanges(const os::HidDevice& device) {
   for (int index = 0; const auto& value : os::HidInputValues(device)) {
     if (value.usagePage == kGenericDesktopPage && value.usage == kUsageX) {
       hasX = value.logicalMax != 0;
-      Log(L"pInputValueCaps '%d' ReportID = %d, XLogicalMax = %d, XLogicalMin = %d ", index, value.reportId,
-          value.logicalMax,
-          value.logicalMin);
+      Log(L"pInputValueCaps '%d' ReportID = %d, XLogicalMax = %d, XLogicalMin = %d\n", index, value.reportId,
+          value.logicalMax, value.logicalMin);
     } else if (value.usagePage == kGenericDesktopPage && value.usage == kUsageY) {
       hasY = value.logicalMax != 0;
-      Log(L"pInputValueCaps '%d' ReportID = %d, YLogicalMax = %d, YLogicalMin = %d ", index, value.reportId,
-          value.logicalMax,
-          value.logicalMin);
+      Log(L"pInputValueCaps '%d' ReportID = %d, YLogicalMax = %d, YLogicalMin = %d\n", index, value.reportId,
+          value.logicalMax, value.logicalMin);
     }
     if (hasX && hasY) return;
     ++index;
