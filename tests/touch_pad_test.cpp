@@ -10,8 +10,6 @@ namespace {
 using namespace support;
 using os::HidInterface;
 
-constexpr std::uint16_t kDesktopPage = 0x01, kDigitizerPage = 0x0D, kX = 0x30, kY = 0x31;
-
 TEST(TouchPadSearch, FindsThePadByItsUsageAndThenOpensTheCollectionThatTakesItsMode) {
   sim::Laptop laptop;
   EXPECT_TRUE(tessaview::FindTouchPadHid());
