@@ -9,8 +9,6 @@ namespace {
 using namespace support;
 using os::HidInterface;
 
-
-
 TEST(TouchPadSearch, FindsThePadByItsUsageAndThenOpensTheCollectionThatTakesItsMode) {
   sim::Laptop laptop;
   EXPECT_TRUE(tessaview::FindTouchPadHid());

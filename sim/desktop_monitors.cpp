@@ -1,9 +1,9 @@
-#include "sim/monitors.h"
+// The displays as windows see them.
 
 #include <algorithm>
 #include <utility>
 
-#include "sim/laptop.h"
+#include "sim/desktop.h"
 
 namespace sim {
 namespace {
@@ -42,30 +42,29 @@ void TakeOff(os::Rect& work, const os::Rect& monitor, const os::Rect& bar) {
   }
 }
 
-os::Rect WorkArea(const os::Rect& monitor) {
+}  // namespace
+
+os::Rect Desktop::WorkArea(const os::Rect& monitor) const {
   auto work = monitor;
-  for (const auto& window : Machine().desktop.Windows()) {
+  for (const auto& window : windows_) {
     const bool isTaskbar = window.className == L"Shell_TrayWnd" || window.className == L"Shell_SecondaryTrayWnd";
     if (isTaskbar && window.visible) TakeOff(work, monitor, window.area);
   }
   return work;
 }
 
-}  // namespace
-
-std::vector<os::Monitor> Monitors() {
-  const auto& displays = Machine().displays;
+std::vector<os::Monitor> Desktop::Monitors() const {
   std::vector<os::Monitor> monitors;
   std::size_t index = 0;
-  for (const auto& screen : displays.Screens()) {
+  for (const auto& screen : displays_.Screens()) {
     const auto handle = HandleOf(index++);
-    if (!screen.HasArea() || displays.MirrorsFirst(screen)) continue;
+    if (!screen.HasArea() || displays_.MirrorsFirst(screen)) continue;
     monitors.push_back({handle, screen.Area(), WorkArea(screen.Area()), screen.IsPrimary() ? 1U : 0U, screen.gdiName});
   }
   return monitors;
 }
 
-std::optional<os::Monitor> MonitorUnder(const os::Rect& area) {
+std::optional<os::Monitor> Desktop::MonitorUnder(const os::Rect& area) const {
   const auto monitors = Monitors();
   if (monitors.empty()) return std::nullopt;
   const auto rank = [&](const os::Monitor& monitor) {
@@ -75,22 +74,18 @@ std::optional<os::Monitor> MonitorUnder(const os::Rect& area) {
                            [&](const auto& a, const auto& b) { return rank(a) < rank(b); });
 }
 
-std::uint32_t DpiOf(os::MonitorHandle monitor) {
+std::uint32_t Desktop::DpiOf(os::MonitorHandle monitor) const {
   const auto monitors = Monitors();
   const auto found =
       std::find_if(monitors.begin(), monitors.end(), [=](const auto& each) { return each.handle == monitor; });
-  return found == monitors.end() ? 96 : Machine().displays.FindGdiName(found->device)->dpi;
+  return found == monitors.end() ? 96 : displays_.FindGdiName(found->device)->dpi;
 }
 
-os::Point OntoDesktop(os::Point point) {
+os::Point Desktop::Onto(os::Point point) const {
   const auto monitor = MonitorUnder({point.x, point.y, point.x + 1, point.y + 1});
   if (!monitor) return point;
   const auto& area = monitor->monitor;
   return {std::clamp(point.x, area.left, area.right - 1), std::clamp(point.y, area.top, area.bottom - 1)};
-}
-
-bool Contains(const os::Rect& area, os::Point point) {
-  return point.x >= area.left && point.x < area.right && point.y >= area.top && point.y < area.bottom;
 }
 
 }  // namespace sim
