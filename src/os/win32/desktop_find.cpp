@@ -9,7 +9,7 @@ WindowHandle FindTopWindow(const wchar_t* className, const wchar_t* title) {
 }
 
 WindowHandle FindChildWindow(WindowHandle parent, const wchar_t* className) {
-  return win32::ToDoor<WindowHandle>(FindWindowExW(win32::ToNative<HWND>(parent), nullptr, className, nullptr));
+  return win32::ToDoor<WindowHandle>(FindWindowExW(win32::NativeOf(parent), nullptr, className, nullptr));
 }
 
 std::vector<WindowHandle> TopWindows() {
@@ -31,11 +31,11 @@ WindowHandle ForegroundWindow() {
 }
 
 WindowHandle RootWindow(WindowHandle window) {
-  return win32::ToDoor<WindowHandle>(GetAncestor(win32::ToNative<HWND>(window), GA_ROOT));
+  return win32::ToDoor<WindowHandle>(GetAncestor(win32::NativeOf(window), GA_ROOT));
 }
 
 WindowHandle RootOwner(WindowHandle window) {
-  return win32::ToDoor<WindowHandle>(GetAncestor(win32::ToNative<HWND>(window), GA_ROOTOWNER));
+  return win32::ToDoor<WindowHandle>(GetAncestor(win32::NativeOf(window), GA_ROOTOWNER));
 }
 
 WindowHandle DesktopWindow() {

@@ -15,50 +15,50 @@ using InputDesktop = std::unique_ptr<HDESK__, DesktopCloser>;
 }  // namespace
 
 bool IsWindow(WindowHandle window) {
-  return ::IsWindow(win32::ToNative<HWND>(window)) != FALSE;
+  return ::IsWindow(win32::NativeOf(window)) != FALSE;
 }
 
 std::wstring WindowClassName(WindowHandle window) {
   std::array<wchar_t, 260> name{};
-  GetClassNameW(win32::ToNative<HWND>(window), name.data(), static_cast<int>(name.size()));
+  GetClassNameW(win32::NativeOf(window), name.data(), static_cast<int>(name.size()));
   return win32::TextOf(name);
 }
 
 std::wstring WindowTitle(WindowHandle window) {
   std::array<wchar_t, 260> title{};
-  GetWindowTextW(win32::ToNative<HWND>(window), title.data(), static_cast<int>(title.size()));
+  GetWindowTextW(win32::NativeOf(window), title.data(), static_cast<int>(title.size()));
   return win32::TextOf(title);
 }
 
 Rect WindowRect(WindowHandle window) {
   RECT rect{};
-  GetWindowRect(win32::ToNative<HWND>(window), &rect);
+  GetWindowRect(win32::NativeOf(window), &rect);
   return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
 std::uint32_t WindowStyle(WindowHandle window) {
-  return static_cast<std::uint32_t>(GetWindowLongW(win32::ToNative<HWND>(window), GWL_STYLE));
+  return static_cast<std::uint32_t>(GetWindowLongW(win32::NativeOf(window), GWL_STYLE));
 }
 
 std::uint32_t WindowExtendedStyle(WindowHandle window) {
-  return static_cast<std::uint32_t>(GetWindowLongW(win32::ToNative<HWND>(window), GWL_EXSTYLE));
+  return static_cast<std::uint32_t>(GetWindowLongW(win32::NativeOf(window), GWL_EXSTYLE));
 }
 
 bool IsWindowVisible(WindowHandle window) {
-  return ::IsWindowVisible(win32::ToNative<HWND>(window)) != FALSE;
+  return ::IsWindowVisible(win32::NativeOf(window)) != FALSE;
 }
 
 bool IsWindowMinimized(WindowHandle window) {
-  return IsIconic(win32::ToNative<HWND>(window)) != FALSE;
+  return IsIconic(win32::NativeOf(window)) != FALSE;
 }
 
 MonitorHandle MonitorOf(WindowHandle window) {
-  return win32::ToDoor<MonitorHandle>(MonitorFromWindow(win32::ToNative<HWND>(window), MONITOR_DEFAULTTONEAREST));
+  return win32::ToDoor<MonitorHandle>(MonitorFromWindow(win32::NativeOf(window), MONITOR_DEFAULTTONEAREST));
 }
 
 std::uint32_t WindowProcessId(WindowHandle window) {
   DWORD processId = 0;
-  GetWindowThreadProcessId(win32::ToNative<HWND>(window), &processId);
+  GetWindowThreadProcessId(win32::NativeOf(window), &processId);
   return processId;
 }
 

@@ -34,7 +34,7 @@ std::uint32_t NumberProperty(DEVINST node, ULONG property) {
   return value;
 }
 
-MonitorDevice FromInterface(const win32::DeviceInterface& listed) {
+MonitorDevice DeviceOf(const win32::DeviceInterface& listed) {
   const DEVINST node = listed.node.DevInst;
   return {InstanceId(node), listed.path, ParentInstanceId(node), NumberProperty(node, CM_DRP_BUSNUMBER),
           NumberProperty(node, CM_DRP_ADDRESS)};
@@ -47,7 +47,7 @@ std::vector<MonitorDevice> MonitorDevices() {
   const win32::DeviceList devices = win32::ListInterfaces(kMonitorInterface);
   if (!devices) return monitors;
   for (const auto& listed : win32::ReadInterfaces(devices, kMonitorInterface)) {
-    if (listed.hasDetail) monitors.push_back(FromInterface(listed));
+    if (listed.hasDetail) monitors.push_back(DeviceOf(listed));
   }
   return monitors;
 }

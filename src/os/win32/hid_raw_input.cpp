@@ -42,7 +42,7 @@ std::wstring RawDevicePath(RawDevice device) {
 }
 
 Status RegisterRawInput(std::uint16_t usagePage, std::uint16_t usage, std::uint32_t flags, WindowHandle target) {
-  const RAWINPUTDEVICE device{usagePage, usage, flags, win32::ToNative<HWND>(target)};
+  const RAWINPUTDEVICE device{usagePage, usage, flags, win32::NativeOf(target)};
   return win32::DoneOrLastError(RegisterRawInputDevices(&device, 1, sizeof device));
 }
 

@@ -19,17 +19,17 @@ std::uint32_t RegisterMessage(const wchar_t* name) {
 }
 
 bool PostToWindow(WindowHandle window, std::uint32_t message, std::uint64_t wParam, std::int64_t lParam) {
-  return PostMessageW(win32::ToNative<HWND>(window), message, wParam, lParam) != FALSE;
+  return PostMessageW(win32::NativeOf(window), message, wParam, lParam) != FALSE;
 }
 
 void SendCopyData(WindowHandle window, std::uint64_t kind, BytesView record) {
   COPYDATASTRUCT data = CopyDataOf(record);
-  SendMessageW(win32::ToNative<HWND>(window), WM_COPYDATA, kind, reinterpret_cast<LPARAM>(&data));
+  SendMessageW(win32::NativeOf(window), WM_COPYDATA, kind, reinterpret_cast<LPARAM>(&data));
 }
 
 bool SendCopyDataTimeout(WindowHandle window, std::uint64_t kind, BytesView record, std::uint32_t timeoutMs) {
   COPYDATASTRUCT data = CopyDataOf(record);
-  return SendMessageTimeoutW(win32::ToNative<HWND>(window), WM_COPYDATA, kind, reinterpret_cast<LPARAM>(&data),
+  return SendMessageTimeoutW(win32::NativeOf(window), WM_COPYDATA, kind, reinterpret_cast<LPARAM>(&data),
                              SMTO_ABORTIFHUNG, timeoutMs, nullptr) != 0;
 }
 

@@ -7,22 +7,17 @@
 namespace os {
 namespace {
 
-struct KeyCloser {
-  void operator()(HKEY key) const noexcept { RegCloseKey(key); }
-};
-using Key = std::unique_ptr<HKEY__, KeyCloser>;
-
-Key OpenMachineKey(const std::wstring& path, REGSAM access) {
+win32::RegistryKey OpenMachineKey(const std::wstring& path, REGSAM access) {
   HKEY key = nullptr;
   if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, access, &key) != ERROR_SUCCESS) return {};
-  return Key(key);
+  return win32::RegistryKey(key);
 }
 
 Status WriteNumber(const std::wstring& key, const wchar_t* value, DWORD type, const void* number, DWORD size) {
   HKEY opened = nullptr;
   const LSTATUS code = RegOpenKeyExW(HKEY_LOCAL_MACHINE, key.c_str(), 0, KEY_ALL_ACCESS, &opened);
   if (code != ERROR_SUCCESS) return Error{static_cast<std::uint32_t>(code)};
-  const Key owner(opened);
+  const win32::RegistryKey owner(opened);
   return win32::DoneOrCode(
       static_cast<ULONG>(RegSetValueExW(opened, value, 0, type, static_cast<const BYTE*>(number), size)));
 }
@@ -30,7 +25,7 @@ Status WriteNumber(const std::wstring& key, const wchar_t* value, DWORD type, co
 }  // namespace
 
 std::optional<std::wstring> ReadRegistryText(const std::wstring& key, const wchar_t* value, std::size_t bufferBytes) {
-  const Key opened = OpenMachineKey(key, KEY_READ);
+  const win32::RegistryKey opened = OpenMachineKey(key, KEY_READ);
   if (!opened) return {};
 
   std::vector<wchar_t> text(bufferBytes / sizeof(wchar_t));
@@ -44,7 +39,7 @@ std::optional<std::wstring> ReadRegistryText(const std::wstring& key, const wcha
 }
 
 std::optional<Bytes> ReadRegistryBytes(const std::wstring& key, const wchar_t* value) {
-  const Key opened = OpenMachineKey(key, KEY_READ | KEY_WOW64_64KEY);
+  const win32::RegistryKey opened = OpenMachineKey(key, KEY_READ | KEY_WOW64_64KEY);
   if (!opened) return {};
 
   DWORD type = REG_NONE;
@@ -64,14 +59,14 @@ Status WriteRegistryText(const std::wstring& key, const wchar_t* value, const st
   const LSTATUS code =
       RegCreateKeyExW(HKEY_LOCAL_MACHINE, key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &created, nullptr);
   if (code != ERROR_SUCCESS) return Error{static_cast<std::uint32_t>(code)};
-  const Key opened(created);
+  const win32::RegistryKey opened(created);
   const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
   return win32::DoneOrCode(static_cast<ULONG>(RegSetValueExW(
       opened.get(), value, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()), static_cast<DWORD>(bytes))));
 }
 
 std::vector<std::wstring> RegistrySubkeys(const std::wstring& key) {
-  const Key opened = OpenMachineKey(key, KEY_READ);
+  const win32::RegistryKey opened = OpenMachineKey(key, KEY_READ);
   if (!opened) return {};
   DWORD count = 0, longest = 0;
   if (RegQueryInfoKeyW(opened.get(), nullptr, nullptr, nullptr, &count, &longest, nullptr, nullptr, nullptr, nullptr,
@@ -90,7 +85,7 @@ std::vector<std::wstring> RegistrySubkeys(const std::wstring& key) {
 }
 
 std::optional<std::uint32_t> ReadRegistryNumber(const std::wstring& key, const wchar_t* value) {
-  const Key opened = OpenMachineKey(key, KEY_READ);
+  const win32::RegistryKey opened = OpenMachineKey(key, KEY_READ);
   if (!opened) return {};
   DWORD type = REG_NONE, number = 0, size = sizeof number;
   const LSTATUS code = RegQueryValueExW(opened.get(), value, nullptr, &type, reinterpret_cast<BYTE*>(&number), &size);

@@ -18,10 +18,6 @@ HINSTANCE OwnInstance() {
   return GetModuleHandleW(nullptr);
 }
 
-HWND NativeOf(WindowHandle window) {
-  return win32::ToNative<HWND>(window);
-}
-
 HICON LoadOwnIcon(std::uint16_t id, int widthMetric, int heightMetric) {
   return static_cast<HICON>(LoadImageW(OwnInstance(), MAKEINTRESOURCEW(id), IMAGE_ICON, GetSystemMetrics(widthMetric),
                                        GetSystemMetrics(heightMetric), LR_DEFAULTCOLOR));
@@ -70,19 +66,19 @@ void BecomePerMonitorDpiAware() {
 }
 
 void RefreshWindow(WindowHandle window) {
-  UpdateWindow(NativeOf(window));
+  UpdateWindow(win32::NativeOf(window));
 }
 
 void AllowMessage(WindowHandle window, std::uint32_t message) {
-  ChangeWindowMessageFilterEx(NativeOf(window), message, MSGFLT_ALLOW, nullptr);
+  ChangeWindowMessageFilterEx(win32::NativeOf(window), message, MSGFLT_ALLOW, nullptr);
 }
 
 void StartTimer(WindowHandle window, std::uint64_t id, std::uint32_t periodMs) {
-  SetTimer(NativeOf(window), id, periodMs, nullptr);
+  SetTimer(win32::NativeOf(window), id, periodMs, nullptr);
 }
 
 void StopTimer(WindowHandle window, std::uint64_t id) {
-  KillTimer(NativeOf(window), id);
+  KillTimer(win32::NativeOf(window), id);
 }
 
 PowerNotification RegisterPowerSetting(WindowHandle window, PowerSetting setting) {
@@ -95,18 +91,18 @@ void UnregisterPowerSetting(PowerNotification notification) {
 }
 
 Status RegisterSessionEvents(WindowHandle window) {
-  return win32::DoneOrLastError(WTSRegisterSessionNotification(NativeOf(window), NOTIFY_FOR_THIS_SESSION));
+  return win32::DoneOrLastError(WTSRegisterSessionNotification(win32::NativeOf(window), NOTIFY_FOR_THIS_SESSION));
 }
 
 void UnregisterSessionEvents(WindowHandle window) {
-  WTSUnRegisterSessionNotification(NativeOf(window));
+  WTSUnRegisterSessionNotification(win32::NativeOf(window));
 }
 
 int RunMessageLoop(WindowHandle window, std::uint16_t accelerators) {
   const HACCEL table = LoadAcceleratorsW(OwnInstance(), MAKEINTRESOURCEW(accelerators));
   MSG message{};
   while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-    if (TranslateAcceleratorW(NativeOf(window), table, &message) != 0) continue;
+    if (TranslateAcceleratorW(win32::NativeOf(window), table, &message) != 0) continue;
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }
@@ -118,11 +114,11 @@ void QuitMessageLoop(int code) {
 }
 
 void DestroyServiceWindow(WindowHandle window) {
-  DestroyWindow(NativeOf(window));
+  DestroyWindow(win32::NativeOf(window));
 }
 
 void ShowDialog(WindowHandle owner, std::uint16_t id) {
-  DialogBoxParamW(OwnInstance(), MAKEINTRESOURCEW(id), NativeOf(owner), DialogProcedure, 0);
+  DialogBoxParamW(OwnInstance(), MAKEINTRESOURCEW(id), win32::NativeOf(owner), DialogProcedure, 0);
 }
 
 }  // namespace os

@@ -11,11 +11,6 @@
 namespace os {
 namespace {
 
-struct KeyCloser {
-  void operator()(HKEY key) const noexcept { RegCloseKey(key); }
-};
-using Key = std::unique_ptr<HKEY__, KeyCloser>;
-
 struct EventQueryCloser {
   void operator()(void* handle) const noexcept { EvtClose(handle); }
 };
@@ -31,7 +26,7 @@ bool Await(const win32::LocalHandle& signal) {
 }
 
 /// Has the next change signalled, once.
-bool ListenOnce(const Key& key, const win32::LocalHandle& signal) {
+bool ListenOnce(const win32::RegistryKey& key, const win32::LocalHandle& signal) {
   return RegNotifyChangeKeyValue(key.get(), TRUE, REG_NOTIFY_CHANGE_NAME | REG_NOTIFY_CHANGE_LAST_SET, signal.get(),
                                  TRUE) == ERROR_SUCCESS;
 }
@@ -54,7 +49,7 @@ bool TakeEvents(const EventQuery& subscription) {
 void WatchRegistryKey(const std::wstring& key, const std::function<void()>& onChange) {
   HKEY opened = nullptr;
   if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, key.c_str(), 0, KEY_NOTIFY | KEY_WOW64_64KEY, &opened) != ERROR_SUCCESS) return;
-  const Key watched(opened);
+  const win32::RegistryKey watched(opened);
   const auto signal = MakeSignal();
   if (!signal || !ListenOnce(watched, signal)) return;
   while (Await(signal)) {

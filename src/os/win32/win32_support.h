@@ -27,6 +27,10 @@ template <class Native, class Strong>
   return reinterpret_cast<Native>(static_cast<std::uintptr_t>(handle));
 }
 
+[[nodiscard]] inline HWND NativeOf(WindowHandle window) {
+  return ToNative<HWND>(window);
+}
+
 /// The calling thread's last error; must be the first call after the one that failed.
 [[nodiscard]] inline Error LastError() {
   return Error{GetLastError()};
@@ -69,6 +73,12 @@ struct HandleCloser {
   void operator()(void* handle) const noexcept { CloseHandle(handle); }
 };
 using LocalHandle = std::unique_ptr<void, HandleCloser>;
+
+/// Closes a registry key, likewise.
+struct KeyCloser {
+  void operator()(HKEY key) const noexcept { RegCloseKey(key); }
+};
+using RegistryKey = std::unique_ptr<HKEY__, KeyCloser>;
 
 /// A function of a system library that not every version of Windows has; null where it is missing. `Function` is its
 /// type, such as BOOL WINAPI(PBOOL). Only libraries that every process holds anyway, so that none is searched for.

@@ -5,30 +5,26 @@
 namespace os {
 namespace {
 
-HWND NativeOf(WindowHandle window) {
-  return win32::ToNative<HWND>(window);
-}
-
 /// Whether the window's thread took the message in time.
 bool SendInTime(WindowHandle window, UINT message, std::uint32_t timeoutMs) {
-  return SendMessageTimeoutW(NativeOf(window), message, 0, 0, SMTO_ABORTIFHUNG, timeoutMs, nullptr) != 0;
+  return SendMessageTimeoutW(win32::NativeOf(window), message, 0, 0, SMTO_ABORTIFHUNG, timeoutMs, nullptr) != 0;
 }
 
 }  // namespace
 
 Status ShowWindow(WindowHandle window, ShowCommand command) {
   SetLastError(ERROR_SUCCESS);  // a hidden window is no failure
-  return win32::DoneOrLastError(::ShowWindow(NativeOf(window), static_cast<int>(command)));
+  return win32::DoneOrLastError(::ShowWindow(win32::NativeOf(window), static_cast<int>(command)));
 }
 
 Status MoveWindow(WindowHandle window, std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) {
-  return win32::DoneOrLastError(::MoveWindow(NativeOf(window), x, y, width, height, TRUE));
+  return win32::DoneOrLastError(::MoveWindow(win32::NativeOf(window), x, y, width, height, TRUE));
 }
 
 Result<WindowPlacement> GetPlacement(WindowHandle window) {
   WINDOWPLACEMENT native{};
   native.length = sizeof native;
-  if (GetWindowPlacement(NativeOf(window), &native) == FALSE) return win32::LastError();
+  if (GetWindowPlacement(win32::NativeOf(window), &native) == FALSE) return win32::LastError();
   const RECT& normal = native.rcNormalPosition;
   return WindowPlacement{.flags = native.flags,
                          .showCmd = static_cast<ShowCommand>(native.showCmd),
@@ -46,16 +42,16 @@ Status SetPlacement(WindowHandle window, const WindowPlacement& placement) {
   native.ptMinPosition = {placement.minimizedPosition.x, placement.minimizedPosition.y};
   native.ptMaxPosition = {placement.maximizedPosition.x, placement.maximizedPosition.y};
   native.rcNormalPosition = {normal.left, normal.top, normal.right, normal.bottom};
-  return win32::DoneOrLastError(SetWindowPlacement(NativeOf(window), &native));
+  return win32::DoneOrLastError(SetWindowPlacement(win32::NativeOf(window), &native));
 }
 
 Status SetTopmost(WindowHandle window, bool topmost) {
-  return win32::DoneOrLastError(
-      SetWindowPos(NativeOf(window), topmost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE));
+  return win32::DoneOrLastError(SetWindowPos(win32::NativeOf(window), topmost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0,
+                                             0, SWP_NOSIZE | SWP_NOMOVE));
 }
 
 void SetWindowExtendedStyle(WindowHandle window, std::uint32_t style) {
-  SetWindowLongW(NativeOf(window), GWL_EXSTYLE, static_cast<LONG>(style));
+  SetWindowLongW(win32::NativeOf(window), GWL_EXSTYLE, static_cast<LONG>(style));
 }
 
 bool AnswersWithin(WindowHandle window, std::uint32_t timeoutMs) {
