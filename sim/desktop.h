@@ -106,7 +106,6 @@ class Desktop {
   /// L"move 0 0 1920 1080" (place and size), L"place 3 (0,0,800,600)" (how it is shown and its rectangle), L"topmost
   /// 1", L"exstyle 08000000", L"close". Kept also when the window is gone.
   [[nodiscard]] std::vector<std::wstring> Journal(os::WindowHandle window) const;
-  void ForgetJournals() { journals_.clear(); }
 
  private:
   void CloseAllOf(std::uint32_t processId);

@@ -1,5 +1,6 @@
 #include "os/device_io.h"
 #include "sim/parts.h"
+#include "sim/system_errors.h"
 
 namespace os {
 
@@ -10,11 +11,9 @@ void CloseDevice(DeviceHandle device) noexcept {
 }
 
 Result<Device> OpenDevice(const wchar_t* path) {
-  constexpr std::uint32_t kFileNotFound = 2;
-  const auto call = sim::Enter<&OpenDevice>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&OpenDevice>(); call.failed()) return Error{call.error()};
   const auto device = Machine().firmware.Open(path);
-  if (!device) return Error{kFileNotFound};
+  if (!device) return Error{sim::kFileNotFound};
   return Device(*device);
 }
 
@@ -27,10 +26,8 @@ std::optional<Bytes> Control(const Device& device, std::uint32_t code, BytesView
 }
 
 Status WriteFirmwareVariable(const wchar_t* name, const wchar_t* guid, BytesView value) {
-  constexpr std::uint32_t kPrivilegeNotHeld = 1314;
-  const auto call = sim::Enter<&WriteFirmwareVariable>();
-  if (call.failed()) return Error{call.error()};
-  if (!Machine().sessions.PrivilegeEnabled(L"SeSystemEnvironmentPrivilege")) return Error{kPrivilegeNotHeld};
+  if (const auto call = sim::Enter<&WriteFirmwareVariable>(); call.failed()) return Error{call.error()};
+  if (!Machine().sessions.PrivilegeEnabled(L"SeSystemEnvironmentPrivilege")) return Error{sim::kPrivilegeNotHeld};
   Machine().firmware.WriteVariable({name, guid, {value.begin(), value.end()}});
   return Done{};
 }

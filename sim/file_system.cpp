@@ -4,12 +4,11 @@
 #include <cstdint>
 #include <utility>
 
+#include "sim/system_errors.h"
 #include "sim/text.h"
 
 namespace sim {
 namespace {
-
-constexpr std::uint32_t kFileNotFound = 2, kPathNotFound = 3, kAccessDenied = 5, kAlreadyExists = 183;
 
 /// The form under which a path is kept: backslashes only, none at the end.
 std::wstring Normalised(std::wstring path) {
