@@ -108,7 +108,8 @@ class Desktop {
   [[nodiscard]] std::vector<std::wstring> Journal(os::WindowHandle window) const;
 
  private:
-  void CloseAllOf(std::uint32_t processId);
+  using Concerned = std::function<bool(const Window&)>;
+  void CloseWhere(const Concerned& concerned);
   void BringToTop(os::WindowHandle window);
   void PassOnForeground();
   [[nodiscard]] os::Rect WorkArea(const os::Rect& monitor) const;
@@ -155,7 +156,6 @@ class Desktop::Door : public Desktop {
   void AskToClose(os::WindowHandle window);
 
  private:
-  using Concerned = std::function<bool(const Window&)>;
   [[nodiscard]] bool AllAnswer(const Concerned& concerned) const;
   bool AwaitThreads(const Concerned& concerned, std::optional<std::uint64_t> deadlineMs);
 };

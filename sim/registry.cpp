@@ -57,6 +57,11 @@ void Registry::SetQword(const std::wstring& key, const std::wstring& value, std:
   Set(key, value, {RegistryValue::Type::Qword, LittleEndian(number)});
 }
 
+void Registry::Remove(const std::wstring& key, const std::wstring& value) {
+  if (const auto values = keys_.find(key); values != keys_.end()) values->second.erase(value);
+  watches_.RegistryChanged(key);
+}
+
 void Registry::AddKey(const std::wstring& key) {
   keys_[key];
   watches_.RegistryChanged(key);

@@ -43,6 +43,7 @@ class Registry {
   void SetDword(const std::wstring& key, const std::wstring& value, std::uint32_t number);
   void SetQword(const std::wstring& key, const std::wstring& value, std::uint64_t number);
 
+  void Remove(const std::wstring& key, const std::wstring& value);
   void RemoveKey(const std::wstring& key);
 
   /// The value as it is stored; null when key or value is missing.

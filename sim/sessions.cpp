@@ -37,14 +37,6 @@ void Sessions::Unlock() {
   Tell(kUnlocked);
 }
 
-void Sessions::ShowSecureDesktop() {
-  SwitchDesktop(true);
-}
-
-void Sessions::HideSecureDesktop() {
-  SwitchDesktop(false);
-}
-
 void Sessions::SwitchDesktop(bool secure) {
   secureDesktop_ = secure;
   desktop_.Raise(os::WindowEvent::DesktopSwitch, os::WindowHandle::None);

@@ -89,10 +89,6 @@ void TouchController::Lift() {
   Report(ScreenReport(*touchScreen_, 0));
 }
 
-void TouchController::Report(os::Bytes report) {
-  ReportFrom(*touchScreen_, std::move(report));
-}
-
 void TouchController::ReportFrom(const HidCollection& collection, os::Bytes report) {
   os::RawInput input;
   input.type = os::kRawInputHid;
@@ -159,7 +155,7 @@ std::vector<std::wstring> TouchController::Door::FirstHardwareIds(os::HidNodesHa
   std::vector<std::wstring> ids;
   const auto* list = nodeLists_.Find(nodes);
   if (list == nullptr) return ids;
-  for (const auto* node : *list) ids.push_back(node->hardwareIds.empty() ? std::wstring() : node->hardwareIds[0]);
+  for (const auto* node : *list) ids.push_back(node->FirstId());
   return ids;
 }
 
@@ -168,7 +164,7 @@ std::uint32_t TouchController::Door::SwitchNode(os::HidNodesHandle nodes, std::s
   if (list == nullptr || index >= list->size()) return kNoMoreItems;
   if (!(*list)[index]->plugged) return kNotFound;
   auto& node = *(*list)[index];
-  nodeSwitches_.push_back({node.hardwareIds.empty() ? std::wstring() : node.hardwareIds[0], enable});
+  nodeSwitches_.push_back({node.FirstId(), enable});
   const bool comesBack = enable && !node.enabled;
   node.enabled = enable;
   if (comesBack) Arrived(node);

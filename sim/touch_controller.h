@@ -54,7 +54,7 @@ class TouchController {
   void Contact(int reports = 1);
   void Lift();
   /// The touch screen, or any other collection sends one report, as it stands.
-  void Report(os::Bytes report);
+  void Report(os::Bytes report) { ReportFrom(*touchScreen_, std::move(report)); }
   void ReportFrom(const HidCollection& collection, os::Bytes report);
   /// Like ReportFrom; `input` says what is odd about the record, its device and report are filled in.
   void Deliver(const HidCollection& collection, os::Bytes report, os::RawInput input);
