@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cwctype>
 #include <string_view>
-#include <utility>
 
 #include "sim/text.h"
 
