@@ -115,6 +115,17 @@ TEST_F(SimulatedEnd, UnwindsThreadsWhereverTheyAreStuck) {
   EXPECT_EQ(gHeard.back(), "taken");
 }
 
+TEST(SimulatedThreadsDeathTest, WhatBelongsToTheMainThreadIsTouchedByNoOther) {
+  const auto touch = [](const wchar_t* thread) {
+    Laptop laptop;
+    os::ExpectMainThread();  // the test's own may
+    os::StartThread(thread, os::ExpectMainThread);
+    laptop.Settle();
+  };
+  touch(L"main");
+  EXPECT_DEATH(touch(L"Win+P"), "belongs to the main thread, and was touched by \"Win\\+P\"");
+}
+
 /// Runs something as a thread of the controller's. False when it still waits in the end.
 bool RunsThrough(Laptop& laptop, const std::function<void()>& body) {
   const auto returned = std::make_shared<bool>(false);
