@@ -7,10 +7,11 @@
 
 #include "os/desktop.h"
 #include "os/hooks.h"
+#include "os/threads.h"
 #include "sim/laptop.h"
-#include "windows/drag_watch.h"
 #include "windows/foreground_watch.h"
 #include "windows/full_screen.h"
+#include "windows/mover/drag_watch.h"
 #include "windows/window_validity.h"
 
 namespace {
@@ -95,7 +96,7 @@ void MoveToAndFro(benchmark::State& state, sim::Laptop& laptop) {
 
 void MoveOntoEmptyCallback(benchmark::State& state) {
   sim::Laptop laptop;
-  laptop.scheduler.StartThread(L"empty", [] { os::WatchMouse([](MouseEvent, Point) {}); });
+  os::StartThread(L"empty", [] { os::WatchMouse([](MouseEvent, Point) {}); });
   laptop.Settle();
   MoveToAndFro(state, laptop);
 }
@@ -103,7 +104,7 @@ BENCHMARK(MoveOntoEmptyCallback)->MinTime(0.1)->Repetitions(9)->ReportAggregates
 
 void MoveOntoController(benchmark::State& state) {
   sim::Laptop laptop({.uiInstalled = false});
-  laptop.scheduler.StartThread(L"mouse", [] { os::WatchMouse(tessaview::OnMouse); });
+  os::StartThread(L"mouse", [] { os::WatchMouse(tessaview::OnMouse); });
   laptop.Settle();
   MoveToAndFro(state, laptop);
 }

@@ -1,8 +1,8 @@
 #include <benchmark/benchmark.h>
 
 #include "sim/laptop.h"
-#include "uilink/ui_commands.h"
-#include "uilink/ui_record.h"
+#include "uilink/channel/ui_record.h"
+#include "uilink/commands/ui_commands.h"
 
 namespace {
 

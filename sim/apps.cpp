@@ -1,7 +1,5 @@
 #include "sim/apps.h"
 
-#include "sim/laptop.h"
-
 namespace sim {
 namespace {
 
@@ -13,52 +11,48 @@ constexpr std::uint32_t kApplicationNotKnown = 0x8027'0254;  // E_APPLICATION_NO
 
 void Apps::InstallUi() {
   SetInstalled(true);
-  Machine().Settle();
 }
 
 void Apps::RemoveUi() {
   SetInstalled(false);
-  Machine().Settle();
 }
 
 void Apps::SetInstalled(bool installed) {
-  auto& laptop = Machine();
   uiInstalled = installed;
-  laptop.processes[Laptop::kCheckTool].exitCode = installed ? 1 : 0;
+  processes_[kCheckTool].exitCode = installed ? 1 : 0;
   const auto package = std::wstring(Registry::kPackages) + L"\\7C31A0D4.TessaviewMaster_1.0.0.0_x64__h2kq9vx81tmwe";
   if (installed) {
-    laptop.registry.SetText(package, L"Path", L"C:\\Program Files\\WindowsApps\\7C31A0D4.TessaviewMaster");
+    registry_.SetText(package, L"Path", L"C:\\Program Files\\WindowsApps\\7C31A0D4.TessaviewMaster");
   } else {
-    laptop.registry.RemoveKey(package);
+    registry_.RemoveKey(package);
   }
+  scheduler_.SettleStory();
 }
 
-void Apps::JoinCom() {
+void Apps::Door::JoinCom() {
   comThreads_.insert(Scheduler::ThreadId());
 }
 
-os::Result<os::ActivationManager> Apps::CreateManager() {
+os::Result<os::ActivationManager> Apps::Door::CreateManager() {
   if (!comThreads_.contains(Scheduler::ThreadId())) return os::Error{kComNotInitialised};
   return os::ActivationManager(managers_.Open({}));
 }
 
-os::Status Apps::Activate(os::ActivationHandle manager, const std::wstring& appUserModelId,
-                          const std::wstring& argument) {
+os::Status Apps::Door::Activate(os::ActivationHandle manager, const std::wstring& appUserModelId,
+                                const std::wstring& argument) {
   if (managers_.Find(manager) == nullptr) return os::Error{kInvalidHandle};
-  auto& laptop = Machine();
-  activations_.push_back({appUserModelId, argument, laptop.NowMs()});
+  activations_.push_back({appUserModelId, argument, scheduler_.NowMs()});
   if (appUserModelId != kUiId || !uiInstalled) return os::Error{kApplicationNotKnown};
   if (uiStartMs) {
-    laptop.After(*uiStartMs, [this] {
-      auto& ui = Machine().ui;
-      if (ui.AnyWindow()) return;  // a second activation only brings the UI to the user
-      uiOpensGuide ? ui.OpenGuide() : ui.Start();
+    scheduler_.After(*uiStartMs, [this] {
+      if (ui_.AnyWindow()) return;  // a second activation only brings the UI to the user
+      uiOpensGuide ? ui_.OpenGuide() : ui_.Start();
     });
   }
   return os::Done{};
 }
 
-void Apps::EndProcess() {
+void Apps::Door::EndProcess() {
   comThreads_.clear();
   managers_.CloseAll();
 }

@@ -8,6 +8,9 @@
 
 #include "os/processes.h"
 #include "sim/handle_table.h"
+#include "sim/registry.h"
+#include "sim/scheduler.h"
+#include "sim/ui.h"
 
 namespace sim {
 
@@ -20,6 +23,13 @@ struct Activation {
 /// The packaged applications and the component that activates them.
 class Apps {
  public:
+  class Door;
+
+  Apps(Scheduler& scheduler, Registry& registry, Processes& processes, Ui& ui)
+      : scheduler_(scheduler), registry_(registry), processes_(processes), ui_(ui) {}
+
+  /// The program that says whether the UI is installed, by its exit code.
+  static constexpr auto kCheckTool = L"NorvTessaviewCheck.exe";
   static constexpr auto kUiId = L"7C31A0D4.TessaviewMaster_h2kq9vx81tmwe!7C31A0D4.TessaviewMaster";
 
   bool uiInstalled = true;
@@ -34,24 +44,32 @@ class Apps {
   /// settles.
   void InstallUi();
   void RemoveUi();
-  /// The same without settling, for what happens by itself.
-  void SetInstalled(bool installed);
 
   [[nodiscard]] const std::vector<Activation>& Activations() const { return activations_; }
   [[nodiscard]] std::size_t OpenManagers() const { return managers_.size(); }
 
-  // ---- the door ----
+ private:
+  void SetInstalled(bool installed);
+
+  struct Manager {};
+  Scheduler& scheduler_;
+  Registry& registry_;
+  Processes& processes_;
+  Ui& ui_;
+  std::set<std::uint32_t> comThreads_;
+  HandleTable<os::ActivationHandle, Manager> managers_;
+  std::vector<Activation> activations_;
+};
+
+class Apps::Door : public Apps {
+ public:
+  using Apps::Apps;
+
   void JoinCom();
   os::Result<os::ActivationManager> CreateManager();
   os::Status Activate(os::ActivationHandle manager, const std::wstring& appUserModelId, const std::wstring& argument);
   void Release(os::ActivationHandle manager) noexcept { managers_.Close(manager); }
   void EndProcess();
-
- private:
-  struct Manager {};
-  std::set<std::uint32_t> comThreads_;
-  HandleTable<os::ActivationHandle, Manager> managers_;
-  std::vector<Activation> activations_;
 };
 
 }  // namespace sim

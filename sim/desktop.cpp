@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "sim/laptop.h"
 #include "sim/text.h"
 
 namespace sim {
@@ -26,7 +25,10 @@ os::Rect AtEdge(os::Rect area, Edge edge, std::int32_t thickness) {
 
 // ---- Opening and closing ----
 
-void Desktop::StartShell() {
+Desktop::Desktop(Scheduler& scheduler, const FileSystem& files, const Displays& displays, Processes& processes,
+                 WindowEvents& events)
+    : scheduler_(scheduler), files_(files), displays_(displays), processes_(processes), events_(events) {
+  processes_.WhenOneEnds([this](std::uint32_t processId) { CloseAllOf(processId); });
   Open({.className = L"HCONTROL",
         .title = L"HControl",
         .program = L"C:\\Windows\\System32\\HControl.exe",
@@ -42,9 +44,8 @@ WindowHandle Desktop::Open(Window window) {
   lastHandle_ += 2;
   window.handle = static_cast<WindowHandle>(lastHandle_);
   if (window.processId == 0) {
-    auto& processes = Machine().processes;
-    window.processId = processes.IdOf(window.program);
-    if (window.processId == 0) window.processId = processes.Run(window.program);
+    window.processId = processes_.IdOf(window.program);
+    if (window.processId == 0) window.processId = processes_.Run(window.program);
   }
   const auto handle = window.handle;
   windows_.insert(windows_.begin(), std::move(window));
@@ -119,8 +120,8 @@ void Desktop::PassOnForeground() {
 
 void Desktop::Raise(os::WindowEvent event, WindowHandle window, std::int32_t object) {
   const auto* of = Find(window);
-  if (of != nullptr && Lower(of->program) == Lower(Machine().files.ownProgram)) return;
-  events.Raise(event, window, object);
+  if (of != nullptr && Lower(of->program) == Lower(files_.ownProgram)) return;
+  events_.Raise(event, window, object);
 }
 
 void Desktop::SetTopmost(WindowHandle window, bool topmost) {
@@ -131,7 +132,7 @@ void Desktop::SetTopmost(WindowHandle window, bool topmost) {
   BringToTop(window);
 }
 
-void Desktop::Note(WindowHandle window, std::wstring entry) {
+void Desktop::Door::Note(WindowHandle window, std::wstring entry) {
   journals_[window].push_back(std::move(entry));
 }
 

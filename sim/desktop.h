@@ -10,20 +10,28 @@
 #include "os/desktop.h"
 #include "os/types.h"
 #include "os/window_control.h"
-#include "sim/monitors.h"
+#include "sim/displays.h"
+#include "sim/file_system.h"
+#include "sim/processes.h"
+#include "sim/scheduler.h"
 #include "sim/screen.h"
 #include "sim/window.h"
 #include "sim/window_events.h"
 
 namespace sim {
 
+/// An edge of a display.
+enum class Edge { Left, Top, Right, Bottom };
+
 /// The windows, top first, and which of them the user works with. What happens to a window is told to those who watch
 /// window events. Nothing here settles the laptop, and only what says so waits.
 class Desktop {
  public:
-  /// Opens what is there before the controller: the shell's desktop, which the user works with at first, and the window
-  /// of the firmware's hot-key component.
-  void StartShell();
+  class Door;
+
+  /// There are the shell's desktop, which the user works with at first, and the window of the hot-key component.
+  Desktop(Scheduler& scheduler, const FileSystem& files, const Displays& displays, Processes& processes,
+          WindowEvents& events);
 
   /// Opens a window on top of the others; only a topmost one comes above topmost ones.
   os::WindowHandle Open(Window window);
@@ -37,7 +45,6 @@ class Desktop {
   /// Closes a window with its children and those it owns. If the user worked with it, the topmost one left is next.
   void Close(os::WindowHandle window);
   void CloseAll(const std::wstring& className);
-  void CloseAllOf(std::uint32_t processId);
 
   [[nodiscard]] os::WindowHandle Foreground() const { return foreground_; }
   /// Brings a window to the top and to the user; None for the moment when no window is.
@@ -68,6 +75,17 @@ class Desktop {
   /// The monitor of a window; of a minimised one where it belongs, of a gone one the primary.
   [[nodiscard]] os::MonitorHandle MonitorOf(os::WindowHandle window) const;
 
+  // ---- The displays as windows see them: those with a picture of their own, less what the taskbars take ----
+
+  /// The monitors in the system's order.
+  [[nodiscard]] std::vector<os::Monitor> Monitors() const;
+  /// The monitor that most of an area lies on, or else the nearest; nothing while there is none.
+  [[nodiscard]] std::optional<os::Monitor> MonitorUnder(const os::Rect& area) const;
+  /// A monitor's dots per inch; 96 when it is unknown.
+  [[nodiscard]] std::uint32_t DpiOf(os::MonitorHandle monitor) const;
+  /// The point of the desktop that is nearest to this one.
+  [[nodiscard]] os::Point Onto(os::Point point) const;
+
   /// The window behind all others. It is in no list.
   static constexpr auto kDesktopWindow = static_cast<os::WindowHandle>(0x1'0008);
   [[nodiscard]] os::WindowHandle Shell() const { return shell_; }
@@ -79,8 +97,6 @@ class Desktop {
 
   bool Show(os::WindowHandle window, os::ShowCommand command);
   os::Status Move(os::WindowHandle window, const os::Rect& area);
-  [[nodiscard]] os::Result<os::WindowPlacement> Placement(os::WindowHandle window) const;
-  os::Status SetPlacement(os::WindowHandle window, const os::WindowPlacement& placement);
   void SetTopmost(os::WindowHandle window, bool topmost);
 
   /// Puts a window where the mouse drags it, as a normal one.
@@ -91,6 +107,37 @@ class Desktop {
   /// 1", L"exstyle 08000000", L"close". Kept also when the window is gone.
   [[nodiscard]] std::vector<std::wstring> Journal(os::WindowHandle window) const;
   void ForgetJournals() { journals_.clear(); }
+
+ private:
+  void CloseAllOf(std::uint32_t processId);
+  void BringToTop(os::WindowHandle window);
+  void PassOnForeground();
+  [[nodiscard]] os::Rect WorkArea(const os::Rect& monitor) const;
+  [[nodiscard]] os::Point PlacementOrigin(const Window& window) const;
+  [[nodiscard]] os::Rect Adapted(const Window& window, const os::Rect& to) const;
+  void SetArea(Window& window, const os::Rect& area);
+  void Enter(Window& window, ShowState state);
+  void TellProgram(os::WindowHandle window);
+
+  Scheduler& scheduler_;
+  const FileSystem& files_;
+  const Displays& displays_;
+  Processes& processes_;
+  WindowEvents& events_;
+  std::uint64_t lastHandle_ = 0x0001'0010;
+  os::WindowHandle foreground_ = os::WindowHandle::None, shell_ = os::WindowHandle::None;
+  std::vector<Window> windows_;
+  std::map<os::WindowHandle, std::vector<std::wstring>> journals_;
+};
+
+class Desktop::Door : public Desktop {
+ public:
+  using Desktop::Desktop;
+
+  /// Writes to a window's journal what was asked of it.
+  void Note(os::WindowHandle window, std::wstring entry);
+  [[nodiscard]] os::Result<os::WindowPlacement> Placement(os::WindowHandle window) const;
+  os::Status SetPlacement(os::WindowHandle window, const os::WindowPlacement& placement);
 
   // ---- The windows' threads ----
 
@@ -108,25 +155,10 @@ class Desktop {
   /// The window does what it does when it is asked to close.
   void AskToClose(os::WindowHandle window);
 
-  // ---- the door ----
-  void Note(os::WindowHandle window, std::wstring entry);
-  WindowEvents events;
-  void EndProcess() { events.EndProcess(); }
-
  private:
   using Concerned = std::function<bool(const Window&)>;
-  void BringToTop(os::WindowHandle window);
-  void PassOnForeground();
-  void SetArea(Window& window, const os::Rect& area);
-  void Enter(Window& window, ShowState state);
-  void TellProgram(os::WindowHandle window);
   [[nodiscard]] bool AllAnswer(const Concerned& concerned) const;
   bool AwaitThreads(const Concerned& concerned, std::optional<std::uint64_t> deadlineMs);
-
-  std::uint64_t lastHandle_ = 0x0001'0010;
-  os::WindowHandle foreground_ = os::WindowHandle::None, shell_ = os::WindowHandle::None;
-  std::vector<Window> windows_;
-  std::map<os::WindowHandle, std::vector<std::wstring>> journals_;
 };
 
 }  // namespace sim

@@ -2,10 +2,17 @@
 
 #include <algorithm>
 
-#include "sim/laptop.h"
+#include "sim/desktop.h"
 #include "sim/text.h"
 
 namespace sim {
+namespace {
+
+bool Contains(const os::Rect& area, os::Point point) {
+  return point.x >= area.left && point.x < area.right && point.y >= area.top && point.y < area.bottom;
+}
+
+}  // namespace
 
 using os::WindowHandle;
 
@@ -66,7 +73,7 @@ bool Desktop::IsVisible(WindowHandle window) const {
 
 os::MonitorHandle Desktop::MonitorOf(WindowHandle window) const {
   const auto* found = Find(window);
-  auto area = Machine().displays.PrimaryArea();
+  auto area = displays_.PrimaryArea();
   if (found != nullptr) area = found->state == ShowState::Minimized ? found->NormalArea() : found->area;
   const auto monitor = MonitorUnder(area);
   return monitor ? monitor->handle : os::MonitorHandle::None;

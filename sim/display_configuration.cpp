@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "sim/bytes.h"
 #include "sim/displays.h"
-#include "sim/laptop.h"
 
 namespace sim {
 namespace {
@@ -18,7 +18,7 @@ constexpr std::uint32_t kScaleToFit = 128;     // DISPLAYCONFIG_SCALING_PREFERRE
 constexpr std::uint32_t kProgressive = 1;
 
 void PutWord(os::DisplayMode& mode, std::size_t at, std::uint32_t value) {
-  for (std::size_t i = 0; i < 4; ++i) mode[at + i] = static_cast<std::uint8_t>(value >> 8 * i);
+  PutNumber(mode, at, value, 4);
 }
 
 os::DisplayMode ModeOf(std::uint32_t kind, std::uint32_t id, const os::AdapterId& adapter) {
@@ -52,7 +52,7 @@ os::DisplayMode TargetMode(const Screen& screen) {
 
 }  // namespace
 
-std::vector<os::DisplayPath> Displays::Paths(bool onlyActive) const {
+std::vector<os::DisplayPath> Displays::Door::Paths(bool onlyActive) const {
   std::vector<os::DisplayPath> paths;
   std::uint32_t modeIndex = 0;
   for (const auto& screen : screens_) {
@@ -63,7 +63,7 @@ std::vector<os::DisplayPath> Displays::Paths(bool onlyActive) const {
   return paths;
 }
 
-std::vector<os::DisplayMode> Displays::Modes() const {
+std::vector<os::DisplayMode> Displays::Door::Modes() const {
   std::vector<os::DisplayMode> modes;
   for (const auto& screen : screens_) {
     if (!screen.OnDesktop()) continue;
@@ -73,7 +73,7 @@ std::vector<os::DisplayMode> Displays::Modes() const {
   return modes;
 }
 
-os::DisplayPath Displays::PathOf(const Screen& screen, std::uint32_t modeIndex) const {
+os::DisplayPath Displays::Door::PathOf(const Screen& screen, std::uint32_t modeIndex) const {
   const auto& source = MirrorsFirst(screen) ? screens_[0] : screen;
   os::DisplayPath path;
   path.source = {.adapter = source.adapter, .id = source.sourceId, .modeIndex = modeIndex};
@@ -93,8 +93,8 @@ os::DisplayPath Displays::PathOf(const Screen& screen, std::uint32_t modeIndex) 
   return path;
 }
 
-std::int32_t Displays::ChangeConfiguration(const std::vector<os::DisplayPath>& paths,
-                                           const std::vector<os::DisplayMode>& modes, std::uint32_t flags) {
+std::int32_t Displays::Door::ChangeConfiguration(const std::vector<os::DisplayPath>& paths,
+                                                 const std::vector<os::DisplayMode>& modes, std::uint32_t flags) {
   ConfigurationChange change{paths, modes, flags};
   change.result = ApplyConfiguration(change);
   configurationChanges_.push_back(change);
@@ -103,7 +103,7 @@ std::int32_t Displays::ChangeConfiguration(const std::vector<os::DisplayPath>& p
 }
 
 /// A change names either a supplied configuration or one of the projections, never both.
-std::int32_t Displays::ApplyConfiguration(const ConfigurationChange& change) {
+std::int32_t Displays::Door::ApplyConfiguration(const ConfigurationChange& change) {
   const bool supplied = (change.flags & os::kSdcUseSuppliedConfig) != 0;
   const bool apply = (change.flags & os::kSdcApply) != 0;
   const auto projection = static_cast<os::Topology>(change.flags & kTopologyFlags);
@@ -112,13 +112,13 @@ std::int32_t Displays::ApplyConfiguration(const ConfigurationChange& change) {
   if (supplied) return ApplySupplied(change.paths, apply);
   if (apply) {
     Project(projection);
-    StoreProjection(Machine().FileTime());
+    StoreProjection(scheduler_.FileTime());
   }
   return 0;
 }
 
 /// The supplied paths are the whole configuration: a display without an active path leaves the desktop.
-std::int32_t Displays::ApplySupplied(const std::vector<os::DisplayPath>& paths, bool apply) {
+std::int32_t Displays::Door::ApplySupplied(const std::vector<os::DisplayPath>& paths, bool apply) {
   const auto isKnown = [&](const os::DisplayPath& path) {
     const bool isTurn = path.target.rotation >= 1 && path.target.rotation <= os::kRotation270;
     return isTurn && FindTarget(path) != nullptr && FindSource(path) != nullptr;

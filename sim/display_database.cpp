@@ -1,24 +1,45 @@
 // The stored display configurations: one registry key for each arrangement that was ever in force, named after its
-// monitors. When the set of monitors changes, the system takes up the newest one that fits those that are there. Names
-// are taken apart here once more, so that the model does not share what it is there to test; how a monitor's key is
-// made has tests of its own, and is.
+// monitors. When the set of monitors changes, the system takes up the newest one that fits those that are there.
 
 #include <algorithm>
+#include <cwctype>
+#include <iomanip>
+#include <sstream>
 #include <string>
 #include <vector>
 
-#include "display/configuration_database.h"
-#include "display/monitor_keys.h"
+#include "sim/bytes.h"
 #include "sim/displays.h"
-#include "sim/laptop.h"
 
 namespace sim {
 namespace {
 
-const std::wstring kDatabase = tessaview::kConfigurationDatabase;
+const std::wstring kDatabase = L"SYSTEM\\CurrentControlSet\\Control\\GraphicsDrivers\\Configuration";
 
+/// A monitor's serial: the first text of its own for it, at most 12 characters; else the number at offset 12.
+std::wstring SerialOf(os::BytesView edid) {
+  for (std::size_t at = 54; at < 126; at += 18) {
+    if (edid[at + 3] != 0xFF) continue;
+    const auto text = edid.subspan(at + 5, 12);
+    return {text.begin(), std::find_if(text.begin(), text.end(), [](auto byte) { return byte == 0 || byte == '\n'; })};
+  }
+  return std::to_wstring(GetWord(edid, 12));
+}
+
+/// A monitor in the names: model, serial, week and year of manufacture, checksum, such as
+/// "TSB88882290649088_1C_07DB_26". Of one whose EDID cannot be read the model and zeros.
 std::wstring KeyOf(const Screen& screen) {
-  return tessaview::ShortMonitorKey(screen.instanceId, tessaview::ReadEdidIdentity(screen.edid));
+  const auto& id = screen.instanceId;
+  const auto begin = id.find(L'\\') + 1;
+  const bool isRead = screen.edid.size() >= 128;
+  const auto byte = [&](std::size_t at) { return isRead ? screen.edid[at] + 0U : 0U; };
+  std::wostringstream key;
+  key << id.substr(begin, id.find(L'\\', begin) - begin) << (isRead ? SerialOf(screen.edid) : L"") << std::hex
+      << std::setfill(L'0') << L'_' << std::setw(2) << byte(16) << L'_' << std::setw(4)
+      << (isRead ? 1990 + byte(17) : 0) << L'_' << std::setw(2) << byte(127);
+  auto name = key.str();
+  std::transform(name.begin(), name.end(), name.begin(), [](wchar_t c) { return std::towupper(c); });
+  return name;
 }
 
 /// "A+B^…" shows two pictures, "A*B^…" one twice, "A^…" one on A alone.
@@ -56,9 +77,9 @@ os::Topology Displays::StoredProjection(const std::wstring& name) const {
 void Displays::TakeUpNewest() {
   auto newest = os::Topology::None;
   std::uint64_t newestTime = 0;
-  for (const auto& name : Machine().registry.Subkeys(kDatabase)) {
+  for (const auto& name : registry_.Subkeys(kDatabase)) {
     const auto projection = StoredProjection(name);
-    const auto time = Machine().registry.Qword(kDatabase + L"\\" + name, L"Timestamp").value_or(0);
+    const auto time = registry_.Qword(kDatabase + L"\\" + name, L"Timestamp").value_or(0);
     if (projection == os::Topology::None || time <= newestTime) continue;
     newest = projection;
     newestTime = time;
@@ -73,7 +94,7 @@ void Displays::StoreProjection(std::uint64_t fileTime) const {
     if (!name.empty()) name += topology == os::Topology::Clone ? L"*" : L"+";
     name += KeyOf(screen);
   }
-  if (!name.empty()) Machine().registry.SetQword(kDatabase + L"\\" + name + L"^0", L"Timestamp", fileTime);
+  if (!name.empty()) registry_.SetQword(kDatabase + L"\\" + name + L"^0", L"Timestamp", fileTime);
 }
 
 }  // namespace sim

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "sim/displays.h"
-#include "sim/laptop.h"
 
 namespace sim {
 namespace {
@@ -63,17 +62,17 @@ os::Rect Displays::PrimaryArea() const {
 
 void Displays::LayOutAndTell() {
   LayOut();
-  Machine().window.Send([](const auto& events) { events.displayChange(); });
+  if (then_) then_();
 }
 
 void Displays::Changed() {
   LayOutAndTell();
-  Machine().Settle();
+  scheduler_.SettleStory();
 }
 
 void Displays::UserProjects(os::Topology choice) {
   Project(choice);
-  StoreProjection(Machine().FileTime());
+  StoreProjection(scheduler_.FileTime());
   Changed();
 }
 
@@ -85,11 +84,11 @@ void Displays::Dock(Screen& screen) {
 }
 
 void Displays::Undock(Screen& screen) {
-  Leaves(screen);
-  Machine().Settle();
+  Leave(screen);
+  scheduler_.SettleStory();
 }
 
-void Displays::Leaves(Screen& screen) {
+void Displays::Leave(Screen& screen) {
   screen.Unplug();
   TakeUpNewest();
   LayOutAndTell();

@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "sim/door_call.h"
 #include "sim/edid.h"
-#include "sim/laptop.h"
 #include "sim/text.h"
 
 namespace sim {
@@ -54,7 +52,7 @@ Screen MakeCPanel() {
 
 }  // namespace
 
-Displays::Displays() {
+Displays::Displays(Scheduler& scheduler, Registry& registry) : scheduler_(scheduler), registry_(registry) {
   AddMonitor(MakeBPanel());
   AddMonitor(MakeCPanel());
 }
@@ -78,7 +76,7 @@ void Displays::RemoveAll() {
 
 void Displays::AppearsAfter(Screen& screen, std::uint32_t ms) {
   screen.Unplug();
-  Machine().scheduler.After(ms, [this, &screen] {
+  scheduler_.After(ms, [this, &screen] {
     screen.Plug();
     TakeUpNewest();
     LayOutAndTell();
@@ -96,13 +94,13 @@ void Displays::ForgetChanges() {
   configurationChanges_.clear();
 }
 
-const Screen* Displays::FindSource(const os::DisplayPath& path) const {
+const Screen* Displays::Door::FindSource(const os::DisplayPath& path) const {
   const auto isIt = [&](const Screen& s) { return s.sourceId == path.source.id && s.adapter == path.source.adapter; };
   const auto found = std::find_if(screens_.begin(), screens_.end(), isIt);
   return found == screens_.end() ? nullptr : &*found;
 }
 
-const Screen* Displays::FindTarget(const os::DisplayPath& path) const {
+const Screen* Displays::Door::FindTarget(const os::DisplayPath& path) const {
   const auto isIt = [&](const Screen& s) {
     return s.plugged && s.targetId == path.target.id && s.adapter == path.target.adapter;
   };
@@ -120,12 +118,12 @@ const Screen* Displays::FindGdiName(const std::wstring& name) const {
   return found == screens_.end() ? nullptr : &*found;
 }
 
-Screen* Displays::Named(const std::wstring& gdiName) {
+Screen* Displays::Door::Named(const std::wstring& gdiName) {
   return const_cast<Screen*>(FindGdiName(gdiName));
 }
 
-std::int32_t Displays::ChangeSettings(const std::wstring& gdiName, const os::DisplaySettings& settings,
-                                      std::uint32_t flags) {
+std::int32_t Displays::Door::ChangeSettings(const std::wstring& gdiName, const os::DisplaySettings& settings,
+                                            std::uint32_t flags) {
   auto* screen = Named(gdiName);
   const auto result = screen == nullptr || !screen->plugged ? kBadParameter : screen->Apply(settings);
   settingsChanges_.push_back({gdiName, settings, flags, result});
@@ -133,7 +131,7 @@ std::int32_t Displays::ChangeSettings(const std::wstring& gdiName, const os::Dis
   return result;
 }
 
-std::optional<os::Bytes> Displays::DeviceParameter(const std::wstring& key, const std::wstring& value) const {
+std::optional<os::Bytes> Displays::Door::DeviceParameter(const std::wstring& key, const std::wstring& value) const {
   if (Lower(value) != L"edid") return std::nullopt;
   for (const auto& screen : screens_) {
     const auto node = L"SYSTEM\\CurrentControlSet\\Enum\\" + screen.instanceId + L"\\Device Parameters";

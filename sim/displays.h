@@ -2,11 +2,14 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "os/displays.h"
+#include "sim/registry.h"
+#include "sim/scheduler.h"
 #include "sim/screen.h"
 
 namespace sim {
@@ -31,7 +34,12 @@ struct ConfigurationChange {
 /// should be.
 class Displays {
  public:
-  Displays();
+  class Door;
+
+  Displays(Scheduler& scheduler, Registry& registry);
+
+  /// What else happens when the system has laid the desktop out: it tells every window.
+  void WhenLaidOut(std::function<void()> then) { then_ = std::move(then); }
 
   /// The built-in panels are always known, also while unplugged.
   [[nodiscard]] Screen& bPanel() { return screens_[0]; }
@@ -57,11 +65,11 @@ class Displays {
   void Dock(Screen& screen);
   void Undock(Screen& screen);
 
-  /// A display that is there and goes, by itself.
-  void Leaves(Screen& screen);
-
-  /// The same without settling, for what happens by itself.
-  void LayOutAndTell();
+  [[nodiscard]] const std::deque<Screen>& Screens() const { return screens_; }
+  [[nodiscard]] const Screen* FindGdiName(const std::wstring& name) const;
+  [[nodiscard]] bool MirrorsFirst(const Screen& screen) const;
+  /// The place of the primary display; empty while there is none.
+  [[nodiscard]] os::Rect PrimaryArea() const;
 
   /// The projection that the configuration database names; Project changes the displays with it.
   os::Topology topology = os::Topology::Extend;
@@ -73,16 +81,31 @@ class Displays {
   [[nodiscard]] const std::vector<ConfigurationChange>& ConfigurationChanges() const { return configurationChanges_; }
   void ForgetChanges();
 
-  // ---- the door ----
-  [[nodiscard]] const std::deque<Screen>& Screens() const { return screens_; }
+ private:
+  friend class Firmware;  // whose panel comes and goes with its power
+  void Leave(Screen& screen);
+  void LayOut();
+  void LayOutAndTell();
+  [[nodiscard]] os::Topology StoredProjection(const std::wstring& name) const;
+  void TakeUpNewest();
+  void StoreProjection(std::uint64_t fileTime) const;
+
+  Scheduler& scheduler_;
+  Registry& registry_;
+  std::function<void()> then_;
+  std::deque<Screen> screens_;  // never shrinks, so that references stay good
+  std::vector<DisplaySettingsChange> settingsChanges_;
+  std::vector<ConfigurationChange> configurationChanges_;
+};
+
+class Displays::Door : public Displays {
+ public:
+  using Displays::Displays;
+
   [[nodiscard]] std::vector<os::DisplayPath> Paths(bool onlyActive) const;
   [[nodiscard]] std::vector<os::DisplayMode> Modes() const;
   [[nodiscard]] const Screen* FindSource(const os::DisplayPath& path) const;
   [[nodiscard]] const Screen* FindTarget(const os::DisplayPath& path) const;
-  [[nodiscard]] const Screen* FindGdiName(const std::wstring& name) const;
-  [[nodiscard]] bool MirrorsFirst(const Screen& screen) const;
-  /// The place of the primary display; empty while there is none.
-  [[nodiscard]] os::Rect PrimaryArea() const;
   std::int32_t ChangeSettings(const std::wstring& gdiName, const os::DisplaySettings& settings, std::uint32_t flags);
   std::int32_t ChangeConfiguration(const std::vector<os::DisplayPath>& paths, const std::vector<os::DisplayMode>& modes,
                                    std::uint32_t flags);
@@ -91,18 +114,10 @@ class Displays {
   [[nodiscard]] std::optional<os::Bytes> DeviceParameter(const std::wstring& key, const std::wstring& value) const;
 
  private:
-  void LayOut();
-  [[nodiscard]] os::Topology StoredProjection(const std::wstring& name) const;
-  void TakeUpNewest();
-  void StoreProjection(std::uint64_t fileTime) const;
   [[nodiscard]] Screen* Named(const std::wstring& gdiName);
   [[nodiscard]] os::DisplayPath PathOf(const Screen& screen, std::uint32_t modeIndex) const;
   std::int32_t ApplyConfiguration(const ConfigurationChange& change);
   std::int32_t ApplySupplied(const std::vector<os::DisplayPath>& paths, bool apply);
-
-  std::deque<Screen> screens_;  // never shrinks, so that references stay good
-  std::vector<DisplaySettingsChange> settingsChanges_;
-  std::vector<ConfigurationChange> configurationChanges_;
 };
 
 }  // namespace sim

@@ -3,17 +3,9 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <optional>
 
-#include "os/service_window.h"
-
 namespace sim {
-
-class Laptop;
-
-/// The laptop that is switched on. There is one at a time; without one the program ends with a message.
-[[nodiscard]] Laptop& Machine();
 
 /// Stands for one door function: its address is the function's identity.
 struct DoorKey {
@@ -50,9 +42,5 @@ template <auto Function>
 DoorCall Enter() {
   return EnterDoor(kDoorKey<Function>);
 }
-
-/// Queues something for the controller's service window; it is called on the thread of its message loop, in turn with
-/// the posted messages. Lost while there is no such window.
-void PostToServiceWindow(std::function<void(const os::ServiceWindowEvents&)> message);
 
 }  // namespace sim

@@ -1,5 +1,5 @@
 #include "os/desktop.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 

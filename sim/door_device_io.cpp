@@ -1,13 +1,12 @@
 #include "os/device_io.h"
-#include "sim/door_call.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 
 using sim::Machine;
 
 void CloseDevice(DeviceHandle device) noexcept {
-  if (sim::Laptop::IsOn()) Machine().firmware.Close(device);
+  if (sim::IsOn()) Machine().firmware.Close(device);
 }
 
 Result<Device> OpenDevice(const wchar_t* path) {

@@ -1,5 +1,5 @@
 #include "os/devices.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 

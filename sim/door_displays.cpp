@@ -1,7 +1,6 @@
 #include "os/displays.h"
-#include "sim/door_call.h"
-#include "sim/laptop.h"
-#include "sim/monitors.h"
+#include "sim/bytes.h"
+#include "sim/parts.h"
 
 namespace os {
 namespace {
@@ -10,10 +9,6 @@ using sim::Machine;
 
 constexpr std::uint32_t kInsufficientBuffer = 122;
 constexpr std::size_t kLongestMonitorPath = 127, kLongestFriendlyName = 63;
-
-std::uint16_t EdidWord(const Bytes& edid, std::size_t at) {
-  return at + 1 < edid.size() ? static_cast<std::uint16_t>(edid[at] | edid[at + 1] << 8) : std::uint16_t{0};
-}
 
 }  // namespace
 
@@ -50,23 +45,26 @@ TargetName QueryTargetName(const DisplayPath& path) {
   if (call.failed()) return {};
   const auto* screen = Machine().displays.FindTarget(path);
   if (screen == nullptr) return {};
-  return {.monitorDevicePath = screen->devicePath.substr(0, kLongestMonitorPath),
-          .friendlyName = screen->friendlyName.substr(0, kLongestFriendlyName),
-          .edidManufactureId = EdidWord(screen->edid, 8),
-          .edidProductCode = EdidWord(screen->edid, 10)};
+  TargetName name{.monitorDevicePath = screen->devicePath.substr(0, kLongestMonitorPath),
+                  .friendlyName = screen->friendlyName.substr(0, kLongestFriendlyName)};
+  if (screen->edid.size() >= 12) {
+    name.edidManufactureId = sim::GetShort(screen->edid, 8);
+    name.edidProductCode = sim::GetShort(screen->edid, 10);
+  }
+  return name;
 }
 
 std::vector<Monitor> DesktopMonitors() {
   const auto call = sim::Enter<&DesktopMonitors>();
   if (call.failed()) return {};
-  auto monitors = sim::Monitors();
+  auto monitors = Machine().desktop.Monitors();
   monitors.resize(call.Shortened(monitors.size()));
   return monitors;
 }
 
 std::uint32_t MonitorDpi(MonitorHandle monitor) {
   constexpr std::uint32_t kUnknown = 96;
-  return sim::Enter<&MonitorDpi>().failed() ? kUnknown : sim::DpiOf(monitor);
+  return sim::Enter<&MonitorDpi>().failed() ? kUnknown : Machine().desktop.DpiOf(monitor);
 }
 
 std::optional<std::wstring> DisplayDeviceName(std::uint32_t index) {

@@ -1,8 +1,7 @@
 #include <algorithm>
 
 #include "os/hid.h"
-#include "sim/door_call.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 namespace {
@@ -44,7 +43,7 @@ std::optional<std::vector<HidInterface>> HidInterfaces() {
 }
 
 void CloseHid(HidHandle device) noexcept {
-  if (sim::Laptop::IsOn()) Machine().touch.Close(device);
+  if (sim::IsOn()) Machine().touch.Close(device);
 }
 
 Result<HidDevice> OpenHid(const std::wstring& path) {
@@ -122,7 +121,7 @@ Status RegisterRawInput(std::uint16_t usagePage, std::uint16_t usage, std::uint3
 }
 
 void CloseHidNodes(HidNodesHandle nodes) noexcept {
-  if (sim::Laptop::IsOn()) Machine().touch.Close(nodes);
+  if (sim::IsOn()) Machine().touch.Close(nodes);
 }
 
 Result<HidNodes> OpenHidNodes() {

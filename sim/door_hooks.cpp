@@ -1,5 +1,5 @@
 #include "os/hooks.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 
@@ -16,7 +16,7 @@ void WatchMouse(const std::function<void(MouseEvent event, Point pointer)>& onMo
 void WatchWindowEvents(
     WindowEvent first, WindowEvent last,
     const std::function<void(WindowEvent event, WindowHandle window, std::int32_t object)>& onEvent) {
-  if (!sim::Enter<&WatchWindowEvents>().failed()) Machine().desktop.events.Watch(first, last, onEvent);
+  if (!sim::Enter<&WatchWindowEvents>().failed()) Machine().windowEvents.Watch(first, last, onEvent);
 }
 
 }  // namespace os

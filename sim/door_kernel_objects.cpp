@@ -1,12 +1,12 @@
 #include "os/kernel_objects.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 
 using sim::Machine;
 
 void CloseKernelObject(KernelObject object) noexcept {
-  if (sim::Laptop::IsOn()) Machine().events.Close(object);
+  if (sim::IsOn()) Machine().events.Close(object);
 }
 
 NamedMutex CreateNamedMutex(const wchar_t* name) {

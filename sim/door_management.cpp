@@ -1,5 +1,5 @@
 #include "os/process_stops.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 
@@ -20,7 +20,7 @@ Status InitializeComSecurity() {
 }
 
 void ReleaseLocator(LocatorHandle locator) noexcept {
-  if (sim::Laptop::IsOn()) Machine().management.Close(locator);
+  if (sim::IsOn()) Machine().management.Close(locator);
 }
 
 Result<ManagementLocator> CreateManagementLocator() {
@@ -30,7 +30,7 @@ Result<ManagementLocator> CreateManagementLocator() {
 }
 
 void ReleaseManagement(ManagementHandle services) noexcept {
-  if (sim::Laptop::IsOn()) Machine().management.Close(services);
+  if (sim::IsOn()) Machine().management.Close(services);
 }
 
 Result<Management> ConnectToManagement(const ManagementLocator& /*locator*/, const wchar_t* /*nameSpace*/) {
@@ -46,7 +46,7 @@ Status SetManagementBlanket(const Management& /*services*/) {
 }
 
 void CancelSubscription(SubscriptionHandle subscription) noexcept {
-  if (sim::Laptop::IsOn()) Machine().management.Close(subscription);
+  if (sim::IsOn()) Machine().management.Close(subscription);
 }
 
 Result<ProcessStopSubscription> SubscribeToProcessStops(const Management& /*services*/, const wchar_t* query,

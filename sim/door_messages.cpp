@@ -3,7 +3,7 @@
 #include <string>
 
 #include "os/messages.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 #include "sim/text.h"
 
 namespace os {
@@ -48,7 +48,7 @@ bool SendCopyDataTimeout(WindowHandle window, std::uint64_t kind, BytesView reco
   auto& laptop = Machine();
   const auto* target = laptop.desktop.Find(window);
   if (target == nullptr || !target->responsive) return false;
-  return laptop.desktop.DeliverCopyData(window, kind, record, laptop.NowMs() + timeoutMs);
+  return laptop.desktop.DeliverCopyData(window, kind, record, laptop.scheduler.NowMs() + timeoutMs);
 }
 
 }  // namespace os

@@ -1,6 +1,6 @@
 #include "os/power.h"
 #include "os/services.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 

@@ -1,5 +1,5 @@
 #include "os/processes.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 namespace {
@@ -14,7 +14,7 @@ constexpr std::uint32_t kForever = 0xFFFF'FFFF;  // INFINITE
 // ---- Programs and processes ----
 
 void CloseProcess(ProcessHandle process) noexcept {
-  if (sim::Laptop::IsOn()) Machine().processes.Close(process);
+  if (sim::IsOn()) Machine().processes.Close(process);
 }
 
 Result<Process> StartAsUser(const Token& token, const std::wstring& program, const std::wstring& commandLine,
@@ -33,7 +33,7 @@ ProcessWait WaitForProcess(const Process& process, std::uint32_t timeoutMs) {
   if (call.failed()) return {WaitOutcome::Failed, call.error()};
   auto& laptop = Machine();
   if (!laptop.processes.HasEnded(process.get())) return {WaitOutcome::Failed, kInvalidHandle};
-  const auto deadline = timeoutMs == kForever ? std::nullopt : std::optional(laptop.NowMs() + timeoutMs);
+  const auto deadline = timeoutMs == kForever ? std::nullopt : std::optional(laptop.scheduler.NowMs() + timeoutMs);
   const auto ended = [&] { return laptop.processes.HasEnded(process.get()).value_or(true); };
   return {laptop.scheduler.WaitUntil(ended, deadline) ? WaitOutcome::Ended : WaitOutcome::TimedOut};
 }
@@ -60,7 +60,7 @@ void AwaitInputIdle(const Process& process, std::uint32_t timeoutMs) {
   if (sim::Enter<&AwaitInputIdle>().failed()) return;
   auto& laptop = Machine();
   const auto id = laptop.processes.IdOf(process.get());
-  if (id) laptop.desktop.AwaitIdle(*id, laptop.NowMs() + timeoutMs);
+  if (id) laptop.desktop.AwaitIdle(*id, laptop.scheduler.NowMs() + timeoutMs);
 }
 
 Result<Process> OpenToEnd(std::uint32_t processId) {
@@ -106,7 +106,7 @@ Status JoinCom() {
 }
 
 void ReleaseActivation(ActivationHandle manager) noexcept {
-  if (sim::Laptop::IsOn()) Machine().apps.Release(manager);
+  if (sim::IsOn()) Machine().apps.Release(manager);
 }
 
 Result<ActivationManager> CreateActivationManager() {

@@ -1,6 +1,5 @@
 #include "os/registry.h"
-#include "sim/door_call.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 namespace {

@@ -1,5 +1,5 @@
 #include "os/service_window.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 namespace {
@@ -85,7 +85,7 @@ int RunMessageLoop(WindowHandle /*window*/, std::uint16_t /*accelerators*/) {
 
 void QuitMessageLoop(int code) {
   sim::Enter<&QuitMessageLoop>();
-  Machine().window.Quit(code);
+  Machine().loops.Quit(code);
 }
 
 void DestroyServiceWindow(WindowHandle window) {

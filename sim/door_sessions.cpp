@@ -1,6 +1,6 @@
 #include "os/first_sign_in.h"
 #include "os/processes.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 
@@ -36,7 +36,7 @@ Result<std::vector<Session>> Sessions() {
 }
 
 void CloseToken(TokenHandle token) noexcept {
-  if (sim::Laptop::IsOn()) Machine().sessions.Close(token);
+  if (sim::IsOn()) Machine().sessions.Close(token);
 }
 
 Result<Token> SessionUserToken(std::uint32_t sessionId) {
@@ -68,11 +68,11 @@ Status Impersonate(const Token& token) {
 }
 
 void RevertToOwnRights() noexcept {
-  if (sim::Laptop::IsOn()) Machine().sessions.Revert();
+  if (sim::IsOn()) Machine().sessions.Revert();
 }
 
 void DestroyEnvironment(EnvironmentHandle environment) noexcept {
-  if (sim::Laptop::IsOn()) Machine().sessions.Close(environment);
+  if (sim::IsOn()) Machine().sessions.Close(environment);
 }
 
 Result<Environment> CreateEnvironment(const Token& token) {

@@ -1,7 +1,6 @@
 #include "os/settings_store.h"
-#include "sim/door_call.h"
 #include "sim/ini_file.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 namespace {

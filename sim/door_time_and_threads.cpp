@@ -3,7 +3,7 @@
 
 #include "os/clock.h"
 #include "os/threads.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 namespace {
@@ -16,12 +16,12 @@ constexpr std::uint32_t kForever = 0xFFFF'FFFF;  // INFINITE
 
 std::uint64_t NowMs() {
   sim::Enter<&NowMs>();
-  return Machine().NowMs();
+  return Machine().scheduler.NowMs();
 }
 
 std::uint64_t SystemFileTime() {
   sim::Enter<&SystemFileTime>();
-  return Machine().FileTime();
+  return Machine().scheduler.FileTime();
 }
 
 void Sleep(std::uint32_t ms) {
@@ -45,7 +45,7 @@ struct Lock::State {
   std::uint32_t depth = 0;  // 0: nobody holds it
 
   bool Free() {
-    if (std::exchange(processRun, Machine().ProcessRun()) != processRun) depth = 0;
+    if (std::exchange(processRun, Machine().processRun) != processRun) depth = 0;
     return depth == 0;
   }
 };
@@ -57,7 +57,7 @@ Lock::~Lock() {
 }
 
 void Lock::lock() {
-  if (!sim::Laptop::IsOn()) return;  // no threads either, then
+  if (!sim::IsOn()) return;  // no threads either, then
   sim::Enter<&Lock::lock>();
   const auto thread = sim::Scheduler::ThreadId();
   const auto mayTake = [this, thread] { return state_->Free() || state_->owner == thread; };
@@ -67,7 +67,7 @@ void Lock::lock() {
 }
 
 void Lock::unlock() {
-  if (!sim::Laptop::IsOn()) return;
+  if (!sim::IsOn()) return;
   if (!state_->Free() && state_->owner == sim::Scheduler::ThreadId()) --state_->depth;
 }
 
@@ -92,5 +92,7 @@ bool Semaphore::Wait() {
   --state_->count;
   return true;
 }
+
+void ExpectMainThread() {}
 
 }  // namespace os

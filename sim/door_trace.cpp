@@ -1,6 +1,5 @@
 #include "os/trace.h"
-#include "sim/door_call.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 

@@ -1,5 +1,5 @@
 #include "os/watches.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "os/window_control.h"
-#include "sim/laptop.h"
+#include "sim/parts.h"
 
 namespace os {
 namespace {
@@ -28,7 +28,7 @@ bool Ask(WindowHandle window, std::wstring what, std::optional<std::uint64_t> de
 bool AskInTime(WindowHandle window, std::wstring what, std::uint32_t timeoutMs) {
   const auto* found = Machine().desktop.Find(window);
   if (found == nullptr || !found->responsive) return false;
-  return Ask(window, std::move(what), Machine().NowMs() + timeoutMs);
+  return Ask(window, std::move(what), Machine().scheduler.NowMs() + timeoutMs);
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <numeric>
 
+#include "sim/bytes.h"
+
 namespace sim {
 namespace {
 
@@ -13,10 +15,6 @@ constexpr std::array<std::size_t, 4> kDescriptors{54, 72, 90, 108};
 constexpr std::size_t kDescriptorTag = 3, kDescriptorText = 5, kDescriptorTextSize = 13;
 constexpr std::size_t kSpare = 125;  // within the last descriptor, which carries the maker's own data
 constexpr std::uint8_t kSerialTag = 0xFF, kUnusedTag = 0x10, kMakerTag = 0x00;
-
-void PutNumber(os::Bytes& block, std::size_t at, std::uint32_t value, std::size_t bytes) {
-  for (std::size_t i = 0; i < bytes; ++i) block[at + i] = static_cast<std::uint8_t>(value >> 8 * i);
-}
 
 /// Three letters of five bits each, the most significant byte first.
 void PutManufacturer(os::Bytes& block, const std::string& letters) {

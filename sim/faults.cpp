@@ -10,13 +10,13 @@ void Faults::ClearAll() {
   for (auto& [function, behaviour] : behaviours_) Clear(behaviour);
 }
 
-std::uint32_t Faults::Begin(const DoorKey& function) {
+std::uint32_t Faults::Door::Begin(const DoorKey& function) {
   auto& behaviour = at(function);
   ++behaviour.calls;
   return behaviour.delayMs;
 }
 
-DoorCall Faults::Outcome(const DoorKey& function) {
+DoorCall Faults::Door::Outcome(const DoorKey& function) {
   auto& [calls, failure, delayMs, longestAnswer] = at(function);
   if (!failure) return {std::nullopt, longestAnswer};
   if (failure->after > 0) {

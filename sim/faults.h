@@ -52,11 +52,7 @@ class Faults {
     return at(kDoorKey<Function>).calls;
   }
 
-  /// How long this call takes before it does its work, in milliseconds; counts it.
-  std::uint32_t Begin(const DoorKey& function);
-
-  /// Whether and how this call fails.
-  DoorCall Outcome(const DoorKey& function);
+  class Door;
 
  private:
   struct Behaviour {
@@ -69,6 +65,15 @@ class Faults {
   static void Clear(Behaviour& behaviour);
 
   std::map<const DoorKey*, Behaviour> behaviours_;
+};
+
+class Faults::Door : public Faults {
+ public:
+  /// How long this call takes before it does its work, in milliseconds; counts it.
+  std::uint32_t Begin(const DoorKey& function);
+
+  /// Whether and how this call fails.
+  DoorCall Outcome(const DoorKey& function);
 };
 
 }  // namespace sim

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "core/utf16.h"
+#include "sim/text.h"
 
 namespace sim {
 namespace {
@@ -92,7 +92,7 @@ std::optional<std::wstring> FileSystem::Text(const std::wstring& path) const {
   const auto content = Content(path);
   if (!content) return std::nullopt;
   const bool isUtf16 = content->size() >= 2 && (*content)[0] == 0xFF && (*content)[1] == 0xFE;
-  if (isUtf16) return tessaview::ReadUtf16(os::BytesView(*content).subspan(2));
+  if (isUtf16) return FromUtf16(os::BytesView(*content).subspan(2));
   return std::wstring(content->begin(), content->end());
 }
 
@@ -106,13 +106,13 @@ std::vector<std::wstring> FileSystem::ProductNames(const std::wstring& path) con
   return entry == nullptr ? std::vector<std::wstring>() : entry->productNames;
 }
 
-std::uint32_t FileSystem::CreateFolder(const std::wstring& path) {
+std::uint32_t FileSystem::Door::CreateFolder(const std::wstring& path) {
   const auto error = TryCreateFolder(Normalised(path));
   folderCreations_.push_back({path, error});
   return error;
 }
 
-std::uint32_t FileSystem::Copy(const std::wstring& from, const std::wstring& to, bool asUser) {
+std::uint32_t FileSystem::Door::Copy(const std::wstring& from, const std::wstring& to, bool asUser) {
   const auto error = TryCopy(Normalised(from), Normalised(to));
   copies_.push_back({from, to, asUser, error});
   return error;
@@ -126,8 +126,7 @@ std::uint32_t FileSystem::WriteText(const std::wstring& path, const std::wstring
   if (fits) {
     for (const auto c : text) content.push_back(static_cast<std::uint8_t>(c));
   } else {
-    content = {0xFF, 0xFE};
-    tessaview::AppendUtf16(content, text);
+    content = ToUtf16(L'\xFEFF' + text);
   }
   entries_[Normalised(path)].content = std::move(content);
   return 0;

@@ -8,7 +8,6 @@
 #include "os/files.h"
 #include "os/types.h"
 #include "sim/registry.h"
-#include "sim/settings_view.h"
 
 namespace sim {
 
@@ -29,6 +28,8 @@ struct FileCopy {
 /// and the controller's own program; the settings folder and file are not there yet.
 class FileSystem {
  public:
+  class Door;
+
   FileSystem();
 
   /// The folder of application data common to all users; without a value the system cannot tell.
@@ -54,16 +55,8 @@ class FileSystem {
   [[nodiscard]] std::optional<os::FileVersion> Version(const std::wstring& path) const;
   [[nodiscard]] std::vector<std::wstring> ProductNames(const std::wstring& path) const;
 
-  /// What programs do; each answers 0 or a system error code.
-  std::uint32_t CreateFolder(const std::wstring& path);
-  std::uint32_t Copy(const std::wstring& from, const std::wstring& to, bool asUser);
-  std::uint32_t WriteText(const std::wstring& path, const std::wstring& text);
-
   [[nodiscard]] const std::vector<FolderCreation>& FolderCreations() const { return folderCreations_; }
   [[nodiscard]] const std::vector<FileCopy>& Copies() const { return copies_; }
-
-  /// The controller's settings file.
-  [[nodiscard]] SettingsView Settings() { return SettingsView(*this); }
 
  private:
   struct Entry {
@@ -73,6 +66,7 @@ class FileSystem {
     std::vector<std::wstring> productNames = {};
   };
   [[nodiscard]] const Entry* Find(const std::wstring& path) const;
+  std::uint32_t WriteText(const std::wstring& path, const std::wstring& text);
   [[nodiscard]] std::uint32_t WriteRefusal(const std::wstring& path) const;
   std::uint32_t TryCreateFolder(const std::wstring& path);
   std::uint32_t TryCopy(const std::wstring& from, const std::wstring& to);
@@ -80,6 +74,14 @@ class FileSystem {
   std::map<std::wstring, Entry, IgnoreCase> entries_;
   std::vector<FolderCreation> folderCreations_;
   std::vector<FileCopy> copies_;
+};
+
+/// What programs do; each answers 0 or a system error code.
+class FileSystem::Door : public FileSystem {
+ public:
+  std::uint32_t CreateFolder(const std::wstring& path);
+  std::uint32_t Copy(const std::wstring& from, const std::wstring& to, bool asUser);
+  using FileSystem::WriteText;
 };
 
 }  // namespace sim

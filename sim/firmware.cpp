@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "sim/laptop.h"
+#include "sim/bytes.h"
 #include "sim/text.h"
 
 namespace sim {
@@ -14,14 +14,8 @@ constexpr std::uint32_t kWriteTag = 0x53564544;  // "DEVS"
 constexpr std::size_t kHeaderSize = 8, kReadArguments = 4, kWriteArguments = 8;
 constexpr std::uint32_t kFirstGenerationBit = 4;
 
-std::uint32_t Word(os::BytesView bytes, std::size_t at) {
-  std::uint32_t word = 0;
-  for (std::size_t i = 0; i < 4; ++i) word |= static_cast<std::uint32_t>(bytes[at + i]) << 8 * i;
-  return word;
-}
-
 bool Has(os::BytesView raw, std::uint32_t tag, std::size_t arguments) {
-  return raw.size() == kHeaderSize + arguments && Word(raw, 0) == tag && Word(raw, 4) == arguments;
+  return raw.size() == kHeaderSize + arguments && GetWord(raw, 0) == tag && GetWord(raw, 4) == arguments;
 }
 
 FirmwareRequest Decode(std::uint32_t code, os::BytesView raw, std::size_t replySize) {
@@ -29,8 +23,8 @@ FirmwareRequest Decode(std::uint32_t code, os::BytesView raw, std::size_t replyS
   const bool reads = Has(raw, kReadTag, kReadArguments), writes = Has(raw, kWriteTag, kWriteArguments);
   if (code != kControlCode || (!reads && !writes)) return request;
   request.method = reads ? FirmwareRequest::Method::Read : FirmwareRequest::Method::Write;
-  request.id = Word(raw, 8);
-  if (writes) request.value = Word(raw, 12);
+  request.id = GetWord(raw, 8);
+  if (writes) request.value = GetWord(raw, 12);
   return request;
 }
 
@@ -60,22 +54,20 @@ std::size_t Firmware::Reads(std::uint32_t id) const {
   return static_cast<std::size_t>(std::count_if(requests_.begin(), requests_.end(), reads));
 }
 
-std::optional<os::DeviceHandle> Firmware::Open(const std::wstring& path) {
+std::optional<os::DeviceHandle> Firmware::Door::Open(const std::wstring& path) {
   if (!driverInstalled || Lower(path) != L"\\\\.\\zrvacpi") return std::nullopt;
   return handles_.Open({});
 }
 
-std::optional<os::Bytes> Firmware::Control(os::DeviceHandle device, std::uint32_t code, os::BytesView request,
-                                           std::size_t replySize) {
+std::optional<os::Bytes> Firmware::Door::Control(os::DeviceHandle device, std::uint32_t code, os::BytesView request,
+                                                 std::size_t replySize) {
   if (!driverInstalled || handles_.Find(device) == nullptr) return std::nullopt;
   requests_.push_back(Decode(code, request, replySize));
   if (requests_.back().method == FirmwareRequest::Method::Malformed) return std::nullopt;
 
   const auto result = Perform(requests_.back());
   os::Bytes reply(std::min(replyBytes, replySize));
-  for (std::size_t i = 0; i < std::min<std::size_t>(4, reply.size()); ++i) {
-    reply[i] = static_cast<std::uint8_t>(result >> 8 * i);
-  }
+  PutNumber(reply, 0, result, std::min<std::size_t>(4, reply.size()));
   return reply;
 }
 
@@ -89,20 +81,16 @@ std::uint32_t Firmware::Perform(const FirmwareRequest& request) {
   auto& stored = found->second;
   if (request.method == FirmwareRequest::Method::Read) return stored;
 
-  switch (request.id) {
-    case kPower:
-      stored = request.value == 0 ? kPanelOff : kPanelOn;
-      if (panelLeavesWhenOff && request.value == 0) Machine().displays.Leaves(Machine().displays.cPanel());
-      break;
-    case kBacklight:  // a new level also brings a panel back that was off
-      stored = (stored & ~0xFFU) | (request.value & 0xFF);
-      SetRegister(kPower, kPanelOn);
-      if (panelLeavesWhenOff && !Machine().displays.cPanel().plugged) {
-        Machine().displays.AppearsAfter(Machine().displays.cPanel(), kPanelWakesMs);
-      }
-      break;
-    default:
-      stored = request.value;
+  auto& panel = displays_.cPanel();
+  if (request.id == kPower) {
+    stored = request.value == 0 ? kPanelOff : kPanelOn;
+    if (panelLeavesWhenOff && request.value == 0) displays_.Leave(panel);
+  } else if (request.id == kBacklight) {  // a new level also brings a panel back that was off
+    stored = (stored & ~0xFFU) | (request.value & 0xFF);
+    SetRegister(kPower, kPanelOn);
+    if (panelLeavesWhenOff && !panel.plugged) displays_.AppearsAfter(panel, kPanelWakesMs);
+  } else {
+    stored = request.value;
   }
   return 1;
 }

@@ -8,6 +8,7 @@
 
 #include "os/device_io.h"
 #include "os/types.h"
+#include "sim/displays.h"
 #include "sim/handle_table.h"
 
 namespace sim {
@@ -34,6 +35,10 @@ struct FirmwareVariable {
 /// the C panel. A new one is of generation G2, in notebook mode, with the panel on at level 116.
 class Firmware {
  public:
+  class Door;
+
+  explicit Firmware(Displays& displays) : displays_(displays) {}
+
   static constexpr std::uint32_t kPower = 0x00050031, kBacklight = 0x00050032, kGeneration = 0x00050033,
                                  kRefreshRate = 0x00050034, kLidCloseAction = 0x00050035, kFlip = 0x00060062;
   static constexpr std::uint32_t kPanelOn = 0x000100A0, kPanelOff = 0x00010000;  // values of kPower
@@ -66,7 +71,22 @@ class Firmware {
   [[nodiscard]] const std::vector<FirmwareVariable>& Variables() const { return variables_; }
   [[nodiscard]] std::size_t OpenHandles() const { return handles_.size(); }
 
-  // ---- the door ----
+ private:
+  struct OpenDevice {};
+  std::uint32_t Perform(const FirmwareRequest& request);
+
+  Displays& displays_;
+  std::map<std::uint32_t, std::uint32_t> registers_{{kPower, kPanelOn}, {kBacklight, 116},    {kGeneration, 0},
+                                                    {kRefreshRate, 1},  {kLidCloseAction, 0}, {kFlip, 0}};
+  std::vector<FirmwareRequest> requests_;
+  std::vector<FirmwareVariable> variables_;
+  HandleTable<os::DeviceHandle, OpenDevice> handles_;
+};
+
+class Firmware::Door : public Firmware {
+ public:
+  using Firmware::Firmware;
+
   std::optional<os::DeviceHandle> Open(const std::wstring& path);
   void Close(os::DeviceHandle device) noexcept { handles_.Close(device); }
   std::optional<os::Bytes> Control(os::DeviceHandle device, std::uint32_t code, os::BytesView request,
@@ -74,16 +94,6 @@ class Firmware {
   /// The process is gone, and all it held.
   void EndProcess() { handles_.CloseAll(); }
   void WriteVariable(FirmwareVariable variable) { variables_.push_back(std::move(variable)); }
-
- private:
-  struct OpenDevice {};
-  std::uint32_t Perform(const FirmwareRequest& request);
-
-  std::map<std::uint32_t, std::uint32_t> registers_{{kPower, kPanelOn}, {kBacklight, 116},    {kGeneration, 0},
-                                                    {kRefreshRate, 1},  {kLidCloseAction, 0}, {kFlip, 0}};
-  std::vector<FirmwareRequest> requests_;
-  std::vector<FirmwareVariable> variables_;
-  HandleTable<os::DeviceHandle, OpenDevice> handles_;
 };
 
 }  // namespace sim

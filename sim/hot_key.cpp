@@ -1,7 +1,6 @@
 #include "sim/hot_key.h"
 
 #include "os/messages.h"
-#include "sim/laptop.h"
 
 namespace sim {
 namespace {
@@ -16,20 +15,18 @@ void HotKey::PressF6(int times) {
 }
 
 void HotKey::Post(const wchar_t* message, std::uint64_t wParam, std::int64_t lParam) {
-  auto& laptop = Machine();
   const auto id = os::RegisterMessage(message);
-  if (laptop.window.LetsThrough(id)) laptop.window.PostRaw(id, wParam, lParam);
-  laptop.Settle();
+  if (window_.LetsThrough(id)) window_.PostRaw(id, wParam, lParam);
+  scheduler_.SettleStory();
 }
 
 std::vector<PostedMessage> HotKey::Received() const {
-  auto& desktop = Machine().desktop;
-  const auto* window = desktop.Find(desktop.Find(kClass, kTitle));
+  const auto* window = desktop_.Find(desktop_.Find(kClass, kTitle));
   return window == nullptr ? std::vector<PostedMessage>() : window->posted;
 }
 
 void HotKey::Remove() {
-  Machine().desktop.CloseAll(kClass);
+  desktop_.CloseAll(kClass);
 }
 
 }  // namespace sim

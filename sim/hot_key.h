@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "sim/desktop.h"
+#include "sim/service_window.h"
 
 namespace sim {
 
@@ -11,6 +12,9 @@ namespace sim {
 /// controller posts to it. The laptop settles after each step.
 class HotKey {
  public:
+  HotKey(Scheduler& scheduler, Desktop& desktop, ServiceWindow& window)
+      : scheduler_(scheduler), desktop_(desktop), window_(window) {}
+
   static constexpr auto kHotKeyMessage = L"ACPI Notification through ZRVHotkey from BIOS";
   static constexpr auto kTouchPadMessage = L"Touchpad status reported from ZRVHotkey";
 
@@ -34,7 +38,11 @@ class HotKey {
   void Remove();
 
  private:
-  static void Post(const wchar_t* message, std::uint64_t wParam, std::int64_t lParam);
+  void Post(const wchar_t* message, std::uint64_t wParam, std::int64_t lParam);
+
+  Scheduler& scheduler_;
+  Desktop& desktop_;
+  ServiceWindow& window_;
 };
 
 }  // namespace sim

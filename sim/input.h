@@ -5,20 +5,24 @@
 #include <functional>
 #include <set>
 
+#include "sim/scheduler.h"
+#include "sim/thread_loops.h"
+
 namespace sim {
 
 /// The keyboard and the mouse buttons. Keys pressed by the test reach a program that watches the keyboard one by one,
 /// and the laptop settles after each.
 class Input {
  public:
+  class Door;
+
+  Input(Scheduler& scheduler, ThreadLoops& loops) : scheduler_(scheduler), loops_(loops) {}
+
   void Press(std::uint32_t virtualKey);
   void Release(std::uint32_t virtualKey);
 
   /// The left Windows key goes down, P down and up, the Windows key up.
   void PressWinP();
-
-  /// Presses without settling, for what happens by itself.
-  void PressWinPQuietly();
 
   /// The longest that a watching program held up one key, in milliseconds.
   [[nodiscard]] std::uint64_t LongestHoldUpMs() const { return longestHoldUpMs_; }
@@ -27,26 +31,32 @@ class Input {
   /// Clicks of the left button that a program made.
   [[nodiscard]] int LeftClicks() const { return leftClicks_; }
 
-  // ---- the door ----
+ private:
+  struct Key {
+    std::uint32_t virtualKey = 0;
+    std::set<std::uint32_t> down;  // the keys that were down when it came
+  };
+  void Turn(std::uint32_t virtualKey, bool down);
+
+  Scheduler& scheduler_;
+  ThreadLoops& loops_;
+  std::set<std::uint32_t> down_;
+  std::deque<Key> pending_;
+  const Key* served_ = nullptr;  // while a program looks at it
+  int watchers_ = 0, leftClicks_ = 0;
+  std::uint64_t longestHoldUpMs_ = 0;
+};
+
+class Input::Door : public Input {
+ public:
+  using Input::Input;
+
   void Watch(const std::function<void(std::uint32_t)>& onKey);
   [[nodiscard]] bool IsDown(std::uint32_t virtualKey) const;
   void ClickLeft() { ++leftClicks_; }
 
   /// The process is gone, and its hooks with it; the keys stay as they are.
   void EndProcess();
-
- private:
-  struct Key {
-    std::uint32_t virtualKey = 0;
-    std::set<std::uint32_t> down;  // the keys that were down when it came
-  };
-  void Add(std::uint32_t virtualKey);
-
-  std::set<std::uint32_t> down_;
-  std::deque<Key> pending_;
-  const Key* served_ = nullptr;  // while a program looks at it
-  int watchers_ = 0, leftClicks_ = 0;
-  std::uint64_t longestHoldUpMs_ = 0;
 };
 
 }  // namespace sim

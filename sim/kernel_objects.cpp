@@ -8,28 +8,28 @@ bool KernelObjects::HoldsMutex(const std::wstring& mutex) const {
   return holds;
 }
 
-os::NamedMutex KernelObjects::CreateMutex(const std::wstring& name) {
+os::NamedMutex KernelObjects::Door::CreateMutex(const std::wstring& name) {
   const bool existed = heldElsewhere_.contains(name) || HoldsMutex(name);
   return {.mutex = os::Mutex(handles_.Open({.name = name, .isMutex = true})), .alreadyExisted = existed};
 }
 
-os::Event KernelObjects::OpenEvent(const std::wstring& name) {
+os::Event KernelObjects::Door::OpenEvent(const std::wstring& name) {
   if (!events_.contains(name)) return os::Event();
   return os::Event(handles_.Open({.name = name, .isMutex = false}));
 }
 
-os::Event KernelObjects::NewEvent() {
+os::Event KernelObjects::Door::NewEvent() {
   const auto name = L"(unnamed " + std::to_wstring(++unnamed_) + L")";
   Add(name);
   return OpenEvent(name);
 }
 
-bool KernelObjects::IsSignalled(os::KernelObject event) {
+bool KernelObjects::Door::IsSignalled(os::KernelObject event) {
   const auto* opened = handles_.Find(event);
   return opened != nullptr && !opened->isMutex && events_.contains(opened->name) && events_.at(opened->name);
 }
 
-void KernelObjects::SetEvent(os::KernelObject event, bool signalled) {
+void KernelObjects::Door::SetEvent(os::KernelObject event, bool signalled) {
   const auto* opened = handles_.Find(event);
   if (opened == nullptr || opened->isMutex) return;
   const auto found = events_.find(opened->name);

@@ -13,6 +13,8 @@ namespace sim {
 /// The named events and mutexes of the machine.
 class KernelObjects {
  public:
+  class Door;
+
   static constexpr auto kPowerEvent = L"Global\\NORV PRDXSrv Tessaview Power Event";
   static constexpr auto kSwitchingEvent = L"Global\\NORV PRDXSrv Tessaview Switching Event";
   static constexpr auto kInstanceMutex = L"Mutex_TessaviewService";
@@ -29,15 +31,6 @@ class KernelObjects {
 
   [[nodiscard]] std::size_t OpenHandles() const { return handles_.size(); }
 
-  // ---- the door ----
-  os::NamedMutex CreateMutex(const std::wstring& name);
-  os::Event OpenEvent(const std::wstring& name);
-  os::Event NewEvent();
-  [[nodiscard]] bool IsSignalled(os::KernelObject event);
-  void SetEvent(os::KernelObject event, bool signalled);
-  void Close(os::KernelObject object) noexcept { handles_.Close(object); }
-  void CloseAll() { handles_.CloseAll(); }
-
  private:
   struct Opened {
     std::wstring name;
@@ -47,6 +40,17 @@ class KernelObjects {
   int unnamed_ = 0;
   std::set<std::wstring> heldElsewhere_;  // mutexes
   HandleTable<os::KernelObject, Opened> handles_;
+};
+
+class KernelObjects::Door : public KernelObjects {
+ public:
+  os::NamedMutex CreateMutex(const std::wstring& name);
+  os::Event OpenEvent(const std::wstring& name);
+  os::Event NewEvent();
+  [[nodiscard]] bool IsSignalled(os::KernelObject event);
+  void SetEvent(os::KernelObject event, bool signalled);
+  void Close(os::KernelObject object) noexcept { handles_.Close(object); }
+  void EndProcess() { handles_.CloseAll(); }
 };
 
 }  // namespace sim

@@ -3,14 +3,15 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "core/process_wide.h"
-#include "core/start_up.h"
+#include "os/threads.h"
 
 namespace sim {
 namespace {
 
-Laptop* gMachine = nullptr;
-std::uint64_t gProcessRuns = 0;
+constexpr auto kMainThread = L"main";
+
+Parts* gMachine = nullptr;
+InstalledProgram gProgram;
 
 [[noreturn]] void Fatal(const char* what) {
   std::fprintf(stderr, "simulated laptop: %s\n", what);
@@ -19,49 +20,43 @@ std::uint64_t gProcessRuns = 0;
 
 }  // namespace
 
-Laptop& Machine() {
+bool IsOn() {
+  return gMachine != nullptr;
+}
+
+Parts& Machine() {
   if (gMachine == nullptr) Fatal("the operating system was called while no laptop is on");
   return *gMachine;
 }
 
 DoorCall EnterDoor(const DoorKey& function) {
-  auto& laptop = Machine();
-  if (!laptop.scheduler.TakesPart()) Fatal("the operating system was called by a thread that it did not start");
-  laptop.scheduler.Checkpoint();
-  if (const auto delayMs = laptop.faults.Begin(function); delayMs > 0) laptop.scheduler.Sleep(delayMs);
-  return laptop.faults.Outcome(function);
+  auto& machine = Machine();
+  if (Scheduler::ThreadName().empty()) Fatal("the operating system was called by a thread that it did not start");
+  machine.scheduler.Checkpoint();
+  if (const auto delayMs = machine.faults.Begin(function); delayMs > 0) machine.scheduler.Sleep(delayMs);
+  return machine.faults.Outcome(function);
 }
 
-void PostToServiceWindow(std::function<void(const os::ServiceWindowEvents&)> message) {
-  Machine().window.Post(std::move(message));
+bool Laptop::Install(InstalledProgram program) {
+  gProgram = program;
+  return true;
 }
 
-Laptop::Laptop(const LaptopOptions& options)
-    : scheduler(options.seed, options.interleaving), processRun_(++gProcessRuns) {
+Laptop::Laptop(const LaptopOptions& options) : parts_(options.seed, options.interleaving) {
   if (gMachine != nullptr) Fatal("there is a laptop already");
-  gMachine = this;
+  gMachine = &parts_;
   WriteSettings(options);
   firmware.SetGeneration(options.generation);
   sessions.setupComplete = options.setupComplete;
   apps.uiInstalled = options.uiInstalled;
   processes[kCheckTool].exitCode = options.uiInstalled ? 1 : 0;
   processes.Run(files.ownProgram);
-  desktop.StartShell();
   if (options.uiRunning) ui.Start();
 }
 
 Laptop::~Laptop() {
   EndProcess();
   gMachine = nullptr;
-}
-
-bool Laptop::IsOn() {
-  return gMachine != nullptr;
-}
-
-std::uint64_t Laptop::FileTime() const {
-  constexpr std::uint64_t kSwitchedOn = 132'500'000'000'000'000, kUnitsPerMs = 10'000;  // some day in 2020
-  return kSwitchedOn + NowMs() * kUnitsPerMs;
 }
 
 void Laptop::WriteSettings(const LaptopOptions& options) {
@@ -77,33 +72,15 @@ bool Laptop::Boot(std::uint64_t settleLimitMs) {
   if (started_) EndProcess();
   started_ = true;
   exitCode_.reset();
-  scheduler.StartThread(L"main", [this] {
-    exitCode_ = tessaview::RunController();
-    scheduler.MarkEnded();  // the process ends with its main thread
+  parts_.scheduler.StartThread(kMainThread, [this] {
+    exitCode_ = gProgram.run();
+    parts_.scheduler.MarkEnded();  // the process ends with its main thread
   });
   return Settle(settleLimitMs);
 }
 
 void Laptop::EndProcess() {
-  scheduler.EndProcess();
-  tessaview::ProcessWideBase::ResetAll();  // while what the values may close is still there
-  desktop.Close(window.Handle());
-  window.Reset();
-  power.UnregisterAll();
-  sessions.EndProcess();
-  input.EndProcess();
-  mouse.EndProcess();
-  desktop.EndProcess();
-  apps.EndProcess();
-  firmware.EndProcess();
-  trace.EndProcess();
-  touch.EndProcess();
-  watches.EndProcess();
-  management.EndProcess();
-  processes.CloseAll();
-  events.CloseAll();
-  processRun_ = ++gProcessRuns;
-  scheduler.BeginProcess();
+  parts_.EndProcess(gProgram.forget);
 }
 
 }  // namespace sim

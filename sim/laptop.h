@@ -5,29 +5,8 @@
 #include <optional>
 #include <string>
 
-#include "sim/apps.h"
-#include "sim/desktop.h"
-#include "sim/displays.h"
-#include "sim/faults.h"
-#include "sim/file_system.h"
-#include "sim/firmware.h"
-#include "sim/hot_key.h"
-#include "sim/input.h"
-#include "sim/kernel_objects.h"
-#include "sim/management.h"
-#include "sim/mouse.h"
-#include "sim/power.h"
-#include "sim/processes.h"
-#include "sim/registry.h"
-#include "sim/scheduler.h"
-#include "sim/service_window.h"
-#include "sim/services.h"
-#include "sim/sessions.h"
+#include "sim/parts.h"
 #include "sim/settings_view.h"
-#include "sim/touch_controller.h"
-#include "sim/trace_session.h"
-#include "sim/ui.h"
-#include "sim/watches.h"
 
 namespace sim {
 
@@ -36,15 +15,19 @@ namespace sim {
 struct LaptopOptions {
   std::uint32_t seed = 1;     // one seed is one run
   bool interleaving = false;  // threads lose the turn also between door calls, not only where they wait
-
   std::optional<std::uint32_t> backlight = {}, backlightDC = {};
   std::optional<bool> powerSaving = {};
   std::optional<std::wstring> saved = {};  // the saved panel power, "On" or "Off"
-
   int generation = 2;
   bool setupComplete = true;
   bool uiInstalled = true;
   bool uiRunning = false;
+};
+
+/// The program that laptops boot.
+struct InstalledProgram {
+  int (*run)() = [] { return 0; };  // all of it, on its main thread; returns its exit code
+  void (*forget)() = [] {};         // makes it as it was before it ran for the first time
 };
 
 /// A laptop with a second screen, in memory and in virtual time, and the controller on it. A new one is healthy: on
@@ -52,79 +35,72 @@ struct LaptopOptions {
 /// There is one at a time. The thread that makes it is the test's thread: only it may use the laptop, and all its parts
 /// are free to use whenever the test's code runs.
 class Laptop {
+  Parts parts_;
+
  public:
-  static constexpr std::uint64_t kSettleLimitMs = 600'000;
-  static constexpr auto kCheckTool = L"NorvTessaviewCheck.exe";
+  static constexpr auto kCheckTool = Apps::kCheckTool;
+
+  /// Installs a program on every laptop that is made from now on. Returns true, so that a constant can stand for it.
+  static bool Install(InstalledProgram program);
 
   explicit Laptop(const LaptopOptions& options = {});
   ~Laptop();
   Laptop(const Laptop&) = delete;
   Laptop& operator=(const Laptop&) = delete;
 
-  /// Whether there is a laptop at all.
-  [[nodiscard]] static bool IsOn();
-
   /// Starts the controller on its main thread, and settles. On a laptop where it has run before, that process is ended
   /// first; what it changed on the laptop stays.
-  bool Boot(std::uint64_t settleLimitMs = kSettleLimitMs);
+  bool Boot(std::uint64_t settleLimitMs = Scheduler::kSettleLimitMs);
 
   /// Ends the controller's process where it stands.
   void EndProcess();
 
-  /// What RunController returned; nothing while it runs.
+  /// What the controller returned; nothing while it runs.
   [[nodiscard]] std::optional<int> ExitCode() const { return exitCode_; }
 
   /// Runs until every thread of the controller waits without a time limit. Time moves through sleeps and time-outs, but
   /// not to window timers further away. False when that takes longer than the limit.
-  bool Settle(std::uint64_t limitMs = kSettleLimitMs) { return scheduler.Settle(limitMs); }
+  bool Settle(std::uint64_t limitMs = Scheduler::kSettleLimitMs) { return parts_.scheduler.Settle(limitMs); }
 
   /// Runs exactly `ms` milliseconds, with all timers that are due.
-  void Advance(std::uint64_t ms) { scheduler.Advance(ms); }
+  void Advance(std::uint64_t ms) { parts_.scheduler.Advance(ms); }
 
   /// Calls `action` in `ms` milliseconds; it must not wait, and settles nothing.
-  void After(std::uint64_t ms, std::function<void()> action) { scheduler.After(ms, std::move(action)); }
+  void After(std::uint64_t ms, std::function<void()> action) { parts_.scheduler.After(ms, std::move(action)); }
 
-  [[nodiscard]] std::uint64_t NowMs() const { return scheduler.NowMs(); }
+  /// While the answer is kept, nothing that a test does settles the laptop: it all happens at the same time, but for
+  /// gestures of the mouse, which play one after the other.
+  [[nodiscard]] Scheduler::Quiet Quietly() { return Scheduler::Quiet(parts_.scheduler); }
 
-  /// Date and time in 100 ns units since 1601.
-  [[nodiscard]] std::uint64_t FileTime() const;
+  [[nodiscard]] std::uint64_t NowMs() const { return parts_.scheduler.NowMs(); }
 
-  /// Which process run this is, counted over all laptops: what belongs to an earlier one is void.
-  [[nodiscard]] std::uint64_t ProcessRun() const { return processRun_; }
-
-  Scheduler scheduler;
-  Faults faults;
-
-  Displays displays;
-  Firmware firmware;
-  TouchController touch;
-  Registry registry;
-  FileSystem files;
+  Faults& faults = parts_.faults;
+  Displays& displays = parts_.displays;
+  Firmware& firmware = parts_.firmware;
+  TouchController& touch = parts_.touch;
+  Registry& registry = parts_.registry;
+  FileSystem& files = parts_.files;
   SettingsView settings{files};
-  TraceSession trace;
-
-  Watches watches;
-
-  Processes processes;
-  Management management;
-  Desktop desktop;
-  ServiceWindow window;
-  Input input;
-  Mouse mouse;
-  Ui ui;
-  Apps apps;
-  HotKey hotKey;
-  Power power;
-  Sessions sessions;
-  Services services;
-  KernelObjects events;
+  TraceSession& trace = parts_.trace;
+  Processes& processes = parts_.processes;
+  Management& management = parts_.management;
+  Desktop& desktop = parts_.desktop;
+  ServiceWindow& window = parts_.window;
+  Input& input = parts_.input;
+  Mouse& mouse = parts_.mouse;
+  Ui& ui = parts_.ui;
+  Apps& apps = parts_.apps;
+  HotKey& hotKey = parts_.hotKey;
+  Power& power = parts_.power;
+  Sessions& sessions = parts_.sessions;
+  Services& services = parts_.services;
+  KernelObjects& events = parts_.events;
 
  private:
   void WriteSettings(const LaptopOptions& options);
 
   std::optional<int> exitCode_;
   bool started_ = false;
-  std::uint64_t processRun_;
 };
 
 }  // namespace sim

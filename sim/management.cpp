@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "sim/laptop.h"
-
 namespace sim {
 
 void Management::ProcessStopped(const std::wstring& fileName) {
@@ -15,21 +13,21 @@ void Management::ProcessStopped(const std::wstring& fileName) {
   stopped_.push_back(std::move(narrow));
 }
 
-os::SubscriptionHandle Management::Subscribe(const std::wstring& query, const os::ProcessStopEvents& events) {
+os::SubscriptionHandle Management::Door::Subscribe(const std::wstring& query, const os::ProcessStopEvents& events) {
   subscription_ = {query, events};
-  Machine().scheduler.StartThread(L"management", [this] { Serve(); });
+  scheduler_.StartThread(L"management", [this] { Serve(); });
   return subscriptions_.Open({});
 }
 
-void Management::Serve() {
-  while (Machine().scheduler.WaitUntil([this] { return !stopped_.empty(); })) {
+void Management::Door::Serve() {
+  while (scheduler_.WaitUntil([this] { return !stopped_.empty(); })) {
     const auto name = std::move(stopped_.front());
     stopped_.pop_front();
     if (subscription_) subscription_->events.stopped(name);
   }
 }
 
-void Management::Close(os::SubscriptionHandle subscription) noexcept {
+void Management::Door::Close(os::SubscriptionHandle subscription) noexcept {
   subscriptions_.Close(subscription);
   subscription_.reset();
 }
@@ -42,7 +40,7 @@ void Management::Progress() {
   if (subscription_) subscription_->events.progressed();
 }
 
-void Management::EndProcess() {
+void Management::Door::EndProcess() {
   subscription_.reset();
   stopped_.clear();
   locators_.CloseAll();

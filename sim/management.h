@@ -8,12 +8,17 @@
 
 #include "os/process_stops.h"
 #include "sim/handle_table.h"
+#include "sim/scheduler.h"
 
 namespace sim {
 
 /// Windows management: tells who asked for it of processes that end, one after the other, on a thread of its own.
 class Management {
  public:
+  class Door;
+
+  explicit Management(Scheduler& scheduler) : scheduler_(scheduler) {}
+
   /// The query ends by itself, or says that it goes on (SetStatus).
   void Complete(std::uint32_t result);
   void Progress();
@@ -24,8 +29,27 @@ class Management {
   /// Ended processes that wait to be told of, the one being told of not among them.
   [[nodiscard]] std::size_t Waiting() const { return stopped_.size(); }
 
-  // ---- the door ----
+ private:
+  friend class Processes;
   void ProcessStopped(const std::wstring& fileName);
+
+  struct Nothing {};
+  struct Subscription {
+    std::wstring query;
+    os::ProcessStopEvents events;
+  };
+  Scheduler& scheduler_;
+  HandleTable<os::LocatorHandle, Nothing> locators_;
+  HandleTable<os::ManagementHandle, Nothing> services_;
+  HandleTable<os::SubscriptionHandle, Nothing> subscriptions_;
+  std::optional<Subscription> subscription_;
+  std::deque<std::string> stopped_;
+};
+
+class Management::Door : public Management {
+ public:
+  using Management::Management;
+
   os::LocatorHandle OpenLocator() { return locators_.Open({}); }
   void Close(os::LocatorHandle locator) noexcept { locators_.Close(locator); }
   os::ManagementHandle Connect() { return services_.Open({}); }
@@ -35,18 +59,7 @@ class Management {
   void EndProcess();
 
  private:
-  struct Nothing {};
-  struct Subscription {
-    std::wstring query;
-    os::ProcessStopEvents events;
-  };
   void Serve();
-
-  HandleTable<os::LocatorHandle, Nothing> locators_;
-  HandleTable<os::ManagementHandle, Nothing> services_;
-  HandleTable<os::SubscriptionHandle, Nothing> subscriptions_;
-  std::optional<Subscription> subscription_;
-  std::deque<std::string> stopped_;
 };
 
 }  // namespace sim

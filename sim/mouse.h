@@ -7,19 +7,28 @@
 
 #include "os/hooks.h"
 #include "os/types.h"
-#include "sim/monitors.h"
+#include "sim/desktop.h"
+#include "sim/scheduler.h"
+#include "sim/thread_loops.h"
 
 namespace sim {
 
 /// The mouse, the pointer and what the user does to windows with them. Each event reaches a program that watches the
 /// mouse first and then takes effect: the pointer moves, the window under a press comes to the user, a grabbed window
-/// follows. After each gesture the laptop settles; the quiet ones do not settle, for what happens by itself, and play
-/// one after the other.
+/// follows. After each gesture the laptop settles; those that come without settling play one after the other.
 class Mouse {
  public:
+  class Door;
+
+  Mouse(Scheduler& scheduler, ThreadLoops& loops, Desktop& desktop)
+      : scheduler_(scheduler), loops_(loops), desktop_(desktop) {}
+
   /// Where the pointer is.
-  [[nodiscard]] os::Point At() const { return OntoDesktop(cursor_); }
+  [[nodiscard]] os::Point At() const { return desktop_.Onto(cursor_); }
   [[nodiscard]] bool IsPressed() const { return pressed_; }
+
+  /// Puts the pointer somewhere, as a program or a touch does; who watches the mouse is not told.
+  void SetPosition(os::Point point);
 
   void MoveTo(os::Point to);
   /// Moves there in steps that are 8 ms apart.
@@ -30,34 +39,16 @@ class Mouse {
 
   /// Moves to a window's title bar, or to its right and bottom border, and presses there: each move until Drop or
   /// CancelDrag moves or resizes the window.
-  void Grab(os::WindowHandle window, os::Point at);
-  void GrabBorder(os::WindowHandle window, os::Point at);
+  void Grab(os::WindowHandle window, os::Point at) { Hold(window, at, Grip::TitleBar); }
+  void GrabBorder(os::WindowHandle window, os::Point at) { Hold(window, at, Grip::Border); }
   void Drop() { Release(); }
   /// Esc: the window goes back to where it was grabbed, and the button stays down.
   void CancelDrag();
   void DragTitleBar(os::WindowHandle window, os::Point from, os::Point to);
 
-  void MoveToQuietly(os::Point to);
-  void GlideQuietly(os::Point to);
-  void PressQuietly();
-  void ReleaseQuietly();
-  void ClickQuietly(os::Point at);
-  void GrabQuietly(os::WindowHandle window, os::Point at);
-  void GrabBorderQuietly(os::WindowHandle window, os::Point at);
-  void DropQuietly() { ReleaseQuietly(); }
-  void CancelDragQuietly();
-  void DragTitleBarQuietly(os::WindowHandle window, os::Point from, os::Point to);
-
   /// The longest that a watching program held up one event, in milliseconds.
   [[nodiscard]] std::uint64_t LongestHoldUpMs() const { return longestHoldUpMs_; }
   [[nodiscard]] bool IsWatched() const { return watchers_ > 0; }
-
-  // ---- the door ----
-  void Watch(const std::function<void(os::MouseEvent, os::Point)>& onMouse);
-  /// Puts the pointer somewhere; who watches the mouse is not told.
-  void SetPosition(os::Point point);
-  /// The process is gone, and its hooks with it: what they held up takes effect.
-  void EndProcess();
 
  private:
   enum class Grip { TitleBar, Border };
@@ -77,13 +68,16 @@ class Mouse {
   void Add(std::optional<os::MouseEvent> kind, os::Point point, std::function<void()> effect);
   void QueueMove(std::uint32_t afterMs, os::Point to);
   void QueuePress(std::function<void()> effect);
-  void QueueGrab(os::WindowHandle window, os::Point at, Grip grip);
+  void Hold(os::WindowHandle window, os::Point at, Grip grip);
   void TakeMove(os::Point to);
   void TakePress(os::WindowHandle window);
   void TakeGrab(os::WindowHandle window, Grip grip);
   void Follow();
   void EndDrag();
 
+  Scheduler& scheduler_;
+  ThreadLoops& loops_;
+  Desktop& desktop_;
   os::Point cursor_ = {960, 540};  // the middle of the B panel
   os::Point hand_ = cursor_;       // where the last event that was queued puts it
   bool pressed_ = false;
@@ -93,6 +87,15 @@ class Mouse {
   int stepsUnderWay_ = 0;
   int watchers_ = 0;
   std::uint64_t longestHoldUpMs_ = 0;
+};
+
+class Mouse::Door : public Mouse {
+ public:
+  using Mouse::Mouse;
+
+  void Watch(const std::function<void(os::MouseEvent, os::Point)>& onMouse);
+  /// The process is gone, and its hooks with it: what they held up takes effect.
+  void EndProcess();
 };
 
 }  // namespace sim

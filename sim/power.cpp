@@ -1,7 +1,5 @@
 #include "sim/power.h"
 
-#include "sim/laptop.h"
-
 namespace sim {
 
 using os::PowerSetting;
@@ -35,9 +33,8 @@ void Power::Change(PowerSetting setting, std::uint32_t value) {
 }
 
 void Power::HibernateAndWake() {
-  auto& touch = Machine().touch;
-  touch.Unplug();
-  touch.Plug();
+  touch_.Unplug();
+  touch_.Plug();
   Rest(5);
 }
 
@@ -45,32 +42,32 @@ void Power::HibernateAndWake() {
 void Power::Rest(int state) {
   constexpr std::uint32_t kHourMs = 3'600'000;
   Broadcast(kSuspend);
-  Machine().Advance(kHourMs);
-  Machine().watches.Woke(state);
+  scheduler_.Advance(kHourMs);
+  watches_.Woke(state);
   Broadcast(kResumeAutomatic);
 }
 
 void Power::Notify(PowerSetting setting, std::uint32_t value) {
   Tell(setting, value);
-  Machine().Settle();
+  scheduler_.SettleStory();
 }
 
 void Power::Tell(PowerSetting setting, std::uint32_t value) {
-  registrations_.ForEach([=](PowerSetting registered) {
+  registrations_.ForEach([=, this](PowerSetting registered) {
     if (registered != setting) return;
-    Machine().window.Send([=](const auto& events) { events.powerSetting(setting, value); });
+    window_.Send([=](const auto& events) { events.powerSetting(setting, value); });
   });
 }
 
 void Power::Broadcast(std::uint32_t event) {
-  Machine().window.Send([=](const auto& events) { events.powerBroadcast(event); });
-  Machine().Settle();
+  window_.Send([=](const auto& events) { events.powerBroadcast(event); });
+  scheduler_.SettleStory();
 }
 
-os::PowerNotification Power::Register(PowerSetting setting) {
+os::PowerNotification Power::Door::Register(PowerSetting setting) {
   const auto value = values_.at(static_cast<std::size_t>(setting));
   // A new registration hears the current value first.
-  Machine().window.Send([=](const auto& events) { events.powerSetting(setting, value); });
+  window_.Send([=](const auto& events) { events.powerSetting(setting, value); });
   return registrations_.Open(setting);
 }
 

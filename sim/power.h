@@ -6,6 +6,10 @@
 #include "os/power.h"
 #include "os/service_window.h"
 #include "sim/handle_table.h"
+#include "sim/scheduler.h"
+#include "sim/service_window.h"
+#include "sim/touch_controller.h"
+#include "sim/watches.h"
 
 namespace sim {
 
@@ -13,6 +17,11 @@ namespace sim {
 /// asked to hear, and the laptop settles.
 class Power {
  public:
+  class Door;
+
+  Power(Scheduler& scheduler, Watches& watches, ServiceWindow& window, TouchController& touch)
+      : scheduler_(scheduler), watches_(watches), window_(window), touch_(touch) {}
+
   static constexpr std::uint32_t kSuspend = 4, kStatusChange = 10, kResumeAutomatic = 18;  // PBT_*
   enum class Display : std::uint32_t { Off, On, Dimmed };
   enum class LidAction : std::uint32_t { DoNothing, Sleep, Hibernate, ShutDown, DisplayOff = 6 };
@@ -45,22 +54,30 @@ class Power {
   [[nodiscard]] std::uint32_t LidActionOf(bool onMains) const { return lidActions_.at(onMains ? 1 : 0); }
   [[nodiscard]] std::size_t Registrations() const { return registrations_.size(); }
 
-  // ---- the door ----
-  os::PowerNotification Register(os::PowerSetting setting);
-  void Unregister(os::PowerNotification notification) { registrations_.Close(notification); }
-  void UnregisterAll() { registrations_.CloseAll(); }
-
  private:
   void Source(std::uint8_t acLineStatus);
   void Rest(int state);
   void Change(os::PowerSetting setting, std::uint32_t value);
   void Tell(os::PowerSetting setting, std::uint32_t value);
 
+  Scheduler& scheduler_;
+  Watches& watches_;
+  ServiceWindow& window_;
+  TouchController& touch_;
   os::PowerStatus status_{.acLineStatus = 1, .systemStatusFlag = 0};
   // By PowerSetting: display on, lid open, saver off, on mains, sleep when the lid closes.
   std::array<std::uint32_t, 5> values_{1, 1, 0, 0, 1};
   std::array<std::uint32_t, 2> lidActions_{1, 1};  // on battery, on mains: sleep
   HandleTable<os::PowerNotification, os::PowerSetting> registrations_;
+};
+
+class Power::Door : public Power {
+ public:
+  using Power::Power;
+
+  os::PowerNotification Register(os::PowerSetting setting);
+  void Unregister(os::PowerNotification notification) { registrations_.Close(notification); }
+  void EndProcess() { registrations_.CloseAll(); }
 };
 
 }  // namespace sim

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "sim/laptop.h"
 #include "sim/text.h"
 
 namespace sim {
@@ -43,9 +42,8 @@ void Processes::End(std::uint32_t processId, std::uint32_t exitCode) {
   const auto fileName = FileName(found->second.path);
   running_.erase(found);
   exitCodes_[processId] = exitCode;
-  auto& laptop = Machine();
-  laptop.desktop.CloseAllOf(processId);
-  laptop.management.ProcessStopped(fileName);
+  if (then_) then_(processId);
+  management_.ProcessStopped(fileName);
 }
 
 void Processes::Protect(std::uint32_t processId) {
@@ -59,7 +57,7 @@ std::uint32_t Processes::IdOf(const std::wstring& path) const {
   return 0;
 }
 
-os::Result<os::Process> Processes::Start(ProgramStart start) {
+os::Result<os::Process> Processes::Door::Start(ProgramStart start) {
   const auto found = programs_.find(Lower(FileName(start.program)));
   const auto path = start.program;
   starts_.push_back(std::move(start));
@@ -73,18 +71,18 @@ os::Result<os::Process> Processes::Start(ProgramStart start) {
     exitCode = program.first.front();
     program.first.pop_front();
   }
-  if (!program.neverEnds) Machine().After(program.runMs, [=, this] { End(id, exitCode); });
+  if (!program.neverEnds) scheduler_.After(program.runMs, [=, this] { End(id, exitCode); });
   if (program.onStart) program.onStart();
   return os::Process(handles_.Open({.processId = id}));
 }
 
-std::optional<bool> Processes::HasEnded(os::ProcessHandle handle) {
+std::optional<bool> Processes::Door::HasEnded(os::ProcessHandle handle) {
   const auto id = IdOf(handle);
   if (!id) return std::nullopt;
   return !running_.contains(*id);
 }
 
-std::optional<std::uint32_t> Processes::ExitCode(os::ProcessHandle handle) {
+std::optional<std::uint32_t> Processes::Door::ExitCode(os::ProcessHandle handle) {
   const auto ended = HasEnded(handle);
   if (!ended) return std::nullopt;
   return *ended ? exitCodes_[*IdOf(handle)] : kStillActive;
@@ -98,17 +96,17 @@ std::uint32_t Processes::WhyNotOpen(std::uint32_t processId) const {
   return found->second.mayBeAsked ? 0 : kAccessDenied;
 }
 
-os::Result<os::Process> Processes::Open(std::uint32_t processId, bool toEnd) {
+os::Result<os::Process> Processes::Door::Open(std::uint32_t processId, bool toEnd) {
   if (const auto error = WhyNotOpen(processId); error != 0) return os::Error{error};
   return os::Process(handles_.Open({.processId = processId, .mayEnd = toEnd}));
 }
 
-std::optional<std::uint32_t> Processes::IdOf(os::ProcessHandle handle) {
+std::optional<std::uint32_t> Processes::Door::IdOf(os::ProcessHandle handle) {
   const auto* opened = handles_.Find(handle);
   return opened == nullptr ? std::nullopt : std::optional(opened->processId);
 }
 
-os::Status Processes::End(os::ProcessHandle handle, std::uint32_t exitCode) {
+os::Status Processes::Door::End(os::ProcessHandle handle, std::uint32_t exitCode) {
   const auto* opened = handles_.Find(handle);
   if (opened == nullptr) return os::Error{kInvalidHandle};
   if (!opened->mayEnd || !running_.contains(opened->processId)) return os::Error{kAccessDenied};
@@ -120,7 +118,7 @@ void Processes::SetPackage(const std::wstring& program, Package package) {
   packages_[Lower(program)] = std::move(package);
 }
 
-os::Result<os::ProcessPackage> Processes::PackageOf(std::uint32_t processId) const {
+os::Result<os::ProcessPackage> Processes::Door::PackageOf(std::uint32_t processId) const {
   if (const auto error = WhyNotOpen(processId); error != 0) return os::Error{error};
   const auto found = packages_.find(Lower(running_.at(processId).path));
   if (found == packages_.end()) return os::ProcessPackage{os::Error{os::kNoApplication}, {}, {}, {}};
@@ -128,13 +126,13 @@ os::Result<os::ProcessPackage> Processes::PackageOf(std::uint32_t processId) con
   return os::ProcessPackage{appUserModelId, fullName, familyName, path};
 }
 
-std::vector<std::wstring> Processes::RunningPrograms() const {
+std::vector<std::wstring> Processes::Door::RunningPrograms() const {
   std::vector<std::wstring> names;
   for (const auto& [id, process] : running_) names.push_back(FileName(process.path));
   return names;
 }
 
-std::wstring Processes::ImagePath(std::uint32_t processId) const {
+std::wstring Processes::Door::ImagePath(std::uint32_t processId) const {
   const auto found = running_.find(processId);
   return found != running_.end() && found->second.mayBeAsked ? found->second.path : L"";
 }

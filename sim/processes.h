@@ -10,6 +10,8 @@
 
 #include "os/processes.h"
 #include "sim/handle_table.h"
+#include "sim/management.h"
+#include "sim/scheduler.h"
 
 namespace sim {
 
@@ -38,6 +40,13 @@ struct Package {
 /// The running processes, the programs that can be started and what was started.
 class Processes {
  public:
+  class Door;
+
+  Processes(Scheduler& scheduler, Management& management) : scheduler_(scheduler), management_(management) {}
+
+  /// What else happens when a process ends, before anybody is told of it.
+  void WhenOneEnds(std::function<void(std::uint32_t processId)> then) { then_ = std::move(then); }
+
   /// The programs that can be started, by file name ("NorvTessaviewCheck.exe"). A name not in here is not found.
   Program& operator[](const std::wstring& fileName);
   void Remove(const std::wstring& fileName);
@@ -59,7 +68,34 @@ class Processes {
 
   [[nodiscard]] std::size_t OpenHandles() const { return handles_.size(); }
 
-  // ---- the door ----
+ private:
+  struct Running {
+    std::wstring path;
+    bool mayBeAsked = true;
+  };
+  struct Opened {
+    std::uint32_t processId = 0;
+    bool mayEnd = true;
+  };
+  [[nodiscard]] std::uint32_t WhyNotOpen(std::uint32_t processId) const;
+
+  Scheduler& scheduler_;
+  Management& management_;
+  std::function<void(std::uint32_t)> then_;
+  std::uint32_t lastId_ = 4240;
+  std::map<std::uint32_t, Running> running_;
+  std::map<std::uint32_t, std::uint32_t> exitCodes_;
+  std::map<std::wstring, Package> packages_;  // by program
+  std::map<std::wstring, Program> programs_;
+  std::vector<ProgramStart> starts_;
+  HandleTable<os::ProcessHandle, Opened> handles_;
+};
+
+class Processes::Door : public Processes {
+ public:
+  using Processes::End, Processes::IdOf;
+  using Processes::Processes;
+
   os::Result<os::Process> Start(ProgramStart start);
   os::Result<os::Process> Open(std::uint32_t processId, bool toEnd);
   os::Status End(os::ProcessHandle handle, std::uint32_t exitCode);
@@ -73,26 +109,7 @@ class Processes {
   [[nodiscard]] std::vector<std::wstring> RunningPrograms() const;
   [[nodiscard]] std::wstring ImagePath(std::uint32_t processId) const;
   void Close(os::ProcessHandle handle) noexcept { handles_.Close(handle); }
-  void CloseAll() { handles_.CloseAll(); }
-
- private:
-  struct Running {
-    std::wstring path;
-    bool mayBeAsked = true;
-  };
-  struct Opened {
-    std::uint32_t processId = 0;
-    bool mayEnd = true;
-  };
-  [[nodiscard]] std::uint32_t WhyNotOpen(std::uint32_t processId) const;
-
-  std::uint32_t lastId_ = 4240;
-  std::map<std::uint32_t, Running> running_;
-  std::map<std::uint32_t, std::uint32_t> exitCodes_;
-  std::map<std::wstring, Package> packages_;  // by program
-  std::map<std::wstring, Program> programs_;
-  std::vector<ProgramStart> starts_;
-  HandleTable<os::ProcessHandle, Opened> handles_;
+  void EndProcess() { handles_.CloseAll(); }
 };
 
 }  // namespace sim

@@ -4,8 +4,7 @@
 #include <cwctype>
 #include <utility>
 
-#include "core/utf16.h"
-#include "sim/laptop.h"
+#include "sim/bytes.h"
 #include "sim/text.h"
 
 namespace sim {
@@ -14,21 +13,14 @@ namespace {
 template <class Number>
 os::Bytes LittleEndian(Number number) {
   os::Bytes bytes(sizeof(Number));
-  for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::uint8_t>(number >> 8 * i);
+  PutNumber(bytes, 0, number, sizeof(Number));
   return bytes;
 }
 
 template <class Number>
 std::optional<Number> NumberOf(const RegistryValue* stored, RegistryValue::Type type) {
   if (stored == nullptr || stored->type != type || stored->bytes.size() != sizeof(Number)) return std::nullopt;
-  Number number = 0;
-  for (std::size_t i = sizeof(Number); i > 0; --i) number = static_cast<Number>(number << 8 | stored->bytes[i - 1]);
-  return number;
-}
-
-/// Nobody watches what is there from the beginning.
-void TellWatchers(const std::wstring& key) {
-  if (Laptop::IsOn()) Machine().watches.RegistryChanged(key);
+  return static_cast<Number>(GetNumber(stored->bytes, 0, sizeof(Number)));
 }
 
 }  // namespace
@@ -39,23 +31,18 @@ bool IgnoreCase::operator()(const std::wstring& a, const std::wstring& b) const 
 }
 
 // The ids name single devices; only the model in front of the last backslash is the same on every laptop.
-Registry::Registry() {
+Registry::Registry(Watches& watches) : watches_(watches) {
   SetText(kFactoryConfig, L"BPanelHardwareID", L"DISPLAY\\BOE0D53\\4&1B1F3FD7&0&UID8388688");
   SetText(kFactoryConfig, L"CPanelHardwareID", L"DISPLAY\\TSB8888\\4&1B1F3FD7&0&UID8392784");
   AddKey(kPackages);
 }
 
 void Registry::SetText(const std::wstring& key, const std::wstring& value, const std::wstring& text) {
-  RegistryValue stored{RegistryValue::Type::Text, {}};
-  tessaview::AppendUtf16(stored.bytes, text);
-  stored.bytes.insert(stored.bytes.end(), 2, 0);
-  Set(key, value, std::move(stored));
+  SetUnterminatedText(key, value, text + L'\0');
 }
 
 void Registry::SetUnterminatedText(const std::wstring& key, const std::wstring& value, const std::wstring& text) {
-  RegistryValue stored{RegistryValue::Type::Text, {}};
-  tessaview::AppendUtf16(stored.bytes, text);
-  Set(key, value, std::move(stored));
+  Set(key, value, {RegistryValue::Type::Text, ToUtf16(text)});
 }
 
 void Registry::SetBytes(const std::wstring& key, const std::wstring& value, os::Bytes bytes) {
@@ -73,17 +60,17 @@ void Registry::SetQword(const std::wstring& key, const std::wstring& value, std:
 void Registry::Remove(const std::wstring& key, const std::wstring& value) {
   const auto values = keys_.find(key);
   if (values != keys_.end()) values->second.erase(value);
-  TellWatchers(key);
+  watches_.RegistryChanged(key);
 }
 
 void Registry::AddKey(const std::wstring& key) {
   keys_[key];
-  TellWatchers(key);
+  watches_.RegistryChanged(key);
 }
 
 void Registry::RemoveKey(const std::wstring& key) {
   keys_.erase(key);
-  TellWatchers(key);
+  watches_.RegistryChanged(key);
 }
 
 const RegistryValue* Registry::Find(const std::wstring& key, const std::wstring& value) const {
@@ -96,7 +83,7 @@ const RegistryValue* Registry::Find(const std::wstring& key, const std::wstring&
 std::optional<std::wstring> Registry::Text(const std::wstring& key, const std::wstring& value) const {
   const auto* stored = Find(key, value);
   if (stored == nullptr || stored->type != RegistryValue::Type::Text) return std::nullopt;
-  return tessaview::ReadUtf16(stored->bytes);
+  return FromUtf16(stored->bytes);
 }
 
 std::vector<std::wstring> Registry::Subkeys(const std::wstring& key) const {
@@ -123,7 +110,7 @@ std::optional<std::uint64_t> Registry::Qword(const std::wstring& key, const std:
 
 void Registry::Set(const std::wstring& key, const std::wstring& value, RegistryValue stored) {
   keys_[key][value] = std::move(stored);
-  TellWatchers(key);
+  watches_.RegistryChanged(key);
 }
 
 }  // namespace sim

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "os/types.h"
+#include "sim/watches.h"
 
 namespace sim {
 
@@ -33,7 +34,7 @@ class Registry {
 
   using Values = std::map<std::wstring, RegistryValue, IgnoreCase>;
 
-  Registry();
+  explicit Registry(Watches& watches);
 
   /// Each creates the key when it is missing. A text is stored with its NUL; an unterminated one is not.
   void SetText(const std::wstring& key, const std::wstring& value, const std::wstring& text);
@@ -69,6 +70,7 @@ class Registry {
  private:
   void Set(const std::wstring& key, const std::wstring& value, RegistryValue stored);
 
+  Watches& watches_;
   std::map<std::wstring, Values, IgnoreCase> keys_;
 };
 

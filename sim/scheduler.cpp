@@ -33,8 +33,9 @@ std::uint32_t Scheduler::ThreadId() {
   return self_ == nullptr ? 0 : self_->id;
 }
 
-bool Scheduler::TakesPart() const {
-  return self_ != nullptr;
+const std::wstring& Scheduler::ThreadName() {
+  static const std::wstring kNone;
+  return self_ == nullptr ? kNone : self_->name;
 }
 
 // ---- Waiting ----
@@ -211,6 +212,10 @@ bool Scheduler::Settle(std::uint64_t limitMs) {
   const auto limit = nowMs_ + limitMs;
   TestWait(Never, limit, true);
   return !NextDeadline(true) && !PickReady();
+}
+
+void Scheduler::SettleStory() {
+  if (!quiet_) Settle();
 }
 
 void Scheduler::Advance(std::uint64_t ms) {

@@ -10,6 +10,7 @@
 #include <random>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace sim {
@@ -26,6 +27,8 @@ struct ProcessEnded {};
 /// simulated laptop belongs to whoever has the turn and needs no lock.
 class Scheduler {
  public:
+  static constexpr std::uint64_t kSettleLimitMs = 600'000;
+
   /// The calling thread becomes the test's thread and has the turn.
   Scheduler(std::uint32_t seed, bool interleaving);
   ~Scheduler();
@@ -34,6 +37,8 @@ class Scheduler {
 
   /// Virtual milliseconds since the laptop was switched on, starting well above zero.
   [[nodiscard]] std::uint64_t NowMs() const { return nowMs_; }
+  /// Date and time in 100 ns units since 1601; the laptop was switched on on some day in 2020.
+  [[nodiscard]] std::uint64_t FileTime() const { return 132'500'000'000'000'000 + nowMs_ * 10'000; }
 
   // ---- for the thread that has the turn ----
 
@@ -59,13 +64,17 @@ class Scheduler {
   /// The id of the calling thread; 0 is the test's.
   [[nodiscard]] static std::uint32_t ThreadId();
 
-  /// Whether the calling thread takes part in this laptop's life.
-  [[nodiscard]] bool TakesPart() const;
+  /// The name of the calling thread, "test" for the test's; empty for one that no laptop started.
+  [[nodiscard]] static const std::wstring& ThreadName();
 
   // ---- for the test's thread; without effect on any other ----
 
   /// Runs until every thread waits without a time limit; gives up after `limitMs`. True when all wait.
-  bool Settle(std::uint64_t limitMs);
+  bool Settle(std::uint64_t limitMs = kSettleLimitMs);
+
+  /// The same at the end of what a test does to the laptop, unless there is a Quiet.
+  void SettleStory();
+  class Quiet;
 
   /// Runs exactly `ms` milliseconds, and everything that is due by then.
   void Advance(std::uint64_t ms);
@@ -111,6 +120,7 @@ class Scheduler {
   std::mt19937 generator_;
   const bool interleaving_;
   bool ended_ = false;
+  bool quiet_ = false;
   bool choosing_ = false;                   // inside Next(), where nothing may wait
   std::uint32_t checkpointsSinceMove_ = 0;  // since time last moved
   std::uint32_t nextId_ = 0;
@@ -119,6 +129,19 @@ class Scheduler {
 
   std::mutex mutex_;      // guards `current_` only
   Participant* current_;  // who has the turn
+};
+
+/// While it lives, nothing that a test does settles the laptop: all of it happens at the same time.
+class Scheduler::Quiet {
+ public:
+  explicit Quiet(Scheduler& scheduler) : scheduler_(scheduler), before_(std::exchange(scheduler.quiet_, true)) {}
+  ~Quiet() { scheduler_.quiet_ = before_; }
+  Quiet(const Quiet&) = delete;
+  Quiet& operator=(const Quiet&) = delete;
+
+ private:
+  Scheduler& scheduler_;
+  bool before_;
 };
 
 }  // namespace sim

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "sim/laptop.h"
-
 namespace sim {
 namespace {
 
@@ -14,65 +12,72 @@ constexpr std::uint32_t kClose = 0x0010, kCommand = 0x0111, kTimer = 0x0113;  //
 
 }  // namespace
 
+ServiceWindow::ServiceWindow(Scheduler& scheduler, ThreadLoops& loops, const FileSystem& files, Displays& displays,
+                             Desktop& desktop)
+    : scheduler_(scheduler), loops_(loops), files_(files), desktop_(desktop) {
+  displays.WhenLaidOut([this] { Send([](const auto& events) { events.displayChange(); }); });
+}
+
 // ---- The window ----
 
-os::Status ServiceWindow::RegisterClass(const os::WindowClass& windowClass, const os::ServiceWindowEvents& events) {
-  if (!classes_.emplace(windowClass.name, &events).second) return os::Error{kClassExists};
+os::Status ServiceWindow::Door::RegisterClass(const os::WindowClass& windowClass,
+                                              const os::ServiceWindowEvents& events) {
+  if (!held_.classes.emplace(windowClass.name, &events).second) return os::Error{kClassExists};
   return os::Done{};
 }
 
-os::WindowHandle ServiceWindow::Create(const std::wstring& className, const std::wstring& title) {
-  const auto found = classes_.find(className);
-  if (found == classes_.end() || Exists()) return os::WindowHandle::None;
-  events_ = found->second;
-  owner_ = Scheduler::ThreadId();
-  handle_ = Machine().desktop.Open(
-      {.className = className, .title = title, .program = Machine().files.ownProgram, .visible = false});
-  return handle_;
+os::WindowHandle ServiceWindow::Door::Create(const std::wstring& className, const std::wstring& title) {
+  const auto found = held_.classes.find(className);
+  if (found == held_.classes.end() || Exists()) return os::WindowHandle::None;
+  held_.events = found->second;
+  held_.owner = Scheduler::ThreadId();
+  held_.handle =
+      desktop_.Open({.className = className, .title = title, .program = files_.ownProgram, .visible = false});
+  return held_.handle;
 }
 
 void ServiceWindow::Close(os::WindowHandle window) {
-  if (window != handle_ || !Exists() || !OwnedBy(Scheduler::ThreadId())) return;
-  events_->destroy();
-  Machine().desktop.Close(std::exchange(handle_, os::WindowHandle::None));
-  sent_.clear();
-  posted_.clear();
-  timers_.clear();
+  if (window != held_.handle || !Exists() || !OwnedBy(Scheduler::ThreadId())) return;
+  held_.events->destroy();
+  desktop_.Close(std::exchange(held_.handle, os::WindowHandle::None));
+  held_.sent.clear();
+  held_.posted.clear();
+  held_.timers.clear();
 }
 
 bool ServiceWindow::OwnedBy(std::uint32_t thread) const {
-  return Exists() && owner_ == thread;
+  return Exists() && held_.owner == thread;
 }
 
 // ---- Messages in ----
 
 void ServiceWindow::Send(Message message) {
-  if (Exists()) sent_.push_back(std::move(message));
+  if (Exists()) held_.sent.push_back(std::move(message));
 }
 
 void ServiceWindow::Post(Message message) {
-  if (Exists()) posted_.push_back(std::move(message));
+  if (Exists()) held_.posted.push_back(std::move(message));
 }
 
 bool ServiceWindow::PostRaw(std::uint32_t message, std::uint64_t wParam, std::int64_t lParam) {
   if (!Exists()) return false;
   if (message == kClose) {
-    Post([this](const auto&) { Close(handle_); });
+    Post([this](const auto&) { Close(held_.handle); });
   } else if (message == kCommand) {
     Post([wParam](const auto& events) { events.command(static_cast<std::uint16_t>(wParam)); });
   } else if (message == kTimer) {
     Post([wParam](const auto& events) { events.timer(wParam); });
-  } else if (message == events_->hotKeyMessage) {
+  } else if (message == held_.events->hotKeyMessage) {
     Post([=](const auto& events) { events.hotKey(wParam, lParam); });
-  } else if (message == events_->touchPadStatusMessage) {
+  } else if (message == held_.events->touchPadStatusMessage) {
     Post([=](const auto& events) { events.touchPadStatus(wParam, lParam); });
   }
   return true;
 }
 
-void ServiceWindow::SendCopyData(std::uint64_t kind, os::BytesView record) {
+void ServiceWindow::Door::SendCopyData(std::uint64_t kind, os::BytesView record) {
   if (OwnedBy(Scheduler::ThreadId())) {
-    events_->copyData(kind, record);  // a window's own thread calls its procedure straight away
+    held_.events->copyData(kind, record);  // a window's own thread calls its procedure straight away
     return;
   }
   const auto handled = std::make_shared<bool>(false);
@@ -80,87 +85,70 @@ void ServiceWindow::SendCopyData(std::uint64_t kind, os::BytesView record) {
     events.copyData(kind, bytes);
     *handled = true;
   });
-  Machine().scheduler.WaitUntil([=, this] { return *handled || !Exists(); });
+  scheduler_.WaitUntil([=, this] { return *handled || !Exists(); });
 }
 
 void ServiceWindow::PickMenuItem(std::uint16_t id) {
   PostRaw(kCommand, id, 0);
-  Machine().Settle();
+  scheduler_.SettleStory();
 }
 
 // ---- Timers ----
 
-void ServiceWindow::StartTimer(std::uint64_t id, std::uint32_t periodMs) {
+void ServiceWindow::Door::StartTimer(std::uint64_t id, std::uint32_t periodMs) {
   const auto period = std::max(periodMs, kShortestTimerMs);
-  timers_[id] = {.periodMs = period, .dueMs = Machine().NowMs() + period};
-  timersChanged_ = true;
+  held_.timers[id] = {.periodMs = period, .dueMs = scheduler_.NowMs() + period};
+  held_.timersChanged = true;
 }
 
 std::optional<std::uint32_t> ServiceWindow::TimerPeriod(std::uint64_t id) const {
-  const auto found = timers_.find(id);
-  if (found == timers_.end()) return std::nullopt;
+  const auto found = held_.timers.find(id);
+  if (found == held_.timers.end()) return std::nullopt;
   return found->second.periodMs;
 }
 
-std::optional<std::uint64_t> ServiceWindow::NextTimer() const {
+std::optional<std::uint64_t> ServiceWindow::Door::NextTimer() const {
   std::optional<std::uint64_t> next;
-  for (const auto& [id, timer] : timers_) next = std::min(next.value_or(timer.dueMs), timer.dueMs);
+  for (const auto& [id, timer] : held_.timers) next = std::min(next.value_or(timer.dueMs), timer.dueMs);
   return next;
 }
 
-void ServiceWindow::ServeOneTimer() {
-  const auto now = Machine().NowMs();
-  const auto due =
-      std::find_if(timers_.begin(), timers_.end(), [now](const auto& timer) { return timer.second.dueMs <= now; });
-  if (due == timers_.end()) return;
+void ServiceWindow::Door::ServeOneTimer() {
+  const auto now = scheduler_.NowMs();
+  const auto due = std::find_if(held_.timers.begin(), held_.timers.end(),
+                                [now](const auto& timer) { return timer.second.dueMs <= now; });
+  if (due == held_.timers.end()) return;
   due->second.dueMs = now + due->second.periodMs;
-  events_->timer(due->first);
+  held_.events->timer(due->first);
 }
 
 // ---- Message loops ----
 
-bool ServiceWindow::HasWork(std::uint32_t thread) const {
-  if (quits_.contains(thread)) return true;
-  return OwnedBy(thread) && (!sent_.empty() || !posted_.empty() || timersChanged_);
+bool ServiceWindow::Door::HasWork(std::uint32_t thread) const {
+  if (loops_.IsQuit(thread)) return true;
+  return OwnedBy(thread) && (!held_.sent.empty() || !held_.posted.empty() || held_.timersChanged);
 }
 
-bool ServiceWindow::ServeOneMessage() {
-  auto& queue = sent_.empty() ? posted_ : sent_;
+bool ServiceWindow::Door::ServeOneMessage() {
+  auto& queue = held_.sent.empty() ? held_.posted : held_.sent;
   if (!OwnedBy(Scheduler::ThreadId()) || queue.empty()) return false;
   const Message message = std::move(queue.front());
   queue.pop_front();
-  message(*events_);
+  message(*held_.events);
   return true;
 }
 
-int ServiceWindow::RunLoop() {
+int ServiceWindow::Door::RunLoop() {
   const auto thread = Scheduler::ThreadId();
-  auto& scheduler = Machine().scheduler;
   for (;;) {
     if (ServeOneMessage()) continue;
-    if (const auto quit = quits_.find(thread); quit != quits_.end()) {
-      const int code = quit->second;
-      quits_.erase(quit);
-      return code;
-    }
-    timersChanged_ = false;
+    if (const auto code = loops_.TakeQuit()) return *code;
+    held_.timersChanged = false;
     const auto timer = OwnedBy(thread) ? NextTimer() : std::nullopt;
     const bool work =
-        scheduler.WaitUntil([this, thread] { return HasWork(thread); }, timer, Scheduler::Patience::Timer);
+        scheduler_.WaitUntil([this, thread] { return HasWork(thread); }, timer, Scheduler::Patience::Timer);
     if (!work && OwnedBy(thread)) ServeOneTimer();
   }
-}
-
-bool ServiceWindow::AwaitWork(const std::function<bool()>& hasWork) {
-  const auto thread = Scheduler::ThreadId();
-  Machine().scheduler.WaitUntil([&] { return hasWork() || quits_.contains(thread); });
-  if (hasWork()) return true;
-  quits_.erase(thread);
-  return false;
-}
-
-void ServiceWindow::Quit(int code) {
-  quits_[Scheduler::ThreadId()] = code;
 }
 
 }  // namespace sim

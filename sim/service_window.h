@@ -10,6 +10,11 @@
 #include <vector>
 
 #include "os/service_window.h"
+#include "sim/desktop.h"
+#include "sim/displays.h"
+#include "sim/file_system.h"
+#include "sim/scheduler.h"
+#include "sim/thread_loops.h"
 
 namespace sim {
 
@@ -18,75 +23,88 @@ namespace sim {
 /// A loop serves sent messages first, then posted ones, then the quit message, then timers, as the system does.
 class ServiceWindow {
  public:
+  class Door;
   using Message = std::function<void(const os::ServiceWindowEvents&)>;
 
-  // ---- for tests ----
-  [[nodiscard]] os::WindowHandle Handle() const { return handle_; }
-  [[nodiscard]] bool Exists() const { return handle_ != os::WindowHandle::None; }
+  ServiceWindow(Scheduler& scheduler, ThreadLoops& loops, const FileSystem& files, Displays& displays,
+                Desktop& desktop);
+
+  [[nodiscard]] os::WindowHandle Handle() const { return held_.handle; }
+  [[nodiscard]] bool Exists() const { return held_.handle != os::WindowHandle::None; }
 
   /// Queues a message behind the other sent or posted ones; lost without a window.
   void Send(Message message);
   void Post(Message message);
 
   /// Whether a message from a process of lower integrity reaches the window.
-  [[nodiscard]] bool LetsThrough(std::uint32_t message) const { return allowed_.contains(message); }
+  [[nodiscard]] bool LetsThrough(std::uint32_t message) const { return held_.allowed.contains(message); }
 
   /// The period of a timer in milliseconds; nothing when it does not run.
   [[nodiscard]] std::optional<std::uint32_t> TimerPeriod(std::uint64_t id) const;
 
+  /// A window message posted by its number. False without a window.
+  bool PostRaw(std::uint32_t message, std::uint64_t wParam, std::int64_t lParam);
   /// The user picks a menu item; the laptop settles.
   void PickMenuItem(std::uint16_t id);
   /// The dialogs that were shown; the user closes each at once.
-  [[nodiscard]] const std::vector<std::uint16_t>& Dialogs() const { return dialogs_; }
+  [[nodiscard]] const std::vector<std::uint16_t>& Dialogs() const { return held_.dialogs; }
 
-  [[nodiscard]] bool SeesScalePerMonitor() const { return perMonitorDpi_; }
-  [[nodiscard]] bool HearsOfSessions() const { return hearsOfSessions_; }
-
-  // ---- the door ----
-  os::Status RegisterClass(const os::WindowClass& windowClass, const os::ServiceWindowEvents& events);
-  os::WindowHandle Create(const std::wstring& className, const std::wstring& title);
-  void Close(os::WindowHandle window);
-  void Allow(std::uint32_t message) { allowed_.insert(message); }
-  void StartTimer(std::uint64_t id, std::uint32_t periodMs);
-  void StopTimer(std::uint64_t id) { timers_.erase(id); }
-  void HearOfSessions(bool hear) { hearsOfSessions_ = hear; }
-  void ShowDialog(std::uint16_t id) { dialogs_.push_back(id); }
-  void SeeScalePerMonitor() { perMonitorDpi_ = true; }
-  int RunLoop();
-  void Quit(int code);
-  /// Waits until the calling thread has something to serve, and returns false when its loop is quit instead.
-  bool AwaitWork(const std::function<bool()>& hasWork);
-  /// A window message posted by its number.
-  bool PostRaw(std::uint32_t message, std::uint64_t wParam, std::int64_t lParam);
-  /// A copy-data record sent by a thread of this process: handled before this returns.
-  void SendCopyData(std::uint64_t kind, os::BytesView record);
-
-  /// The process is gone, and its window with it.
-  void Reset() { *this = ServiceWindow(); }
+  [[nodiscard]] bool SeesScalePerMonitor() const { return held_.perMonitorDpi; }
+  [[nodiscard]] bool HearsOfSessions() const { return held_.hearsOfSessions; }
 
  private:
   struct Timer {
     std::uint32_t periodMs = 0;
     std::uint64_t dueMs = 0;
   };
+  /// All that goes with the process.
+  struct Held {
+    std::map<std::wstring, const os::ServiceWindowEvents*> classes = {};
+    const os::ServiceWindowEvents* events = nullptr;  // of the window's class
+    os::WindowHandle handle = os::WindowHandle::None;
+    std::uint32_t owner = 0;  // the thread whose loop serves the window
+    std::deque<Message> sent = {}, posted = {};
+    std::map<std::uint64_t, Timer> timers = {};
+    bool timersChanged = false;
+    std::set<std::uint32_t> allowed = {};
+    std::vector<std::uint16_t> dialogs = {};
+    bool perMonitorDpi = false, hearsOfSessions = false;
+  };
 
   [[nodiscard]] bool OwnedBy(std::uint32_t thread) const;
+  void Close(os::WindowHandle window);
+
+  Scheduler& scheduler_;
+  ThreadLoops& loops_;
+  const FileSystem& files_;
+  Desktop& desktop_;
+  Held held_;
+};
+
+class ServiceWindow::Door : public ServiceWindow {
+ public:
+  using ServiceWindow::ServiceWindow, ServiceWindow::Close;
+
+  os::Status RegisterClass(const os::WindowClass& windowClass, const os::ServiceWindowEvents& events);
+  os::WindowHandle Create(const std::wstring& className, const std::wstring& title);
+  void Allow(std::uint32_t message) { held_.allowed.insert(message); }
+  void StartTimer(std::uint64_t id, std::uint32_t periodMs);
+  void StopTimer(std::uint64_t id) { held_.timers.erase(id); }
+  void HearOfSessions(bool hear) { held_.hearsOfSessions = hear; }
+  void ShowDialog(std::uint16_t id) { held_.dialogs.push_back(id); }
+  void SeeScalePerMonitor() { held_.perMonitorDpi = true; }
+  /// Serves the calling thread until its loop is quit; returns the code of that.
+  int RunLoop();
+  /// A copy-data record sent by a thread of this process: handled before this returns.
+  void SendCopyData(std::uint64_t kind, os::BytesView record);
+
+  void EndProcess() { held_ = {}; }
+
+ private:
   [[nodiscard]] bool HasWork(std::uint32_t thread) const;
   [[nodiscard]] std::optional<std::uint64_t> NextTimer() const;
   bool ServeOneMessage();
   void ServeOneTimer();
-
-  std::map<std::wstring, const os::ServiceWindowEvents*> classes_;
-  const os::ServiceWindowEvents* events_ = nullptr;  // of the window's class
-  os::WindowHandle handle_ = os::WindowHandle::None;
-  std::uint32_t owner_ = 0;  // the thread whose loop serves the window
-  std::deque<Message> sent_, posted_;
-  std::map<std::uint64_t, Timer> timers_;
-  bool timersChanged_ = false;
-  std::map<std::uint32_t, int> quits_;  // quit messages by thread
-  std::set<std::uint32_t> allowed_;
-  std::vector<std::uint16_t> dialogs_;
-  bool perMonitorDpi_ = false, hearsOfSessions_ = false;
 };
 
 }  // namespace sim

@@ -5,8 +5,6 @@
 #include <string_view>
 #include <utility>
 
-#include "sim/laptop.h"
-
 namespace sim {
 namespace {
 
@@ -31,14 +29,14 @@ void Sessions::SignOut() {
 }
 
 void Sessions::Lock() {
-  Machine().desktop.OpenInForeground({.className = kLockScreenClass,
-                                      .title = L"Windows Default Lock Screen",
-                                      .program = L"C:\\Windows\\SystemApps\\LockApp.exe"});
+  desktop_.OpenInForeground({.className = kLockScreenClass,
+                             .title = L"Windows Default Lock Screen",
+                             .program = L"C:\\Windows\\SystemApps\\LockApp.exe"});
   Tell(kLocked);
 }
 
 void Sessions::Unlock() {
-  Machine().desktop.CloseAll(kLockScreenClass);
+  desktop_.CloseAll(kLockScreenClass);
   Tell(kUnlocked);
 }
 
@@ -52,31 +50,29 @@ void Sessions::HideSecureDesktop() {
 
 void Sessions::SwitchDesktop(bool secure) {
   secureDesktop_ = secure;
-  Machine().desktop.Raise(os::WindowEvent::DesktopSwitch, os::WindowHandle::None);
-  Machine().Settle();
+  desktop_.Raise(os::WindowEvent::DesktopSwitch, os::WindowHandle::None);
+  scheduler_.SettleStory();
 }
 
 void Sessions::Tell(std::uint32_t event) {
-  auto& laptop = Machine();
-  if (laptop.window.HearsOfSessions()) laptop.window.Post([=](const auto& events) { events.sessionChange(event); });
-  laptop.Settle();
+  if (window_.HearsOfSessions()) window_.Post([=](const auto& events) { events.sessionChange(event); });
+  scheduler_.SettleStory();
 }
 
 void Sessions::End(std::uint32_t reason) {
-  Machine().window.Send([=](const auto& events) { events.queryEndSession(reason); });
-  Machine().Settle();
+  window_.Send([=](const auto& events) { events.queryEndSession(reason); });
+  scheduler_.SettleStory();
 }
 
 void Sessions::FinishSetup() {
   setupComplete = true;
-  auto& laptop = Machine();
-  if (auto* const call = std::exchange(onSetup_, nullptr)) laptop.scheduler.StartThread(L"setup complete", call);
-  laptop.Settle();
+  if (auto* const call = std::exchange(onSetup_, nullptr)) scheduler_.StartThread(L"setup complete", call);
+  scheduler_.SettleStory();
 }
 
 // ---- Tokens and rights ----
 
-os::Result<os::Token> Sessions::UserToken(std::uint32_t sessionId) {
+os::Result<os::Token> Sessions::Door::UserToken(std::uint32_t sessionId) {
   const auto found =
       std::find_if(all.begin(), all.end(), [=](const SessionState& session) { return session.id == sessionId; });
   if (found == all.end()) return os::Error{kFileNotFound};
@@ -84,7 +80,7 @@ os::Result<os::Token> Sessions::UserToken(std::uint32_t sessionId) {
   return os::Token(tokens_.Open({.session = sessionId}));
 }
 
-os::Status Sessions::EnablePrivilege(os::TokenHandle token, const wchar_t* privilege) {
+os::Status Sessions::Door::EnablePrivilege(os::TokenHandle token, const wchar_t* privilege) {
   const auto* of = tokens_.Find(token);
   if (of == nullptr) return os::Error{kInvalidHandle};
   const auto isIt = [=](const wchar_t* known) { return std::wstring_view(known) == privilege; };
@@ -94,13 +90,13 @@ os::Status Sessions::EnablePrivilege(os::TokenHandle token, const wchar_t* privi
   return os::Done{};
 }
 
-os::Status Sessions::Impersonate(os::TokenHandle token) {
+os::Status Sessions::Door::Impersonate(os::TokenHandle token) {
   if (!SessionOf(token)) return os::Error{kInvalidHandle};
   impersonating_.insert(Scheduler::ThreadId());
   return os::Done{};
 }
 
-void Sessions::Revert() {
+void Sessions::Door::Revert() {
   impersonating_.erase(Scheduler::ThreadId());
 }
 
@@ -108,31 +104,31 @@ bool Sessions::ImpersonatingNow() const {
   return impersonating_.contains(Scheduler::ThreadId());
 }
 
-os::Result<os::Environment> Sessions::CreateEnvironment(os::TokenHandle token) {
+os::Result<os::Environment> Sessions::Door::CreateEnvironment(os::TokenHandle token) {
   const auto session = SessionOf(token);
   if (!session) return os::Error{kInvalidHandle};
   return os::Environment(environments_.Open(*session));
 }
 
-std::optional<std::uint32_t> Sessions::SessionOf(os::TokenHandle token) {
+std::optional<std::uint32_t> Sessions::Door::SessionOf(os::TokenHandle token) {
   const auto* of = tokens_.Find(token);
   return of == nullptr ? std::nullopt : of->session;
 }
 
-std::optional<std::uint32_t> Sessions::SessionOf(os::EnvironmentHandle environment) {
+std::optional<std::uint32_t> Sessions::Door::SessionOf(os::EnvironmentHandle environment) {
   const auto* session = environments_.Find(environment);
   return session == nullptr ? std::nullopt : std::optional(*session);
 }
 
 // ---- First sign-in ----
 
-os::SetupWait Sessions::WaitForSetup(void (*onCompleted)()) {
+os::SetupWait Sessions::Door::WaitForSetup(void (*onCompleted)()) {
   if (setupComplete) return os::SetupWait::None;
   onSetup_ = onCompleted;
   return static_cast<os::SetupWait>(1);
 }
 
-void Sessions::EndProcess() {
+void Sessions::Door::EndProcess() {
   tokens_.CloseAll();
   environments_.CloseAll();
   enabledPrivileges_.clear();

@@ -9,6 +9,8 @@
 #include "os/first_sign_in.h"
 #include "os/processes.h"
 #include "sim/handle_table.h"
+#include "sim/scheduler.h"
+#include "sim/service_window.h"
 
 namespace sim {
 
@@ -22,6 +24,11 @@ struct SessionState {
 /// Sessions, users' tokens, rights, and the first sign-in of the machine.
 class Sessions {
  public:
+  class Door;
+
+  Sessions(Scheduler& scheduler, Desktop& desktop, ServiceWindow& window)
+      : scheduler_(scheduler), desktop_(desktop), window_(window) {}
+
   static constexpr std::uint32_t kActive = 0, kDisconnected = 4, kListen = 6;  // WTS_CONNECTSTATE_CLASS
 
   /// The sessions, in the system's order; a test may change them at any time.
@@ -56,7 +63,28 @@ class Sessions {
   [[nodiscard]] std::size_t OpenEnvironments() const { return environments_.size(); }
   [[nodiscard]] bool SetupWaitRegistered() const { return onSetup_ != nullptr; }
 
-  // ---- the door ----
+ private:
+  void Tell(std::uint32_t event);
+  void SwitchDesktop(bool secure);
+
+  struct TokenOf {
+    std::optional<std::uint32_t> session;  // none: this process's own
+  };
+  Scheduler& scheduler_;
+  Desktop& desktop_;
+  ServiceWindow& window_;
+  HandleTable<os::TokenHandle, TokenOf> tokens_;
+  HandleTable<os::EnvironmentHandle, std::uint32_t> environments_;
+  std::set<std::wstring> enabledPrivileges_;
+  std::set<std::uint32_t> impersonating_;  // threads
+  void (*onSetup_)() = nullptr;
+  bool secureDesktop_ = false;
+};
+
+class Sessions::Door : public Sessions {
+ public:
+  using Sessions::Sessions;
+
   os::Result<os::Token> UserToken(std::uint32_t sessionId);
   os::Token OwnToken() { return os::Token(tokens_.Open({})); }
   os::Status EnablePrivilege(os::TokenHandle token, const wchar_t* privilege);
@@ -72,20 +100,6 @@ class Sessions {
   void EndWaitForSetup() { onSetup_ = nullptr; }
   /// The process is gone, and all it held.
   void EndProcess();
-
- private:
-  void Tell(std::uint32_t event);
-  void SwitchDesktop(bool secure);
-
-  struct TokenOf {
-    std::optional<std::uint32_t> session;  // none: this process's own
-  };
-  HandleTable<os::TokenHandle, TokenOf> tokens_;
-  HandleTable<os::EnvironmentHandle, std::uint32_t> environments_;
-  std::set<std::wstring> enabledPrivileges_;
-  std::set<std::uint32_t> impersonating_;  // threads
-  void (*onSetup_)() = nullptr;
-  bool secureDesktop_ = false;
 };
 
 }  // namespace sim

@@ -11,7 +11,7 @@ constexpr wchar_t kSection[] = L"PowerStatus";
 }  // namespace
 
 std::wstring SettingsView::Folder() const {
-  const auto drive = files_->commonAppData.value_or(L"C:").substr(0, 1);
+  const auto drive = files_.commonAppData.value_or(L"C:").substr(0, 1);
   return drive + L":\\Windows\\system32\\config\\systemprofile\\AppData\\Local\\NORV\\Vantyra";
 }
 
@@ -20,7 +20,7 @@ std::wstring SettingsView::Path() const {
 }
 
 bool SettingsView::Exists() const {
-  return files_->Kind(Path()) == os::PathKind::File;
+  return files_.Kind(Path()) == os::PathKind::File;
 }
 
 std::wstring SettingsView::Text(const std::wstring& key) const {
@@ -34,27 +34,27 @@ bool SettingsView::Has(const std::wstring& key) const {
 void SettingsView::Set(const std::wstring& key, const std::wstring& value) {
   IniFile ini(FileText());
   ini.Set(kSection, key, value);
-  files_->AddTextFile(Path(), ini.Text());
+  files_.AddTextFile(Path(), ini.Text());
 }
 
 void SettingsView::Remove(const std::wstring& key) {
   IniFile ini(FileText());
   ini.Remove(kSection, key);
-  files_->AddTextFile(Path(), ini.Text());
+  files_.AddTextFile(Path(), ini.Text());
 }
 
 void SettingsView::Create(std::initializer_list<std::pair<const wchar_t*, const wchar_t*>> values) {
   IniFile ini(L"");
   for (const auto& [key, value] : values) ini.Set(kSection, key, value);
-  files_->AddTextFile(Path(), ini.Text());
+  files_.AddTextFile(Path(), ini.Text());
 }
 
 void SettingsView::SetReadOnly(bool readOnly) {
-  files_->SetReadOnly(Path(), readOnly);
+  files_.SetReadOnly(Path(), readOnly);
 }
 
 std::wstring SettingsView::FileText() const {
-  return files_->Text(Path()).value_or(L"");
+  return files_.Text(Path()).value_or(L"");
 }
 
 }  // namespace sim

@@ -11,7 +11,7 @@ class FileSystem;
 /// The controller's settings file as a test sees it. All keys are those of its one section, "PowerStatus".
 class SettingsView {
  public:
-  explicit SettingsView(FileSystem& files) : files_(&files) {}
+  explicit SettingsView(FileSystem& files) : files_(files) {}
 
   /// Where the file lies: in the system profile of the drive that holds the common application data.
   [[nodiscard]] std::wstring Folder() const;
@@ -35,7 +35,7 @@ class SettingsView {
  private:
   [[nodiscard]] std::wstring FileText() const;
 
-  FileSystem* files_;
+  FileSystem& files_;
 };
 
 }  // namespace sim

@@ -1,21 +1,22 @@
 #pragma once
 
-#include <cwctype>
 #include <string>
 #include <string_view>
+
+#include "os/types.h"
 
 namespace sim {
 
 /// A text in small letters, for names that the system compares without regard to case.
-[[nodiscard]] inline std::wstring Lower(std::wstring_view text) {
-  std::wstring lower(text);
-  for (auto& character : lower) character = static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(character)));
-  return lower;
-}
+[[nodiscard]] std::wstring Lower(std::wstring_view text);
 
 /// The last part of a path.
-[[nodiscard]] inline std::wstring FileName(std::wstring_view path) {
-  return std::wstring(path.substr(path.find_last_of(L'\\') + 1));
-}
+[[nodiscard]] std::wstring FileName(std::wstring_view path);
+
+/// A text as UTF-16, two bytes a unit, without a NUL.
+[[nodiscard]] os::Bytes ToUtf16(std::wstring_view text);
+
+/// Reads UTF-16 up to a NUL or the end.
+[[nodiscard]] std::wstring FromUtf16(os::BytesView bytes);
 
 }  // namespace sim

@@ -32,7 +32,7 @@ bool IsPlausible(const RawInputRequest& request) {
 
 }  // namespace
 
-TouchController::TouchController() {
+TouchController::TouchController(Scheduler& scheduler, ServiceWindow& window) : scheduler_(scheduler), window_(window) {
   Add(MakeMouse());
   Add(MakeMediaKeys());
   touchScreen_ = &Add(MakeTouchScreen());
@@ -69,7 +69,7 @@ void TouchController::Plug() {
   }
 }
 
-os::Result<os::HidHandle> TouchController::Open(const std::wstring& path) {
+os::Result<os::HidHandle> TouchController::Door::Open(const std::wstring& path) {
   const auto isIt = [&](const HidCollection& c) { return c.Works() && Lower(c.path) == Lower(path); };
   const auto found = std::find_if(collections_.begin(), collections_.end(), isIt);
   if (found == collections_.end()) return os::Error{kFileNotFound};
@@ -77,13 +77,13 @@ os::Result<os::HidHandle> TouchController::Open(const std::wstring& path) {
   return handles_.Open({&*found, found->arrivals});
 }
 
-const HidCollection* TouchController::Find(os::HidHandle device) {
+const HidCollection* TouchController::Door::Find(os::HidHandle device) {
   const auto* open = handles_.Find(device);
   if (open == nullptr || !open->collection->Works()) return nullptr;
   return open->arrivals == open->collection->arrivals ? open->collection : nullptr;
 }
 
-bool TouchController::Write(os::HidHandle device, os::BytesView report) {
+bool TouchController::Door::Write(os::HidHandle device, os::BytesView report) {
   const auto* collection = Find(device);
   if (collection == nullptr || !TakesReport(*collection, report)) return false;
   outputReports_.emplace_back(report.begin(), report.end());
@@ -93,7 +93,7 @@ bool TouchController::Write(os::HidHandle device, os::BytesView report) {
   return true;
 }
 
-std::uint32_t TouchController::RegisterRawInput(RawInputRequest request) {
+std::uint32_t TouchController::Door::RegisterRawInput(RawInputRequest request) {
   request.error = IsPlausible(request) ? 0 : kInvalidParameter;
   rawInputRequests_.push_back(request);
   if (request.error != 0) return request.error;
@@ -104,7 +104,7 @@ std::uint32_t TouchController::RegisterRawInput(RawInputRequest request) {
   return 0;
 }
 
-os::HidNodesHandle TouchController::OpenNodes() {
+os::HidNodesHandle TouchController::Door::OpenNodes() {
   std::vector<HidCollection*> nodes;
   for (auto& collection : collections_) {
     if (collection.plugged) nodes.push_back(&collection);  // a disabled node is still there
@@ -112,7 +112,7 @@ os::HidNodesHandle TouchController::OpenNodes() {
   return nodeLists_.Open(std::move(nodes));
 }
 
-std::vector<std::wstring> TouchController::FirstHardwareIds(os::HidNodesHandle nodes) {
+std::vector<std::wstring> TouchController::Door::FirstHardwareIds(os::HidNodesHandle nodes) {
   std::vector<std::wstring> ids;
   const auto* list = nodeLists_.Find(nodes);
   if (list == nullptr) return ids;
@@ -120,7 +120,7 @@ std::vector<std::wstring> TouchController::FirstHardwareIds(os::HidNodesHandle n
   return ids;
 }
 
-std::uint32_t TouchController::SwitchNode(os::HidNodesHandle nodes, std::size_t index, bool enable) {
+std::uint32_t TouchController::Door::SwitchNode(os::HidNodesHandle nodes, std::size_t index, bool enable) {
   const auto* list = nodeLists_.Find(nodes);
   if (list == nullptr || index >= list->size()) return kNoMoreItems;
   if (!(*list)[index]->plugged) return kNoSuchNode;
@@ -132,7 +132,7 @@ std::uint32_t TouchController::SwitchNode(os::HidNodesHandle nodes, std::size_t 
   return 0;
 }
 
-void TouchController::EndProcess() {
+void TouchController::Door::EndProcess() {
   handles_.CloseAll();
   nodeLists_.CloseAll();
   sinks_.clear();

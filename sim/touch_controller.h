@@ -10,6 +10,8 @@
 #include "os/hid.h"
 #include "sim/handle_table.h"
 #include "sim/hid_collection.h"
+#include "sim/scheduler.h"
+#include "sim/service_window.h"
 
 namespace sim {
 
@@ -31,7 +33,9 @@ struct RawInputRequest {
 /// takes the mode-switch report. A mouse and media keys of another maker come first.
 class TouchController {
  public:
-  TouchController();
+  class Door;
+
+  TouchController(Scheduler& scheduler, ServiceWindow& window);
 
   [[nodiscard]] HidCollection& touchScreen() { return *touchScreen_; }
   [[nodiscard]] HidCollection& touchPad() { return *touchPad_; }
@@ -67,7 +71,33 @@ class TouchController {
   [[nodiscard]] std::size_t OpenHandles() const { return handles_.size(); }
   [[nodiscard]] std::size_t OpenNodeLists() const { return nodeLists_.size(); }
 
-  // ---- the door ----
+ private:
+  struct OpenCollection {
+    HidCollection* collection = nullptr;
+    std::uint32_t arrivals = 0;  // how often the collection had come back when it was opened
+  };
+  [[nodiscard]] static bool IsController(const HidCollection& collection);
+  void Arrived(HidCollection& collection);
+
+  Scheduler& scheduler_;
+  ServiceWindow& window_;
+  std::deque<HidCollection> collections_;  // never shrinks, so that references stay good
+  HidCollection* touchScreen_;
+  HidCollection* touchPad_;
+  HidCollection* modeSwitch_;
+  bool inCursorMode_ = false;
+  std::vector<os::Bytes> outputReports_;
+  std::vector<NodeSwitch> nodeSwitches_;
+  std::vector<RawInputRequest> rawInputRequests_;
+  std::map<std::uint16_t, os::WindowHandle> sinks_;
+  HandleTable<os::HidHandle, OpenCollection> handles_;
+  HandleTable<os::HidNodesHandle, std::vector<HidCollection*>> nodeLists_;
+};
+
+class TouchController::Door : public TouchController {
+ public:
+  using TouchController::TouchController;
+
   [[nodiscard]] const std::deque<HidCollection>& Collections() const { return collections_; }
   os::Result<os::HidHandle> Open(const std::wstring& path);
   void Close(os::HidHandle device) noexcept { handles_.Close(device); }
@@ -81,26 +111,6 @@ class TouchController {
   std::uint32_t SwitchNode(os::HidNodesHandle nodes, std::size_t index, bool enable);
   /// The process is gone, and all it held.
   void EndProcess();
-
- private:
-  struct OpenCollection {
-    HidCollection* collection = nullptr;
-    std::uint32_t arrivals = 0;  // how often the collection had come back when it was opened
-  };
-  [[nodiscard]] static bool IsController(const HidCollection& collection);
-  void Arrived(HidCollection& collection);
-
-  std::deque<HidCollection> collections_;  // never shrinks, so that references stay good
-  HidCollection* touchScreen_;
-  HidCollection* touchPad_;
-  HidCollection* modeSwitch_;
-  bool inCursorMode_ = false;
-  std::vector<os::Bytes> outputReports_;
-  std::vector<NodeSwitch> nodeSwitches_;
-  std::vector<RawInputRequest> rawInputRequests_;
-  std::map<std::uint16_t, os::WindowHandle> sinks_;
-  HandleTable<os::HidHandle, OpenCollection> handles_;
-  HandleTable<os::HidNodesHandle, std::vector<HidCollection*>> nodeLists_;
 };
 
 }  // namespace sim

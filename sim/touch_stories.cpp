@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "sim/door_call.h"
-#include "sim/laptop.h"
 #include "sim/touch_controller.h"
 
 namespace sim {
@@ -22,7 +20,7 @@ os::Bytes ScreenReport(const HidCollection& screen, std::uint8_t flags) {
 
 void TouchController::PlugAfter(std::uint32_t ms) {
   Unplug();
-  Machine().scheduler.After(ms, [this] { Plug(); });
+  scheduler_.After(ms, [this] { Plug(); });
 }
 
 void TouchController::Contact(int reports) {
@@ -50,12 +48,12 @@ void TouchController::ReportFrom(const HidCollection& collection, os::Bytes repo
 void TouchController::Deliver(const HidCollection& collection, os::Bytes report, os::RawInput input) {
   if (!collection.Works() || !RawInputReaches(collection.capabilities.usagePage)) return;
   input.device = collection.raw;
-  PostToServiceWindow([input, report = std::move(report)](const os::ServiceWindowEvents& events) {
+  window_.Post([input, report = std::move(report)](const os::ServiceWindowEvents& events) {
     auto arrived = input;
     arrived.report = report;
     events.rawInput(arrived);
   });
-  Machine().Settle();
+  scheduler_.SettleStory();
 }
 
 }  // namespace sim

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "core/utf16.h"
+#include "sim/bytes.h"
+#include "sim/text.h"
 
 namespace sim {
 namespace {
@@ -18,7 +19,7 @@ class Block {
   /// The 16-bit size with which a block begins must be that of the whole.
   bool TakeOwnSize() {
     const auto whole = left_.size();
-    if (whole < 2 || (left_[0] | left_[1] << 8) != static_cast<int>(whole)) return false;
+    if (whole < 2 || GetShort(left_, 0) != whole) return false;
     left_ = left_.subspan(2);
     return true;
   }
@@ -48,10 +49,10 @@ class Block {
 std::optional<std::wstring> DecodeText(os::BytesView data) {
   if (data.size() < 2 || data.size() % 2 != 0) return std::nullopt;
   for (std::size_t at = 0; at < data.size(); at += 2) {
-    const bool isNul = data[at] == 0 && data[at + 1] == 0;
+    const bool isNul = GetShort(data, at) == 0;
     if (isNul != (at + 2 == data.size())) return std::nullopt;
   }
-  return tessaview::ReadUtf16(data);
+  return FromUtf16(data);
 }
 
 }  // namespace

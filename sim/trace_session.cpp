@@ -41,14 +41,14 @@ void TraceSession::Clear() {
 }
 
 /// A session that listens already is told of during the registration itself.
-os::TraceProvider TraceSession::Register(const os::Guid&, os::TraceEnableCallback onEnable) {
+os::TraceProvider TraceSession::Door::Register(const os::Guid&, os::TraceEnableCallback onEnable) {
   const auto handle = static_cast<os::TraceProvider>(++registrations_);
   providers_[handle] = {onEnable, {}};
   if (listens_) onEnable(true, level_);
   return handle;
 }
 
-bool TraceSession::SetTraits(os::TraceProvider provider, os::BytesView traits) {
+bool TraceSession::Door::SetTraits(os::TraceProvider provider, os::BytesView traits) {
   const auto found = providers_.find(provider);
   if (found == providers_.end()) return false;
   if (!DecodeProviderTraits(traits)) malformed_.emplace_back("the provider's traits");
@@ -56,8 +56,8 @@ bool TraceSession::SetTraits(os::TraceProvider provider, os::BytesView traits) {
   return true;
 }
 
-std::uint32_t TraceSession::Write(os::TraceProvider provider, const os::TraceEventDescriptor& descriptor,
-                                  os::BytesView providerTraits, os::BytesView eventMetadata, os::BytesView data) {
+std::uint32_t TraceSession::Door::Write(os::TraceProvider provider, const os::TraceEventDescriptor& descriptor,
+                                        os::BytesView providerTraits, os::BytesView eventMetadata, os::BytesView data) {
   const auto found = providers_.find(provider);
   if (found == providers_.end()) return kInvalidHandle;
   if (!Wants(descriptor.level)) return 0;

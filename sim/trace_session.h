@@ -16,6 +16,8 @@ namespace sim {
 /// from the start, at level verbose.
 class TraceSession {
  public:
+  class Door;
+
   static constexpr std::uint8_t kVerbose = 5;
 
   /// Starts or stops listening, to events up to `level`; 0 is every level.
@@ -40,15 +42,6 @@ class TraceSession {
 
   [[nodiscard]] std::size_t Registrations() const { return registrations_; }
 
-  // ---- the door ----
-  os::TraceProvider Register(const os::Guid& id, os::TraceEnableCallback onEnable);
-  bool SetTraits(os::TraceProvider provider, os::BytesView traits);
-  std::uint32_t Write(os::TraceProvider provider, const os::TraceEventDescriptor& descriptor,
-                      os::BytesView providerTraits, os::BytesView eventMetadata, os::BytesView data);
-  void WriteDebugText(std::wstring text) { debugTexts_.push_back(std::move(text)); }
-  /// The process is gone with its providers; what was collected stays.
-  void EndProcess() { providers_.clear(); }
-
  private:
   struct Provider {
     os::TraceEnableCallback onEnable = nullptr;
@@ -63,6 +56,17 @@ class TraceSession {
   std::map<os::TraceProvider, Provider> providers_;
   std::vector<std::wstring> lines_, usage_, debugTexts_;
   std::vector<std::string> malformed_;
+};
+
+class TraceSession::Door : public TraceSession {
+ public:
+  os::TraceProvider Register(const os::Guid& id, os::TraceEnableCallback onEnable);
+  bool SetTraits(os::TraceProvider provider, os::BytesView traits);
+  std::uint32_t Write(os::TraceProvider provider, const os::TraceEventDescriptor& descriptor,
+                      os::BytesView providerTraits, os::BytesView eventMetadata, os::BytesView data);
+  void WriteDebugText(std::wstring text) { debugTexts_.push_back(std::move(text)); }
+  /// The process is gone with its providers; what was collected stays.
+  void EndProcess() { providers_.clear(); }
 };
 
 }  // namespace sim

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "sim/laptop.h"
-
 namespace sim {
 namespace {
 
@@ -14,50 +12,46 @@ constexpr auto kProgram = L"C:\\Program Files\\WindowsApps\\7C31A0D4.TessaviewMa
 }  // namespace
 
 void Ui::Open(const wchar_t* className) {
-  auto& laptop = Machine();
   const auto take = [this, className](std::uint64_t kind, os::BytesView bytes) {
     received_.push_back({className, kind, os::Bytes(bytes.begin(), bytes.end())});
   };
-  laptop.desktop.Open({.className = className,
-                       .title = className,
-                       .program = kProgram,
-                       .responsive = !hung_,
-                       .busyUntilMs = busyUntilMs_,
-                       .copyData = take});
-  laptop.Settle();
+  desktop_.Open({.className = className,
+                 .title = className,
+                 .program = kProgram,
+                 .responsive = !hung_,
+                 .busyUntilMs = busyUntilMs_,
+                 .copyData = take});
+  scheduler_.SettleStory();
 }
 
 void Ui::Close(const wchar_t* className) {
-  Machine().desktop.CloseAll(className);
-  Machine().Settle();
+  desktop_.CloseAll(className);
+  scheduler_.SettleStory();
 }
 
 void Ui::Die() {
-  auto& laptop = Machine();
-  for (const auto* className : kClasses) laptop.desktop.CloseAll(className);
-  laptop.processes.End(laptop.processes.IdOf(kProgram));
+  for (const auto* className : kClasses) desktop_.CloseAll(className);
+  processes_.End(processes_.IdOf(kProgram));
   hung_ = false;
   busyUntilMs_ = 0;
-  laptop.Settle();
+  scheduler_.SettleStory();
 }
 
 os::WindowHandle Ui::MainWindow() const {
-  return Machine().desktop.Find(kMainClass);
+  return desktop_.Find(kMainClass);
 }
 
 bool Ui::AnyWindow() const {
-  const auto& desktop = Machine().desktop;
   return std::any_of(std::begin(kClasses), std::end(kClasses),
-                     [&](const auto* className) { return desktop.Find(className) != os::WindowHandle::None; });
+                     [&](const auto* className) { return desktop_.Find(className) != os::WindowHandle::None; });
 }
 
 // ---- Its thread ----
 
 template <class Change>
 void Ui::ForEachWindow(Change change) {
-  auto& desktop = Machine().desktop;
   for (const auto* className : kClasses) {
-    if (auto* window = desktop.Find(desktop.Find(className))) change(*window);
+    if (auto* window = desktop_.Find(desktop_.Find(className))) change(*window);
   }
 }
 
@@ -69,13 +63,13 @@ void Ui::Hang() {
 void Ui::Recover() {
   hung_ = false;
   ForEachWindow([](Window& window) { window.responsive = true; });
-  Machine().Settle();
+  scheduler_.SettleStory();
 }
 
 void Ui::Busy(std::uint32_t ms) {
-  busyUntilMs_ = Machine().NowMs() + ms;
+  busyUntilMs_ = scheduler_.NowMs() + ms;
   ForEachWindow([this](Window& window) { window.busyUntilMs = busyUntilMs_; });
-  Machine().After(ms, [] {});  // whoever waits for an answer gets it then
+  scheduler_.After(ms, [] {});  // whoever waits for an answer gets it then
 }
 
 // ---- What it got ----
@@ -118,11 +112,10 @@ void Ui::SendFileCopy(const std::wstring& command, const std::wstring& from, con
 }
 
 void Ui::SendRaw(std::uint64_t kind, os::Bytes record) {
-  auto& laptop = Machine();
-  if (laptop.window.LetsThrough(os::kCopyDataMessage)) {
-    laptop.window.Send([=](const os::ServiceWindowEvents& events) { events.copyData(kind, record); });
+  if (window_.LetsThrough(os::kCopyDataMessage)) {
+    window_.Send([=](const os::ServiceWindowEvents& events) { events.copyData(kind, record); });
   }
-  laptop.Settle();
+  scheduler_.SettleStory();
 }
 
 }  // namespace sim

@@ -6,6 +6,10 @@
 #include <vector>
 
 #include "os/types.h"
+#include "sim/desktop.h"
+#include "sim/processes.h"
+#include "sim/scheduler.h"
+#include "sim/service_window.h"
 #include "sim/ui_record.h"
 
 namespace sim {
@@ -30,6 +34,9 @@ struct ReceivedRecord {
 /// one thread. Unless said otherwise the laptop settles after each story step.
 class Ui {
  public:
+  Ui(Scheduler& scheduler, Processes& processes, Desktop& desktop, ServiceWindow& window)
+      : scheduler_(scheduler), processes_(processes), desktop_(desktop), window_(window) {}
+
   static constexpr auto kMainClass = L"Tessaview", kGuideClass = L"TessaviewQuickGuide",
                         kVideoClass = L"TessaviewVideoClass";
   static constexpr std::uint64_t kTextKind = 102, kRawInputKind = 101, kFileCopyKind = 104;
@@ -77,6 +84,10 @@ class Ui {
   template <class Change>
   void ForEachWindow(Change change);
 
+  Scheduler& scheduler_;
+  Processes& processes_;
+  Desktop& desktop_;
+  ServiceWindow& window_;
   bool hung_ = false;
   std::uint64_t busyUntilMs_ = 0;
   std::vector<ReceivedRecord> received_;

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "sim/laptop.h"
 #include "sim/text.h"
 
 namespace sim {
@@ -22,7 +21,7 @@ void Watches::Woke(int state) {
 
 void Watches::Serve(Watchers& watchers, std::wstring what, const std::function<void()>& onChange) {
   auto& own = watchers.emplace_back(Watcher{std::move(what)});
-  while (Machine().scheduler.WaitUntil([&own] { return own.isDue; })) {
+  while (scheduler_.WaitUntil([&own] { return own.isDue; })) {
     own.isDue = false;
     onChange();
   }

@@ -4,12 +4,16 @@
 #include <list>
 #include <string>
 
+#include "sim/scheduler.h"
+
 namespace sim {
 
 /// Who waits for changes of the registry, and for events of the system's log. What changes while a watcher is at work
 /// is told to it afterwards, once.
 class Watches {
  public:
+  explicit Watches(Scheduler& scheduler) : scheduler_(scheduler) {}
+
   /// A key, or a value of it, was made, written or removed.
   void RegistryChanged(const std::wstring& key);
 
@@ -17,9 +21,6 @@ class Watches {
   /// hibernated). The watchers' queries are not evaluated: those that name event 107 and the state are told.
   void Woke(int state);
 
-  [[nodiscard]] bool IsLogWatched() const { return !logs_.empty(); }
-
-  // ---- the door ----
   void WatchKey(const std::wstring& key, const std::function<void()>& onChange);
   void WatchLog(const std::wstring& query, const std::function<void()>& onEvents);
   void EndProcess();
@@ -30,8 +31,9 @@ class Watches {
     bool isDue = false;
   };
   using Watchers = std::list<Watcher>;  // a list, so that references stay good
-  static void Serve(Watchers& watchers, std::wstring what, const std::function<void()>& onChange);
+  void Serve(Watchers& watchers, std::wstring what, const std::function<void()>& onChange);
 
+  Scheduler& scheduler_;
   Watchers keys_, logs_;
 };
 

@@ -1,7 +1,5 @@
 #include "sim/window_events.h"
 
-#include "sim/laptop.h"
-
 namespace sim {
 
 void WindowEvents::Raise(os::WindowEvent event, os::WindowHandle window, std::int32_t object) {
@@ -13,7 +11,7 @@ void WindowEvents::Raise(os::WindowEvent event, os::WindowHandle window, std::in
 
 void WindowEvents::Watch(os::WindowEvent first, os::WindowEvent last, const Watcher& watcher) {
   auto& own = subscriptions_.emplace_back(Subscription{first, last});
-  while (Machine().window.AwaitWork([&own] { return !own.queue.empty(); })) {
+  while (loops_.AwaitWork([&own] { return !own.queue.empty(); })) {
     const auto event = own.queue.front();
     own.queue.pop_front();
     watcher(event.event, event.window, event.object);

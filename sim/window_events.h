@@ -7,16 +7,18 @@
 
 #include "os/hooks.h"
 #include "os/types.h"
+#include "sim/thread_loops.h"
 
 namespace sim {
 
 /// The programs that watch windows. What happens waits in a queue for each of them, and nobody waits for the watcher.
 class WindowEvents {
  public:
+  explicit WindowEvents(ThreadLoops& loops) : loops_(loops) {}
+
   using Watcher = std::function<void(os::WindowEvent, os::WindowHandle, std::int32_t object)>;
 
   void Raise(os::WindowEvent event, os::WindowHandle window, std::int32_t object);
-  [[nodiscard]] bool IsWatched() const { return !subscriptions_.empty(); }
 
   /// Serves the calling thread's events until its message loop is quit.
   void Watch(os::WindowEvent first, os::WindowEvent last, const Watcher& watcher);
@@ -33,6 +35,7 @@ class WindowEvents {
     os::WindowEvent first, last;
     std::deque<Event> queue = {};
   };
+  ThreadLoops& loops_;
   std::list<Subscription> subscriptions_;  // a list, so that references stay good
 };
 

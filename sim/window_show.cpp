@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "sim/laptop.h"
+#include "sim/desktop.h"
 
 namespace sim {
 
@@ -39,23 +39,23 @@ os::Rect Shifted(const os::Rect& area, std::int32_t dx, std::int32_t dy) {
   return {area.left + dx, area.top + dy, area.right + dx, area.bottom + dy};
 }
 
+}  // namespace
+
 /// Where (0, 0) of a placement lies for this window.
-os::Point PlacementOrigin(const Window& window) {
-  const auto monitor = MonitorUnder(Machine().displays.PrimaryArea());
+os::Point Desktop::PlacementOrigin(const Window& window) const {
+  const auto monitor = MonitorUnder(displays_.PrimaryArea());
   if (!monitor || (window.extendedStyle & kWsExToolWindow) != 0) return {};
   return {monitor->work.left - monitor->monitor.left, monitor->work.top - monitor->monitor.top};
 }
 
 /// The size a window gives itself when it comes from one area to another, where the scale may be another.
-os::Rect Adapted(const Window& window, const os::Rect& to) {
+os::Rect Desktop::Adapted(const Window& window, const os::Rect& to) const {
   const auto from = MonitorUnder(window.area), onto = MonitorUnder(to);
   if (!window.adaptsToScale || window.state == ShowState::Minimized || !from || !onto) return to;
   const std::int64_t before = DpiOf(from->handle), after = DpiOf(onto->handle);
   const auto scaled = [=](std::int32_t length) { return static_cast<std::int32_t>(length * after / before); };
   return {to.left, to.top, to.left + scaled(to.right - to.left), to.top + scaled(to.bottom - to.top)};
 }
-
-}  // namespace
 
 void Desktop::SetArea(Window& window, const os::Rect& area) {
   const auto before = std::exchange(window.area, area);
@@ -121,7 +121,7 @@ void Desktop::Drag(WindowHandle handle, const os::Rect& area) {
   TellProgram(handle);
 }
 
-os::Result<os::WindowPlacement> Desktop::Placement(WindowHandle handle) const {
+os::Result<os::WindowPlacement> Desktop::Door::Placement(WindowHandle handle) const {
   const auto* window = Find(handle);
   if (window == nullptr) return os::Error{kInvalidWindowHandle};
   const auto origin = PlacementOrigin(*window);
@@ -134,7 +134,7 @@ os::Result<os::WindowPlacement> Desktop::Placement(WindowHandle handle) const {
   return placement;
 }
 
-os::Status Desktop::SetPlacement(WindowHandle handle, const os::WindowPlacement& placement) {
+os::Status Desktop::Door::SetPlacement(WindowHandle handle, const os::WindowPlacement& placement) {
   auto* window = Find(handle);
   if (window == nullptr) return os::Error{kInvalidWindowHandle};
   if (window->refusesMoves) return os::Error{kAccessDenied};

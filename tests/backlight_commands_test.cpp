@@ -1,7 +1,7 @@
-#include "core/settings.h"
 #include "os/device_io.h"
 #include "os/power.h"
 #include "os/settings_store.h"
+#include "power/settings.h"
 #include "tests/support.h"
 
 namespace {
@@ -17,7 +17,7 @@ TEST(BacklightFromTheUi, IsStoredInFirmwareUnits) {
     ForgetTheStory(laptop);
     laptop.ui.Send(L"BLSET", {.percent = percent});
     EXPECT_EQ(laptop.settings.Text(L"Backlight"), stored);
-    EXPECT_EQ(std::to_wstring(static_cast<std::int32_t>(gSettings.get().UserBacklightValue)), stored);
+    EXPECT_EQ(std::to_wstring(static_cast<std::int32_t>(gSettings().UserBacklightValue)), stored);
     EXPECT_TRUE(laptop.firmware.Writes(Firmware::kBacklight).empty()) << "the UI sets the panel itself";
     EXPECT_TRUE(laptop.ui.Received().empty());
   }
@@ -89,7 +89,7 @@ TEST(PowerSavingFromTheUi, IsStoredAndAppliedEitherWay) {
     ForgetTheStory(laptop);
     laptop.ui.Send(command);
     EXPECT_EQ(laptop.settings.Text(L"PowerSaving"), stored);
-    EXPECT_EQ(gPowerSavingEnabled.get(), level == 58);
+    EXPECT_EQ(gPowerSavingEnabled(), level == 58);
     EXPECT_EQ(laptop.firmware.Writes(Firmware::kBacklight), std::vector{level});
   }
 }

@@ -71,7 +71,7 @@ TEST(WinP, BringsBackAPanelThatIsOffAndWanted) {
     if (resets > 0) {
       EXPECT_EQ(laptop.displays.topology, Topology::Extend);
       EXPECT_TRUE(laptop.trace.Contains(L"[MoveCPanelMonitorOnePixel] isExtendMode + Win_P_WindowMoveFlag = true"));
-      EXPECT_FALSE(tessaview::Win_P_WindowMoveFlag.get());
+      EXPECT_FALSE(tessaview::ClaimWin_P_WindowMoveFlag());
       EXPECT_EQ(laptop.displays.cPanel().Area(), (os::Rect{0, 1080, 1920, 1595}));
     }
   }
@@ -83,9 +83,13 @@ TEST(WinP, SeesTheModeInForceWhateverElseLooksAtIt) {
     laptop.firmware.SetRegister(Firmware::kPower, Firmware::kPanelOff);
     ForgetTheStory(laptop);
     laptop.faults.Slow<&os::QueryDisplayConfiguration>(20);
-    laptop.displays.LayOutAndTell();
-    laptop.displays.LayOutAndTell();
-    laptop.input.PressWinP();
+    {
+      const auto quietly = laptop.Quietly();
+      laptop.displays.Changed();
+      laptop.displays.Changed();
+      laptop.input.PressWinP();
+    }
+    laptop.Settle();
     EXPECT_TRUE(laptop.trace.Contains(L"[Timestamp] Extend, set power on, set extend \n")) << "seed " << seed;
   }
 }
@@ -96,7 +100,10 @@ TEST(WinP, NeverHoldsUpTheKeyboard) {
   laptop.firmware.SetRegister(Firmware::kPower, Firmware::kPanelOff);
   laptop.faults.Slow<&os::ChangeDisplayConfiguration>(5000);
   laptop.faults.Slow<&os::Control>(500);
-  for (int times = 0; times < 3; ++times) laptop.input.PressWinPQuietly();
+  {
+    const auto quietly = laptop.Quietly();
+    for (int times = 0; times < 3; ++times) laptop.input.PressWinP();
+  }
   EXPECT_TRUE(laptop.Settle());
   EXPECT_EQ(laptop.input.LongestHoldUpMs(), 0u);
   const auto served = laptop.trace.Count(L"[Win + P] -------- End -------- \n");

@@ -13,7 +13,7 @@ namespace {
 using namespace tessaview;
 using namespace support;
 
-constexpr auto kKey = L"TSB8888";
+constexpr MonitorKey kKey = kCPanelModel;
 
 TEST(PathRotation, IsThatOfThePathCarryingTheKeyAsOneOfItsParts) {
   Laptop laptop;
@@ -25,12 +25,12 @@ TEST(PathRotation, IsThatOfThePathCarryingTheKeyAsOneOfItsParts) {
                                       {L"TSB8888#", 0},
                                       {L"", 0},
                                       {L"TSB8888#4&1B1F3FD7&0&UID8392784", 4}}) {
-    EXPECT_EQ(GetMonitorRotation(key), rotation) << testing::PrintToString(key);
+    EXPECT_EQ(GetMonitorRotation({key}), rotation) << testing::PrintToString(key);
   }
   laptop.displays.cPanel().devicePath = L"\\\\?\\display#tsb8888#4&1#{e6f07b5f}";
   EXPECT_EQ(GetMonitorRotation(kKey), 4U);
   laptop.displays.cPanel().devicePath = L"\\\\?\\DISPLAY##4&1#{E6F07B5F}";
-  EXPECT_EQ(GetMonitorRotation(L""), 0U) << "no key carries nothing, not even between two separators";
+  EXPECT_EQ(GetMonitorRotation({L""}), 0U) << "no key carries nothing, not even between two separators";
 }
 
 TEST(PathRotation, IsReadFromUsablePathsOnly) {
@@ -92,8 +92,8 @@ TEST(ProjectionMode, IsOneOfFourOrNone) {
                                               {static_cast<Topology>(16), {}}};
   const auto query = [] {
     tessaview::QueryWinPMode();
-    return Flags{tessaview::isInternalMode.get(), tessaview::isCloneMode.get(), tessaview::isExtendMode.get(),
-                 tessaview::isExternalMode.get()};
+    return Flags{tessaview::isInternalMode(), tessaview::isCloneMode(), tessaview::isExtendMode(),
+                 tessaview::isExternalMode()};
   };
   Laptop laptop;
   for (const auto& [topology, flags] : cases) {

@@ -84,7 +84,7 @@ TEST(Lid, WhatClosingItDoesIsToldToSecondGenerationFirmware) {
     RunningLaptop laptop({.generation = generation});
     laptop.power.Notify(os::PowerSetting::LidCloseAction, action);
     EXPECT_EQ(laptop.firmware.Writes(Firmware::kLidCloseAction), onChange);
-    EXPECT_EQ(tessaview::gLidDoNothing.get(), generation == 2 && action == 0);
+    EXPECT_EQ(tessaview::gLidDoNothing(), generation == 2 && action == 0);
 
     ForgetTheStory(laptop);
     laptop.power.SetSchemeLidAction(false, action);

@@ -1,6 +1,6 @@
 // Back to a powered C panel that extends the desktop, and what the system has stored of it.
 
-#include "display/mode_reset.h"
+#include "power/mode_reset.h"
 
 #include "display/configuration_database.h"
 #include "display/panel_geometry.h"

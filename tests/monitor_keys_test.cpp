@@ -94,7 +94,7 @@ TEST(MonitorKey, HasALongFormWithTheMonitorsPlaceInTheMachine) {
   EXPECT_EQ(LongMonitorKey(device, edid), L"TSB88882290649088_1C_07DB_26___00000000_00000000_0");
 }
 
-TEST(MonitorList, DescribesTheConnectedMonitorsAndTheirPaths) {
+TEST(MonitorList, NamesTheConnectedMonitors) {
   Laptop laptop;
   auto& panel = laptop.displays.cPanel();
   panel.edid = CPanelBlock();
@@ -107,15 +107,7 @@ TEST(MonitorList, DescribesTheConnectedMonitorsAndTheirPaths) {
   ASSERT_EQ(monitors.size(), 4U);
   EXPECT_EQ(monitors[1].shortKey, L"TSB88882290649088_1C_07DB_26");
   EXPECT_EQ(monitors[1].longKey, L"TSB88882290649088_1C_07DB_26_8086_9B41_00000000_00801050_801050");
-  EXPECT_EQ(monitors[1].gdiSourceName, L"\\\\.\\DISPLAY2");
-  EXPECT_EQ(monitors[1].rotation, 4U);
   EXPECT_EQ(monitors[2].shortKey, L"DEL40A9_00_0000_00") << "no identification block to be had";
-  for (const auto& idle : {monitors[2], monitors[3]}) {
-    EXPECT_EQ(idle.gdiSourceName, L"");
-    EXPECT_EQ(idle.rotation, 0U);
-  }
-  laptop.faults.Fail<&os::QueryDisplayConfiguration>();
-  EXPECT_EQ(tessaview::ListConnectedMonitors().size(), 4U) << "even without paths";
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "windows/mover_layout.h"
+#include "windows/mover/mover_layout.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@ using enum OverlayState;
 
 constexpr std::int32_t kX = 1000, kY = 300;  // of the press
 
-MoverArea Area(std::int32_t left, std::int32_t right, std::int32_t top, std::int32_t bottom) {
+MoverRect Area(std::int32_t left, std::int32_t right, std::int32_t top, std::int32_t bottom) {
   return {kX + left, kX + right, kY + top, kY + bottom};
 }
 

@@ -26,7 +26,7 @@ TEST(PanelPowerOn, OnMainsAppliesTheStoredLevelWithinItsBounds) {
     EXPECT_EQ(laptop.firmware.Writes(Firmware::kBacklight), Words{applied});
     EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"On");
     EXPECT_EQ(laptop.ui.Received(), Texts{L"POWERON"});
-    EXPECT_TRUE(tessaview::isTessaviewPowerOn.get());
+    EXPECT_TRUE(tessaview::isTessaviewPowerOn());
   }
 }
 
@@ -63,7 +63,7 @@ TEST(PanelPowerOff, SwitchesThePanelOffRemembersItAndMakesTheSurfaceATouchPad) {
   EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"Off");
   EXPECT_TRUE(laptop.touch.InCursorMode());
   EXPECT_EQ(laptop.ui.Received(), Texts{L"POWEROFF"});
-  EXPECT_FALSE(tessaview::isTessaviewPowerOn.get());
+  EXPECT_FALSE(tessaview::isTessaviewPowerOn());
   EXPECT_EQ(laptop.firmware.OpenHandles(), 0U);
 
   TessaviewPowerControl(true);

@@ -33,7 +33,7 @@ TEST(PanelSearch, FindsBothPanelsWithAllThatIsToKnow) {
   laptop.displays.cPanel().frequency = 30;
   laptop.displays.cPanel().devicePath = L"\\\\?\\display#tsb8888#4&1b1f3fd7&0&uid8392784#{e6f07b5f}";
   EXPECT_EQ(EnumDisplayDevice(), PanelsFound::Both);
-  const auto [b, c] = gPanelDisplayInfo.get();
+  const auto [b, c] = gPanelDisplayInfo();
 
   EXPECT_EQ(b.gdiDeviceName, L"\\\\.\\DISPLAY1");
   EXPECT_EQ(b.hardwareId, L"DISPLAY\\BOE0D53");
@@ -76,7 +76,7 @@ TEST(PanelSearch, FindsNothingWithoutBothIds) {
     Laptop laptop;
     spoil(laptop.registry);
     EXPECT_EQ(EnumDisplayDevice(), PanelsFound::None);
-    const auto [b, cPanel] = gPanelDisplayInfo.get();
+    const auto [b, cPanel] = gPanelDisplayInfo();
     ExpectNothingButTheId(b);
     ExpectNothingButTheId(cPanel);
     EXPECT_EQ(b.hardwareId + cPanel.hardwareId, L"");
@@ -89,11 +89,11 @@ TEST(PanelSearch, OverlooksDisplaysThatAreNotPlainlyActive) {
     Laptop laptop;
     change(laptop.displays.cPanel());
     EXPECT_EQ(EnumDisplayDevice(), PanelsFound::OnlyB);
-    ExpectNothingButTheId(gPanelDisplayInfo.get().cPanel);
+    ExpectNothingButTheId(gPanelDisplayInfo().cPanel);
     change(laptop.displays.bPanel());
     EXPECT_EQ(EnumDisplayDevice(), PanelsFound::None);
-    ExpectNothingButTheId(gPanelDisplayInfo.get().bPanel);
-    EXPECT_EQ(gPanelDisplayInfo.get().bPanel.hardwareId, L"DISPLAY\\BOE0D53");
+    ExpectNothingButTheId(gPanelDisplayInfo().bPanel);
+    EXPECT_EQ(gPanelDisplayInfo().bPanel.hardwareId, L"DISPLAY\\BOE0D53");
   }
 }
 
@@ -103,12 +103,12 @@ TEST(PanelSearch, IsNotLedAstrayByOtherMonitorsOrNumbersAndTakesTheLastWithAPane
   laptop.displays.bPanel().gdiName = L"\\\\.\\DISPLAY3";
   laptop.displays.cPanel().gdiName = L"\\\\.\\DISPLAY1";
   EXPECT_EQ(EnumDisplayDevice(), PanelsFound::Both);
-  EXPECT_EQ(gPanelDisplayInfo.get().bPanel.SettingsView(), kBAtTop);
-  EXPECT_EQ(gPanelDisplayInfo.get().cPanel.SettingsView(), kCBelow);
+  EXPECT_EQ(gPanelDisplayInfo().bPanel.SettingsView(), kBAtTop);
+  EXPECT_EQ(gPanelDisplayInfo().cPanel.SettingsView(), kCBelow);
 
   laptop.displays.AddMonitor({.instanceId = L"DISPLAY\\TSB8888\\5&2", .x = 1920, .width = 800, .height = 600});
   EXPECT_EQ(EnumDisplayDevice(), PanelsFound::Both);
-  EXPECT_EQ(gPanelDisplayInfo.get().cPanel.SettingsView(), (PanelRect{1920, 0, 800, 600}));
+  EXPECT_EQ(gPanelDisplayInfo().cPanel.SettingsView(), (PanelRect{1920, 0, 800, 600}));
 }
 
 TEST(PanelSearch, ScalesPositionsByTheSmallestScaleAndSizesByTheirOwn) {
@@ -126,7 +126,7 @@ TEST(PanelSearch, ScalesPositionsByTheSmallestScaleAndSizesByTheirOwn) {
     laptop.displays.cPanel().dpi = cDpi;
     laptop.displays.AddMonitor({.dpi = thirdDpi});
     EnumDisplayDevice();
-    const auto found = gPanelDisplayInfo.get();
+    const auto found = gPanelDisplayInfo();
     EXPECT_EQ(MonitorView(found.bPanel), bView);
     EXPECT_EQ(MonitorView(found.cPanel), cView);
     EXPECT_EQ(found.bPanel.scale, bScale);
@@ -148,8 +148,8 @@ TEST(PanelSearch, LeavesZeroWhatItCannotRead) {
     Laptop laptop;
     fail(laptop.faults);
     EXPECT_EQ(EnumDisplayDevice(), found);
-    EXPECT_EQ(gPanelDisplayInfo.get().bPanel.SettingsView(), settings);
-    EXPECT_EQ(MonitorView(gPanelDisplayInfo.get().bPanel), monitor);
+    EXPECT_EQ(gPanelDisplayInfo().bPanel.SettingsView(), settings);
+    EXPECT_EQ(MonitorView(gPanelDisplayInfo().bPanel), monitor);
   }
 }
 
@@ -161,12 +161,12 @@ TEST(PanelGeometry, IsThatOfThePanelsThatAreThere) {
                                        {Topology::External, kAbsent, kCBelow}}) {
     laptop.displays.Project(topology);
     InitialDisplay();
-    EXPECT_EQ(gBPanel.get(), b);
-    EXPECT_EQ(gCPanel.get(), c);
+    EXPECT_EQ(gBPanel(), b);
+    EXPECT_EQ(gCPanel(), c);
   }
   laptop.registry.RemoveKey(sim::Registry::kFactoryConfig);
   InitialDisplay();
-  EXPECT_EQ(gCPanel.get(), kAbsent);
+  EXPECT_EQ(gCPanel(), kAbsent);
 }
 
 /// Several threads refresh at once while the system is slow and the panel comes and goes: each refresh is whole.
@@ -184,8 +184,8 @@ TEST(PanelGeometry, IsRefreshedByOneThreadAtATime) {
     laptop.After(10, [&] { laptop.displays.cPanel().Unplug(); });
     laptop.After(40, [&] { laptop.displays.cPanel().Plug(); });
     EXPECT_TRUE(laptop.Settle());
-    EXPECT_EQ(gBPanel.get(), kBAtTop);
-    EXPECT_EQ(gCPanel.get(), kCBelow);
+    EXPECT_EQ(gBPanel(), kBAtTop);
+    EXPECT_EQ(gCPanel(), kCBelow);
     EXPECT_EQ(laptop.NowMs() - start, 12 * 7U) << "no two searches at the same time";
   }
 }

@@ -110,7 +110,7 @@ TEST(TouchScreenCheck, KeepsTheUiAwayOnlyWhenTheControllerIsThereWithoutItsScree
     sim::Laptop laptop;
     arrange(laptop.touch);
     tessaview::CheckTouchScreenHid();
-    EXPECT_EQ(tessaview::gTouchScreenHidWrong.get(), isWrong);
+    EXPECT_EQ(tessaview::gTouchScreenHidWrong(), isWrong);
   }
 }
 

@@ -1,8 +1,8 @@
-#include "core/settings_file.h"
+#include "power/settings_file.h"
 
-#include "core/settings.h"
 #include "os/files.h"
 #include "os/settings_store.h"
+#include "power/settings.h"
 #include "tests/support.h"
 
 namespace {
@@ -21,8 +21,8 @@ TEST(SettingsFile, IsCreatedWithItsDefaultsOnTheDriveOfTheCommonApplicationData)
   laptop.files.commonAppData = L"E:\\Some\\Where";
   laptop.files.AddFolder(L"E:\\Some\\Where");
   laptop.Boot();
-  EXPECT_EQ(gSettingsPath.get(), L"E" + std::wstring(kPath).substr(1));
-  EXPECT_EQ(laptop.files.Text(gSettingsPath.get()),
+  EXPECT_EQ(gSettingsPath(), L"E" + std::wstring(kPath).substr(1));
+  EXPECT_EQ(laptop.files.Text(gSettingsPath()),
             L"[PowerStatus]\r\nTessaview=On\r\nBacklight=116\r\nBacklightDC=116\r\nPowerSaving=1\r\nMode=Cursor\r\n");
   EXPECT_TRUE(laptop.trace.Contains(L" Create ini file success \n"));
 }
@@ -56,14 +56,14 @@ TEST(SettingsFile, WithoutAPlaceForItReadsGiveDefaultsAndWritesAreLost) {
   Laptop laptop({.backlight = 200, .backlightDC = 50, .powerSaving = false, .saved = L"Off"});
   laptop.faults.Fail<&os::CommonAppDataFolder>();
   laptop.Boot();
-  EXPECT_EQ(gSettingsPath.get(), L"");
+  EXPECT_EQ(gSettingsPath(), L"");
   EXPECT_EQ(ReadSettingNumber(L"Backlight", 77), 77u);
   EXPECT_EQ(ReadSavedPower(), SavedPower::NoChoice);
-  EXPECT_EQ(gSettings.get().UserBacklightValueDC, 116u);
-  EXPECT_EQ(gSettings.get().PowerSaving, 1u);
+  EXPECT_EQ(gSettings().UserBacklightValueDC, 116u);
+  EXPECT_EQ(gSettings().PowerSaving, 1u);
 
   laptop.ui.Send(L"BLSET", {.percent = 50});
-  EXPECT_EQ(gSettings.get().UserBacklightValue, 127u) << "in memory the choice counts all the same";
+  EXPECT_EQ(gSettings().UserBacklightValue, 127u) << "in memory the choice counts all the same";
   EXPECT_EQ(laptop.settings.Text(L"Backlight"), L"200") << "a file that was not named is not touched";
   EXPECT_EQ(laptop.faults.Calls<&os::WriteProfileText>(), 0u)
       << "without a path the system would write a file of its own";
@@ -77,7 +77,7 @@ TEST(SettingsFile, AFileThatCannotBeMadeLeavesTheDefaultsInForce) {
     EXPECT_TRUE(laptop.Boot());
     EXPECT_FALSE(laptop.settings.Exists());
     EXPECT_EQ(laptop.trace.Contains(L" Create ini file fail \n"), oddPath);
-    EXPECT_EQ(gSettings.get().UserBacklightValueDC, 116u);
+    EXPECT_EQ(gSettings().UserBacklightValueDC, 116u);
   }
 }
 

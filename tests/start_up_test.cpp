@@ -6,8 +6,6 @@ namespace {
 
 using namespace support;
 
-constexpr std::uint64_t kRetailDemoTimer = 9527;
-
 TEST(StartUp, TakesItsStepsInOrder) {
   sim::Laptop laptop;
   EXPECT_TRUE(laptop.Boot());

@@ -135,13 +135,16 @@ class Throwing {
     const os::Point press{(found->area.left + found->area.right) / 2, found->area.top + 10};
     auto& mouse = laptop_.mouse;
     laptop_.desktop.SetForeground(window);
-    Pick(10) == 0 ? mouse.GrabBorderQuietly(window, press) : mouse.GrabQuietly(window, press);
-    for (auto legs = 1 + Pick(4); legs > 0; --legs) {
-      const auto far = Pick(3) == 0 ? 700 : 200;
-      mouse.GlideQuietly({press.x + Between(-far, far), press.y + Between(-40, far)});
+    {
+      const auto quietly = laptop_.Quietly();
+      Pick(10) == 0 ? mouse.GrabBorder(window, press) : mouse.Grab(window, press);
+      for (auto legs = 1 + Pick(4); legs > 0; --legs) {
+        const auto far = Pick(3) == 0 ? 700 : 200;
+        mouse.Glide({press.x + Between(-far, far), press.y + Between(-40, far)});
+      }
+      if (Pick(6) == 0) mouse.CancelDrag();
+      mouse.Drop();
     }
-    if (Pick(6) == 0) mouse.CancelDragQuietly();
-    mouse.DropQuietly();
     Pick(2) == 0 ? laptop_.Advance(Pick(600)) : static_cast<void>(laptop_.Settle());
   }
 

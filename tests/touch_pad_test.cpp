@@ -3,14 +3,11 @@
 #include "touch/touch_pad.h"
 
 #include "tests/support.h"
-#include "touch/touch_pad_state.h"
 
 namespace {
 
 using namespace support;
 using os::HidInterface;
-
-constexpr std::uint16_t kDesktopPage = 0x01, kDigitizerPage = 0x0D, kX = 0x30, kY = 0x31;
 
 TEST(TouchPadSearch, FindsThePadByItsUsageAndThenOpensTheCollectionThatTakesItsMode) {
   sim::Laptop laptop;

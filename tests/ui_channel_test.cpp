@@ -1,4 +1,4 @@
-#include "uilink/ui_channel.h"
+#include "uilink/channel/ui_channel.h"
 
 #include "os/threads.h"
 #include "tests/support.h"
@@ -9,49 +9,45 @@ using namespace tessaview;
 using namespace support;
 using sim::Ui;
 
-using Sender = std::uint32_t (*)(const UiMessage&);
-struct Named {
-  const char* name;
-  Sender send;
-  bool hasTimeout;
-};
-constexpr Named kSenders[] = {{"blocking", SendUiText, false}, {"with time-out", SendUiTextTimeout, true}};
+constexpr UiText kPatient{L"PATIENT", Guide::Misses, Wait::Patient, Keep::Always, ""};
+constexpr UiText kBrief{L"BRIEF", Guide::Misses, Wait::Briefly, Keep::Always, ""};
 
 TEST(UiChannel, TheWindowsThatAreOpenDecideWhoGetsAText) {
-  using Case = std::tuple<bool, bool, const wchar_t*, std::uint32_t, const wchar_t*, const wchar_t*>;
-  for (const auto& [main, guide, text, result, receiver, timeoutsReceiver] :
-       {Case{true, false, L"OPENMASK", 1, Ui::kMainClass, Ui::kMainClass},
-        {true, true, L"POWERON", 0, nullptr, nullptr},
-        {false, true, L"POWERON", 1, Ui::kGuideClass, Ui::kGuideClass},
-        {false, true, L"POWEROFF", 1, Ui::kGuideClass, Ui::kGuideClass},
-        {false, true, L"UACENTRY", 1, nullptr, Ui::kGuideClass},
-        {false, true, L"OPENMASK", 1, nullptr, nullptr},
-        {false, true, L"poweron", 1, nullptr, nullptr},
-        {false, false, L"POWERON", 0, nullptr, nullptr}}) {
-    for (const auto& sender : kSenders) {
-      SCOPED_TRACE(testing::Message() << text << ", main " << main << ", guide " << guide << ", " << sender.name);
-      Laptop laptop;
-      laptop.ui.OpenVideo();  // never a receiver
-      if (main) laptop.ui.Start();
-      if (guide) laptop.ui.OpenGuide();
-      EXPECT_EQ(sender.send({.text = text}), result);
-      const auto* expected = sender.hasTimeout ? timeoutsReceiver : receiver;
-      ASSERT_EQ(laptop.ui.ReceivedRecords().size(), expected == nullptr ? 0u : 1u);
-      if (expected != nullptr) EXPECT_EQ(laptop.ui.ReceivedRecords()[0].windowClass, expected);
-    }
+  struct Case {
+    bool main, guide;
+    UiText text;
+    std::uint32_t result;
+    const wchar_t* receiver;
+  };
+  for (const auto& c :
+       {Case{.main = true, .guide = false, .text = texts::kOpenMask, .result = 1, .receiver = Ui::kMainClass},
+        {.main = true, .guide = true, .text = texts::kPowerOn, .result = 0, .receiver = nullptr},
+        {.main = false, .guide = true, .text = texts::kPowerOn, .result = 1, .receiver = Ui::kGuideClass},
+        {.main = false, .guide = true, .text = texts::kPowerOff, .result = 1, .receiver = Ui::kGuideClass},
+        {.main = false, .guide = true, .text = texts::kUacEntry, .result = 1, .receiver = Ui::kGuideClass},
+        {.main = false, .guide = true, .text = texts::kOpenMask, .result = 1, .receiver = nullptr},
+        {.main = false, .guide = false, .text = texts::kPowerOn, .result = 0, .receiver = nullptr}}) {
+    SCOPED_TRACE(testing::Message() << c.text.name << ", main " << c.main << ", guide " << c.guide);
+    Laptop laptop;
+    laptop.ui.OpenVideo();  // never a receiver
+    if (c.main) laptop.ui.Start();
+    if (c.guide) laptop.ui.OpenGuide();
+    EXPECT_EQ(TellUi(c.text), c.result);
+    ASSERT_EQ(laptop.ui.ReceivedRecords().size(), c.receiver == nullptr ? 0u : 1u);
+    if (c.receiver != nullptr) EXPECT_EQ(laptop.ui.ReceivedRecords()[0].windowClass, c.receiver);
   }
 }
 
 TEST(UiChannel, EveryTextTravelsInAWholeRecordOfKind102) {
   Laptop laptop({.uiRunning = true});
-  for (const auto& text : {std::wstring(), std::wstring(259, L'\u00E4')}) {
-    for (const auto& sender : kSenders) {
+  for (const auto& rest : {std::wstring(), std::wstring(252, L'\u00E4')}) {
+    for (const auto& text : {kPatient, kBrief}) {
       laptop.ui.ForgetReceived();
-      EXPECT_EQ(sender.send({.text = text, .point = {-5, 6}}), 1u);
+      EXPECT_EQ(TellUi(text, {.text = rest, .point = {-5, 6}}), 1u);
       ASSERT_EQ(laptop.ui.ReceivedRecords().size(), 1u);
       EXPECT_EQ(laptop.ui.ReceivedRecords()[0].kind, 102u);
       EXPECT_EQ(laptop.ui.ReceivedRecords()[0].bytes.size(), 552u);
-      EXPECT_EQ(laptop.ui.ReceivedTexts().at(0).text, text);
+      EXPECT_EQ(laptop.ui.ReceivedTexts().at(0).text, text.name + rest);
       EXPECT_EQ(laptop.ui.ReceivedTexts().at(0).point, (os::Point{-5, 6}));
     }
   }
@@ -59,9 +55,9 @@ TEST(UiChannel, EveryTextTravelsInAWholeRecordOfKind102) {
 
 /// Sends from a thread of the controller's, as a blocked test could not arrange anything any more.
 struct SendingThread {
-  explicit SendingThread(Laptop& laptop, Sender send) {
-    os::StartThread(L"sender", [this, &laptop, send] {
-      result = send({.text = L"POWERON"});
+  SendingThread(Laptop& laptop, const UiText& text) {
+    os::StartThread(L"sender", [this, &laptop, text] {
+      result = TellUi(text);
       returnedAt = laptop.NowMs();
     });
   }
@@ -70,21 +66,21 @@ struct SendingThread {
 };
 
 TEST(UiChannel, ABusyUiIsWaitedForAsLongAsTheSenderMay) {
-  using Case = std::tuple<const Named&, std::uint32_t, std::uint32_t, bool>;
-  for (const auto& [sender, busyMs, returnsAfterMs, taken] : {Case{kSenders[0], 60, 60, true},
-                                                              {kSenders[0], 45'000, 45'000, true},
-                                                              {kSenders[1], 60, 60, true},
-                                                              Case{kSenders[1], 101, 100, false},
-                                                              {kSenders[1], 45'000, 100, false}}) {
-    SCOPED_TRACE(testing::Message() << sender.name << ", busy for " << busyMs << " ms");
+  using Case = std::tuple<UiText, std::uint32_t, std::uint32_t, bool>;
+  for (const auto& [text, busyMs, returnsAfterMs, taken] : {Case{kPatient, 60, 60, true},
+                                                            {kPatient, 45'000, 45'000, true},
+                                                            {kBrief, 60, 60, true},
+                                                            Case{kBrief, 101, 100, false},
+                                                            {kBrief, 45'000, 100, false}}) {
+    SCOPED_TRACE(testing::Message() << text.name << ", busy for " << busyMs << " ms");
     Laptop laptop({.uiRunning = true});
     const auto start = laptop.NowMs();
     laptop.ui.Busy(busyMs);
-    const SendingThread thread(laptop, sender.send);
+    const SendingThread thread(laptop, text);
     laptop.Settle();
     EXPECT_EQ(thread.returnedAt, start + returnsAfterMs);
     EXPECT_EQ(thread.result, 1u);
-    EXPECT_EQ(laptop.ui.Received(), taken ? Texts{L"POWERON"} : Texts{});
+    EXPECT_EQ(laptop.ui.Received(), taken ? Texts{text.name} : Texts{});
   }
 }
 

@@ -1,10 +1,10 @@
-#include "core/settings.h"
 #include "os/files.h"
 #include "os/messages.h"
 #include "os/processes.h"
 #include "os/registry.h"
+#include "power/settings.h"
 #include "tests/support.h"
-#include "uilink/ui_state.h"
+#include "uilink/channel/ui_session.h"
 
 namespace {
 
@@ -33,23 +33,23 @@ TEST(UiCommands, NothingButTheWholeTextIsACommand) {
   EXPECT_EQ(laptop.settings.Text(L"Backlight"), L"116");
   EXPECT_EQ(laptop.settings.Text(L"PowerSaving"), L"1");
   EXPECT_EQ(laptop.apps.Activations().size(), activations);
-  EXPECT_FALSE(isTessaviewAlive.get());
-  EXPECT_FALSE(gUIVersionReported.get());
-  EXPECT_FALSE(isActionMenuBlocked.get());
+  EXPECT_FALSE(isTessaviewAlive());
+  EXPECT_FALSE(gUIVersionReported());
+  EXPECT_FALSE(isActionMenuBlocked());
 }
 
 TEST(UiLife, FollowsWhatTheUiSays) {
   RunningLaptop laptop;
-  EXPECT_FALSE(isTessaviewAlive.get());
+  EXPECT_FALSE(isTessaviewAlive());
   for (const auto& [command, alive] :
        {std::pair(L"CLOSEQUICKGUIDE", true), {L"DIED", false}, {L"DIED", false}, {L"ALIVE", true}}) {
     SCOPED_TRACE(command);
     laptop.ui.Send(command);
-    EXPECT_EQ(isTessaviewAlive.get(), alive);
+    EXPECT_EQ(isTessaviewAlive(), alive);
     EXPECT_TRUE(laptop.ui.Received().empty());
   }
   laptop.ui.Send(L"BLOCKACTIONMENU");
-  EXPECT_TRUE(isActionMenuBlocked.get());
+  EXPECT_TRUE(isActionMenuBlocked());
 }
 
 constexpr auto kFactoryConfig = L"SOFTWARE\\NORV\\FactoryConfig";
@@ -59,7 +59,7 @@ TEST(UiLife, AliveIsNotedInTheFactoryConfigurationOnceSetupIsOver) {
   EXPECT_TRUE(laptop.apps.Activations().empty());
 
   laptop.ui.Send(L"ALIVE");
-  EXPECT_TRUE(isTessaviewAlive.get());
+  EXPECT_TRUE(isTessaviewAlive());
   EXPECT_FALSE(laptop.registry.Text(kFactoryConfig, L"OobeCompleted"));
   ASSERT_EQ(laptop.apps.Activations().size(), 1u) << "the UI is started all the same";
   EXPECT_EQ(laptop.apps.Activations()[0].appUserModelId,
@@ -149,7 +149,7 @@ TEST(Versions, AreExchanged) {
     laptop.files.AddProgram(laptop.files.ownProgram, own);
     laptop.ui.Send(text);
     EXPECT_EQ(laptop.ui.Received(), Texts{answer});
-    EXPECT_TRUE(gUIVersionReported.get());
+    EXPECT_TRUE(gUIVersionReported());
   }
   laptop.faults.Fail<&os::ReadFileVersion>();
   laptop.ui.Send(L"VERSION=1");

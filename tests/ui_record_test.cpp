@@ -1,11 +1,11 @@
-#include "uilink/ui_record.h"
+#include "uilink/channel/ui_record.h"
 
 #include <algorithm>
 
-#include "core/settings.h"
-#include "core/utf16.h"
+#include "core/text.h"
+#include "power/settings.h"
 #include "tests/support.h"
-#include "uilink/ui_commands.h"
+#include "uilink/commands/ui_commands.h"
 
 namespace {
 

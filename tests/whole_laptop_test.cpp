@@ -120,10 +120,10 @@ TEST(WholeLaptop, TheUiCrashesIsUpdatedAndComesBack) {
 
   // An update ends it, takes it away and puts a newer one in its place, which is there at once.
   laptop.processes.End(laptop.processes.IdOf(kUiProgram));
-  laptop.apps.SetInstalled(false);
+  laptop.After(0, [&laptop] { laptop.apps.RemoveUi(); });
   laptop.Advance(20 * kSecondMs);
   EXPECT_FALSE(laptop.ui.Running());
-  laptop.apps.SetInstalled(true);
+  laptop.After(0, [&laptop] { laptop.apps.InstallUi(); });
   laptop.Advance(5 * kSecondMs);
   EXPECT_TRUE(laptop.ui.Running());
   laptop.ui.Send(L"ALIVE");
@@ -171,8 +171,8 @@ TEST(WholeLaptop, EndedAtAnyMomentItStartsAgainWithTheUsersChoices) {
     SCOPED_TRACE(moment);
     sim::Laptop laptop({.seed = moment + 1, .interleaving = true, .backlight = 200, .saved = L"Off"});
     const auto window = laptop.desktop.OpenInForeground({});
-    laptop.After(100, [&laptop] { laptop.input.PressWinPQuietly(); });
-    laptop.After(700, [&laptop, window] { laptop.mouse.DragTitleBarQuietly(window, {500, 110}, {900, 1300}); });
+    laptop.After(100, [&laptop] { laptop.input.PressWinP(); });
+    laptop.After(700, [&laptop, window] { laptop.mouse.DragTitleBar(window, {500, 110}, {900, 1300}); });
     laptop.After(1500, [&laptop] { laptop.processes.End(laptop.processes.IdOf(kUiProgram)); });
     laptop.Boot(moment * 37);
     laptop.EndProcess();

@@ -1,4 +1,4 @@
-#include "windows/window_mover.h"
+#include "windows/mover/window_mover.h"
 
 #include "tests/drags.h"
 

@@ -10,9 +10,8 @@ struct TextOption {
   const wchar_t* word;
   std::wstring AppOptions::*text;
 };
-constexpr std::array kTexts{
-    TextOption{L"--title=", &AppOptions::title}, TextOption{L"--class=", &AppOptions::className},
-    TextOption{L"--dialog=", &AppOptions::dialog}, TextOption{L"--child=", &AppOptions::childClass}};
+constexpr std::array kTexts{TextOption{L"--title=", &AppOptions::title},
+                            TextOption{L"--class=", &AppOptions::className}};
 
 struct SwitchOption {
   const wchar_t* word;
@@ -21,8 +20,7 @@ struct SwitchOption {
 };
 constexpr std::array kSwitches{SwitchOption{L"--no-maximize-box", &AppOptions::maximizeBox, false},
                                SwitchOption{L"--bare", &AppOptions::bare, true},
-                               SwitchOption{L"--ignores-close", &AppOptions::ignoresClose, true},
-                               SwitchOption{L"--never-answers", &AppOptions::neverAnswers, true}};
+                               SwitchOption{L"--ignores-close", &AppOptions::ignoresClose, true}};
 
 constexpr wchar_t kArea[] = L"--area=%d,%d,%d,%d";
 

@@ -15,12 +15,9 @@ struct AppOptions {
   std::wstring title = L"Application";
   std::wstring className = L"TessaviewLabApp";
   os::Rect area = {200, 150, 900, 600};
-  std::wstring dialog = {};      // the title of a dialog that the window owns, and which is in front; empty for none
-  std::wstring childClass = {};  // the class of a child that fills the window; empty for none
   bool maximizeBox = true;
   bool bare = false;          // no title bar and no borders: with the B panel as its area it fills the screen
   bool ignoresClose = false;  // WM_CLOSE is taken and does nothing
-  bool neverAnswers = false;  // hangs as soon as its windows are there
 };
 
 /// The command line, without the program's name, that asks for these, and what it asks for; nothing when there is a
@@ -31,11 +28,7 @@ struct AppOptions {
 /// A property of a window of the application's while the user moves or sizes it.
 inline constexpr wchar_t kInMoveSize[] = L"TessaviewLabInMoveSize";
 
-/// Posted to a window of the application's, the message registered by this name makes it serve nothing any more, until
-/// the event of its process is set (auto-reset).
+/// Posted to a window of the application's, the message registered by this name makes it serve nothing any more.
 inline constexpr wchar_t kAppHang[] = L"TessaviewLabAppHang";
-[[nodiscard]] inline std::wstring AppWakeEvent(DWORD processId) {
-  return L"TessaviewLabAppWake" + std::to_wstring(processId);
-}
 
 }  // namespace lab

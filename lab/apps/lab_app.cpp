@@ -1,7 +1,7 @@
 // The stand-in application: a window with a title bar and a client area that says which program it is, to be moved,
 // closed and looked at by the controller.
-//   lab-app [--title=TEXT] [--class=NAME] [--area=LEFT,TOP,RIGHT,BOTTOM] [--dialog=TEXT] [--child=CLASS]
-//           [--no-maximize-box] [--bare] [--ignores-close] [--never-answers]
+//   lab-app [--title=TEXT] [--class=NAME] [--area=LEFT,TOP,RIGHT,BOTTOM] [--no-maximize-box] [--bare]
+//           [--ignores-close]
 //
 // Windows tells everybody when a window comes to the foreground, is taken by its title bar or moves, and a maximised
 // window that is taken there is restored. Wine does none of it: the application does so for its own windows instead.
@@ -42,12 +42,6 @@ void Paint(HWND window) {
   EndPaint(window, &paint);
 }
 
-void Hang() {
-  const HANDLE wake = CreateEventW(nullptr, FALSE, FALSE, lab::AppWakeEvent(GetCurrentProcessId()).c_str());
-  WaitForSingleObject(wake, INFINITE);
-  CloseHandle(wake);
-}
-
 /// What Windows would raise by itself.
 void RaiseEvent(HWND window, UINT message, WPARAM wParam) {
   const auto raise = [=](DWORD event) { NotifyWinEvent(event, window, OBJID_WINDOW, CHILDID_SELF); };
@@ -66,7 +60,7 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPar
   static const UINT hang = RegisterWindowMessageW(lab::kAppHang);
   RaiseEvent(window, message, wParam);
   RestoreInHand(window, message, wParam);
-  if (message == hang) Hang();
+  if (message == hang) Sleep(INFINITE);
   switch (message) {
     case WM_ENTERSIZEMOVE:
       SetPropW(window, lab::kInMoveSize, window);
@@ -77,7 +71,7 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     case WM_CLOSE:
       return options.ignoresClose ? 0 : DefWindowProcW(window, message, wParam, lParam);
     case WM_DESTROY:
-      if (GetWindow(window, GW_OWNER) == nullptr) PostQuitMessage(0);
+      PostQuitMessage(0);
       return 0;
     case WM_PAINT:
       Paint(window);
@@ -89,44 +83,23 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPar
   }
 }
 
-void RegisterWindowClass(const std::wstring& name, WNDPROC procedure) {
+HWND Open() {
   WNDCLASSW windowClass{};
   windowClass.style = CS_HREDRAW | CS_VREDRAW;
-  windowClass.lpfnWndProc = procedure;
+  windowClass.lpfnWndProc = OnMessage;
   windowClass.hInstance = GetModuleHandleW(nullptr);
   windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  windowClass.lpszClassName = name.c_str();
+  windowClass.lpszClassName = options.className.c_str();
   RegisterClassW(&windowClass);
-}
-
-HWND Create(const std::wstring& className, const std::wstring& title, DWORD style, const RECT& area, HWND above) {
-  return CreateWindowExW(0, className.c_str(), title.c_str(), style | WS_VISIBLE, area.left, area.top,
-                         area.right - area.left, area.bottom - area.top, above, nullptr, GetModuleHandleW(nullptr),
-                         nullptr);
-}
-
-/// The main window, and what belongs to it.
-HWND Open() {
-  RegisterWindowClass(options.className, OnMessage);
   const auto& [left, top, right, bottom] = options.area;
   const DWORD framed = WS_OVERLAPPEDWINDOW & ~(options.maximizeBox ? 0UL : DWORD{WS_MAXIMIZEBOX});
   const DWORD style = options.bare ? WS_POPUP : framed;
-  const HWND window = Create(options.className, options.title, style, {left, top, right, bottom}, nullptr);
+  const HWND window =
+      CreateWindowExW(0, options.className.c_str(), options.title.c_str(), style | WS_VISIBLE, left, top, right - left,
+                      bottom - top, nullptr, nullptr, windowClass.hInstance, nullptr);
   if (window == nullptr) return nullptr;
-  if (!options.childClass.empty()) {
-    RECT client{};
-    GetClientRect(window, &client);
-    RegisterWindowClass(options.childClass, DefWindowProcW);
-    Create(options.childClass, {}, WS_CHILD, client, window);
-  }
-  HWND front = window;
-  if (!options.dialog.empty()) {
-    constexpr LONG kInset = 60, kWidth = 400, kHeight = 200;
-    const RECT inset{left + kInset, top + kInset, left + kInset + kWidth, top + kInset + kHeight};
-    front = Create(options.className, options.dialog, WS_POPUP | WS_CAPTION | WS_SYSMENU, inset, window);
-  }
-  for (const HWND each : {window, front}) UpdateWindow(each);
-  SetForegroundWindow(front);
+  UpdateWindow(window);
+  SetForegroundWindow(window);
   return window;
 }
 
@@ -140,7 +113,6 @@ int wmain(int count, wchar_t** words) {
   }
   options = *asked;
   if (Open() == nullptr) return 1;
-  if (options.neverAnswers) Hang();
   MSG message{};
   while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
   return 0;

@@ -38,17 +38,14 @@ bool Serves(HWND window, UINT patienceMs) {
 }  // namespace
 
 AppWindow::AppWindow(const AppOptions& options)
-    : process_(ChildProcess::Start(LabFolder() + L"lab-app.exe", CommandLineOf(options))),
-      wake_(CreateEventW(nullptr, FALSE, FALSE, AppWakeEvent(process_.id()).c_str())) {
+    : process_(ChildProcess::Start(LabFolder() + L"lab-app.exe", CommandLineOf(options))) {
   const bool opened = process_ && Eventually([&] {
                         window_ = FindWindowOf(process_.id(), options.title);
-                        if (!options.dialog.empty()) dialog_ = FindWindowOf(process_.id(), options.dialog);
-                        const HWND front = options.dialog.empty() ? window_ : dialog_;
-                        return window_ != nullptr && front != nullptr && GetForegroundWindow() == front;
+                        return window_ != nullptr && GetForegroundWindow() == window_;
                       });
-  if (!opened) throw std::runtime_error("an application did not open its windows");
+  if (!opened) throw std::runtime_error("an application did not open its window");
   // What it painted is on the screen once it waits for messages.
-  if (!options.neverAnswers) (void)Serves(window_, kPatienceMs);
+  (void)Serves(window_, kPatienceMs);
 }
 
 os::Rect AppWindow::Area() const {
@@ -70,6 +67,10 @@ ShowState AppWindow::State() const {
   if (!IsWindowVisible(window_)) return ShowState::Hidden;
   if (IsIconic(window_)) return ShowState::Minimized;
   return IsZoomed(window_) ? ShowState::Maximized : ShowState::Normal;
+}
+
+bool AppWindow::Fills(lab::Panel panel) const {
+  return Eventually([&] { return State() == ShowState::Maximized && Panel() == panel; });
 }
 
 void AppWindow::Show(int command) const {
@@ -96,13 +97,8 @@ bool AppWindow::BringToFront() const {
 
 void AppWindow::Hang() const {
   constexpr UINT kNoticeableMs = 50;
-  ResetEvent(wake_);
   PostMessageW(window_, RegisterWindowMessageW(kAppHang), 0, 0);
   (void)Eventually([&] { return !Serves(window_, kNoticeableMs); });
-}
-
-void AppWindow::Wake() const {
-  SetEvent(wake_);
 }
 
 std::ostream& operator<<(std::ostream& out, Panel panel) {

@@ -18,15 +18,13 @@ enum class ShowState { Gone, Hidden, Minimized, Normal, Maximized };
 /// A running application with its window. It is ended by force, if it still runs, when this goes.
 class AppWindow {
  public:
-  /// Starts it and waits for its windows, which are in the foreground then. Throws when they do not come.
+  /// Starts it and waits for its window, which is in the foreground then. Throws when it does not come.
   explicit AppWindow(const std::wstring& title) : AppWindow(AppOptions{.title = title}) {}
   explicit AppWindow(const AppOptions& options);
   AppWindow(const AppWindow&) = delete;
   AppWindow& operator=(const AppWindow&) = delete;
-  ~AppWindow() { CloseHandle(wake_); }
 
   [[nodiscard]] HWND handle() const { return window_; }
-  [[nodiscard]] HWND dialog() const { return dialog_; }  // null when it was not asked for one
 
   /// The window as commands of the UI's name it.
   [[nodiscard]] std::uint64_t number() const { return reinterpret_cast<std::uintptr_t>(window_); }
@@ -39,6 +37,9 @@ class AppWindow {
 
   [[nodiscard]] ShowState State() const;
 
+  /// Waits until it is maximised on that panel; false when it is not in time.
+  [[nodiscard]] bool Fills(lab::Panel panel) const;
+
   /// Shows it otherwise (ShowWindow with SW_MAXIMIZE and so on), and waits until it has served that.
   void Show(int command) const;
 
@@ -49,19 +50,14 @@ class AppWindow {
   /// Makes it the window that the user works with; false when it does not become that.
   [[nodiscard]] bool BringToFront() const;
 
-  /// It serves nothing any more, as a hung program, until it is woken. Returns once it hangs.
+  /// It serves nothing any more, as a hung program. Returns once it hangs.
   void Hang() const;
-  void Wake() const;
 
-  [[nodiscard]] std::uint32_t processId() const { return process_.id(); }
-  [[nodiscard]] bool IsRunning() const { return process_.IsRunning(); }
   [[nodiscard]] bool WaitForEnd() const { return process_.WaitForExit().has_value(); }
-  void End() { process_.Kill(); }
 
  private:
   ChildProcess process_;
-  HWND window_ = nullptr, dialog_ = nullptr;
-  HANDLE wake_ = nullptr;
+  HWND window_ = nullptr;
 };
 
 std::ostream& operator<<(std::ostream& out, Panel panel);

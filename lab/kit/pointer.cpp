@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
 
 #include "kit/app_window.h"
@@ -86,15 +85,6 @@ bool Pointer::Grab(const AppWindow& window) {
 bool Pointer::Drop(const AppWindow& window) {
   Release();
   return Eventually([&] { return !window.IsBeingMoved(); });
-}
-
-bool Pointer::DragTitleBar(const AppWindow& window, os::Point to) {
-  const bool grabbed = Grab(window);
-  GlideTo(to);
-  // A user sees the window arrive before he lets go; one that cannot follow so far is let go all the same.
-  constexpr std::chrono::milliseconds kFollowing{1000};
-  (void)Eventually([&] { return window.TitleBar() == to; }, kFollowing);
-  return Drop(window) && grabbed;
 }
 
 }  // namespace lab

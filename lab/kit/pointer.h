@@ -26,9 +26,6 @@ class Pointer {
 
   /// Lets it go. False when the window does not know in time.
   static bool Drop(const AppWindow& window);
-
-  /// Grabs a window, moves the pointer to a point and drops the window there.
-  static bool DragTitleBar(const AppWindow& window, os::Point to);
 };
 
 }  // namespace lab

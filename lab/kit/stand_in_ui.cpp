@@ -35,10 +35,6 @@ void StandInUi::Wake() {
   SetEvent(WakeEvent());
 }
 
-bool StandInUi::Send(const std::wstring& command, std::uint64_t number, const wchar_t* windowClass) {
-  return Send(command, UiValues{.handle = number}, windowClass);
-}
-
 bool StandInUi::Send(const std::wstring& command, const UiValues& values, const wchar_t* windowClass) {
   return SendUiMessage(FindWindowW(windowClass, nullptr), kPleaseSend, MakeUiMessage(command.c_str(), values));
 }

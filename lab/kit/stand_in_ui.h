@@ -20,11 +20,8 @@ class StandInUi {
   static bool Hang();
   static void Wake();
 
-  /// Has it send the controller a command, the number in the record's handle field; true when the controller took it.
-  static bool Send(const std::wstring& command, std::uint64_t number = 0, const wchar_t* windowClass = kUiClass);
-
-  /// The same with a window, a point and a rectangle.
-  static bool Send(const std::wstring& command, const UiValues& values, const wchar_t* windowClass = kUiClass);
+  /// Has it send the controller a command; true when the controller took it.
+  static bool Send(const std::wstring& command, const UiValues& values = {}, const wchar_t* windowClass = kUiClass);
 
   /// The same, sent by a second process of the UI's program: "BLSET 50".
   static bool SendByCommandLine(const std::wstring& commandAndNumber);

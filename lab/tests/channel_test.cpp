@@ -2,7 +2,6 @@
 #include <future>
 
 #include "tests/lab_test.h"
-#include "ui/ui_message.h"
 
 namespace {
 
@@ -20,15 +19,14 @@ TEST_F(Channel, TheGuideAloneGetsThePowerTextsAndNothingBesideIt) {
   EXPECT_TRUE(laptop.uiTalk.WaitFor(L"guide received POWEROFF"));
   EXPECT_FALSE(laptop.uiTalk.Contains(L"guide received BLSET*"));
 
-  // Beside the guide the main window is told nothing, nor is the guide.
+  Happens(L"beside the guide comes the main window: it is told nothing, nor is the guide");
   ASSERT_TRUE(laptop.ui.Start());
-  const auto told = laptop.uiTalk.Mark();
   Controller::PressF6(1, kF6PanelOff);
   ASSERT_TRUE(SendCommand(L"BLGET"));
   ASSERT_TRUE(laptop.WaitForController());
-  ASSERT_TRUE(StandInUi::Send(L"THE END") && StandInUi::Send(L"THE END", 0, kUiGuideClass));
-  ASSERT_TRUE(laptop.uiTalk.WaitFor(L"sent THE END", told) && laptop.uiTalk.WaitFor(L"guide sent THE END", told));
-  EXPECT_FALSE(laptop.uiTalk.Contains(L"received *", told) || laptop.uiTalk.Contains(L"guide received *", told));
+  ASSERT_TRUE(StandInUi::Send(L"THE END") && StandInUi::Send(L"THE END", {}, kUiGuideClass));
+  ASSERT_TRUE(laptop.uiTalk.WaitFor(L"sent THE END") && laptop.uiTalk.WaitFor(L"guide sent THE END"));
+  for (const auto& line : UiTalk()) EXPECT_EQ(line.find(L"received"), std::wstring::npos);
 }
 
 TEST_F(Channel, AHungUiHoldsUpOnlyWhoMustHaveItsAnswer) {
@@ -37,20 +35,25 @@ TEST_F(Channel, AHungUiHoldsUpOnlyWhoMustHaveItsAnswer) {
   ASSERT_TRUE(SendCommand(L"VERSION=1.2.3.4")) << "its answer gives up";
   ASSERT_TRUE(laptop.WaitForController()) << "and what comes next is served";
 
-  auto told = laptop.uiTalk.Mark();
   auto asked = std::async(std::launch::async, [] { return SendCommand(L"BLGET"); });
-  EXPECT_TRUE(laptop.trace.WaitFor(L"Receivedata from UI = BLGET"));
+  EXPECT_TRUE(Traced(L"Receivedata from UI = BLGET"));
   StandInUi::Wake();
   EXPECT_TRUE(asked.get());
-  EXPECT_TRUE(UiIsTold(L"BLSET 45", told));
-  told = laptop.uiTalk.Mark();
+  EXPECT_TRUE(UiIsTold(L"BLSET 45"));
+  Happens(L"the UI answers again");
   ASSERT_TRUE(SendCommand(L"VERSION=1.2.3.4"));
-  EXPECT_TRUE(UiIsTold(L"VERSION=0.1.0.0", told));
+  EXPECT_TRUE(UiIsTold(L"VERSION=0.1.0.0"));
+}
+
+/// Any record at all.
+bool SendRecord(std::uint64_t kind, const std::vector<std::uint8_t>& record) {
+  COPYDATASTRUCT data{0, static_cast<DWORD>(record.size()), const_cast<std::uint8_t*>(record.data())};
+  return Deliver(Controller::Window(), WM_COPYDATA, static_cast<WPARAM>(kind), reinterpret_cast<LPARAM>(&data));
 }
 
 TEST_F(Channel, RecordsOfAWrongSizeAreDropped) {
   StartController();
-  const auto told = laptop.uiTalk.Mark();
+  Happens(L"records of all kinds come");
   std::vector<std::uint8_t> blGet;  // as far as the text goes, a command that would be answered
   for (const char letter : std::string("BLGET")) blGet.insert(blGet.end(), {static_cast<std::uint8_t>(letter), 0});
   for (const std::uint64_t kind : {0, 101, 102, 104, 105}) {
@@ -63,8 +66,8 @@ TEST_F(Channel, RecordsOfAWrongSizeAreDropped) {
   ASSERT_TRUE(SendCommand(std::wstring(259, L'x'))) << "the longest text";
   ASSERT_TRUE(SendRecord(102, std::vector<std::uint8_t>(552, 0xFF))) << "a text without an end";
   ASSERT_TRUE(SendCommand(L"BLGET"));
-  EXPECT_TRUE(UiIsTold(L"BLSET 45", told));
-  EXPECT_EQ(laptop.uiTalk.Since(told), std::vector<std::wstring>{L"received BLSET 45"}) << "the one answer";
+  EXPECT_TRUE(UiIsTold(L"BLSET 45"));
+  EXPECT_EQ(UiTalk(), std::vector<std::wstring>{L"received BLSET 45"}) << "the one answer";
 }
 
 TEST_F(Channel, TenThousandCommandsLeaveNothingBehind) {
@@ -75,9 +78,9 @@ TEST_F(Channel, TenThousandCommandsLeaveNothingBehind) {
   for (int round = 0; round < kRounds; round++) {
     if (round == kWarmUp) handles = laptop.controller.HandleCount();
     ASSERT_TRUE(SendCommand(L"BLGET"));
-    ASSERT_TRUE(SendCommand(L"BLSET", static_cast<std::uint64_t>(round % 101)));
+    ASSERT_TRUE(SendCommand(L"BLSET", {.handle = static_cast<std::uint64_t>(round % 101)}));
     ASSERT_TRUE(SendCommand(L"VERSION=1.2.3.4"));
-    ASSERT_TRUE(SendCommand(L"GETPROCESSNAME", reinterpret_cast<std::uintptr_t>(Controller::Window())));
+    ASSERT_TRUE(SendCommand(L"GETPROCESSNAME", {.handle = reinterpret_cast<std::uintptr_t>(Controller::Window())}));
     ASSERT_TRUE(SendCommand(L"NOTACOMMAND"));
   }
   ASSERT_GT(handles, 0u);

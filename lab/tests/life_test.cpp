@@ -1,4 +1,5 @@
-// How the controller comes and goes, and how it brings the UI up.
+// When the UI is launched beyond the day, and when it is not.
+#include "kit/system_events.h"
 #include "tests/lab_test.h"
 
 namespace {
@@ -6,22 +7,6 @@ namespace {
 using namespace lab;
 
 using Life = LabTest;
-
-TEST_F(Life, TheUiIsLaunchedOnceItsPackageIsThere) {
-  state.packageCheck = kPackageMissing;
-  ASSERT_TRUE(laptop.controller.Start());
-  ASSERT_TRUE(laptop.trace.WaitFor(L" No Found Package"));
-  const auto once = laptop.trace.Mark();
-  ASSERT_TRUE(laptop.trace.WaitFor(L" No Found Package", once)) << "it is asked for again";
-  state.packageCheck = ERROR_ACCESS_DENIED;
-  ASSERT_TRUE(laptop.trace.WaitFor(L" PackageCheck Fail , ExitCode = -2147024891")) << "as an HRESULT: it is no answer";
-  EXPECT_FALSE(laptop.uiTalk.Contains(L"activated *"));
-  state.packageCheck = kPackageInstalled;
-  ASSERT_TRUE(laptop.WaitForController());
-  EXPECT_TRUE(laptop.uiTalk.Contains(L"activated 7C31A0D4.TessaviewMaster_*"));
-  EXPECT_TRUE(StandInUi::IsThere());
-  EXPECT_TRUE(laptop.usage.WaitFor(L"UI_EXIST_WITH_CHECKING_TIMES_1"));
-}
 
 TEST_F(Life, AUiThatIsThereAlreadyIsNotLaunchedAgain) {
   for (const auto* window : {kUiClass, kUiGuideClass, kUiVideoClass}) {
@@ -33,32 +18,46 @@ TEST_F(Life, AUiThatIsThereAlreadyIsNotLaunchedAgain) {
   }
 }
 
-TEST_F(Life, ASecondInstanceLeavesAtOnceAndTouchesNothing) {
-  StartController();
-  const auto asked = laptop.requests.Mark(), told = laptop.uiTalk.Mark();
-  Controller second;
-  ASSERT_TRUE(second.Start());
-  EXPECT_EQ(second.WaitForExit(), 0u);
-  EXPECT_TRUE(laptop.controller.IsRunning());
-  ASSERT_TRUE(SendCommand(L"BLGET")) << "the first one serves on";
-  EXPECT_TRUE(UiIsTold(L"BLSET 45", told));
-  ASSERT_TRUE(laptop.WaitForController());
-  for (const auto& request : laptop.requests.Since(asked)) EXPECT_EQ(request.rfind(L"DSTS", 0), 0u);
+TEST_F(Life, TheUiIsLaunchedWhenSetupEndsLate) {
+  state.setupOver = 0;
+  ASSERT_TRUE(laptop.controller.Start() && laptop.WaitForController());
+  EXPECT_TRUE(laptop.trace.Contains(L"isOOBEComplete = 0"));
+  EXPECT_FALSE(laptop.uiTalk.Contains(L"activated *"));
+  state.setupOver = 1;
+  Happen(SystemEvent::SetupFinished);
+  EXPECT_TRUE(Used(L"UI_EXIST_WITH_CHECKING_TIMES_1"));
+  EXPECT_TRUE(StandInUi::IsThere());
 }
 
-TEST_F(Life, EndsWhenItsMenuSaysSo) {
-  StartController();
-  Controller::Exit();
-  EXPECT_EQ(laptop.controller.WaitForExit(), 0u);
-  EXPECT_EQ(Controller::Window(), nullptr);
-  EXPECT_TRUE(StandInUi::IsThere()) << "the UI is its own program";
+class Watchdog : public LabTest {
+ protected:
+  /// The UI's process ends, after the UI has told the controller that it runs, and this.
+  void KillUiAfter(const std::wstring& command) {
+    StartController();
+    ASSERT_TRUE(Patched(L"process stops are watched") && Traced(L"[wWinMain] wmiEndProcess END"));
+    ASSERT_TRUE(StandInUi::Send(L"ALIVE"));
+    ASSERT_TRUE(Traced(L"AppActivationMgr->ActivateApplication Sucessed")) << "the UI is there already";
+    ASSERT_TRUE(StandInUi::Send(command));
+    Happens(L"the UI is killed");
+    laptop.KillUi();
+    ASSERT_TRUE(Traced(L" ******* NorvTessaview.exe process be killed *******"));
+  }
+
+  [[nodiscard]] bool IsLaunchedAgain() const { return !UiTalk().empty(); }
+};
+
+TEST_F(Watchdog, AUiThatSaidItIsGoneIsLeftAlone) {
+  KillUiAfter(L"DIED");
+  EXPECT_TRUE(Traced(L"******* Launch NorvTessaview.exe again , RetryCount = 3 *******"));
+  EXPECT_FALSE(IsLaunchedAgain());
 }
 
-TEST_F(Life, TheEndOfTheSessionLeavesAPlainTouchPad) {
-  StartController();
-  const auto reported = laptop.reports.Mark();
-  ASSERT_TRUE(Deliver(Controller::Window(), WM_QUERYENDSESSION, 0, static_cast<LPARAM>(ENDSESSION_LOGOFF)));
-  EXPECT_TRUE(laptop.reports.WaitFor(kCursorReport, reported));
+TEST_F(Watchdog, WithoutItsPackageThereIsNothingToLaunch) {
+  state.packageCheck = kPackageMissing;
+  KillUiAfter(L"BLGET");
+  EXPECT_TRUE(Used(L"NOT_EXIST_UWP"));
+  EXPECT_FALSE(IsLaunchedAgain());
+  EXPECT_FALSE(laptop.trace.Contains(L"******* Launch NorvTessaview.exe again*"));
 }
 
 }  // namespace

@@ -35,10 +35,6 @@ inline UiMessage MakeUiMessage(const wchar_t* text, const UiValues& values) {
   return message;
 }
 
-inline UiMessage MakeUiMessage(const wchar_t* text, std::uint64_t handle, std::int32_t x = 0, std::int32_t y = 0) {
-  return MakeUiMessage(text, UiValues{.handle = handle, .point = {x, y}});
-}
-
 /// Kinds of WM_COPYDATA, its wParam.
 inline constexpr WPARAM kRawTouchKind = 101;   // controller to UI: one HID report
 inline constexpr WPARAM kUiMessageKind = 102;  // both ways: a UiMessage

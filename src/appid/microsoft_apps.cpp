@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "appid/app_identity.h"
-#include "core/letter_case.h"
+#include "core/text.h"
 #include "core/trace_log.h"
 #include "os/clock.h"
 #include "os/desktop.h"

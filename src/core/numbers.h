@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <limits>
+
+#include "os/types.h"
 
 namespace tessaview {
 
@@ -13,6 +16,22 @@ constexpr std::int32_t TruncateToInt32(double value) {
   if (value <= kLowest) return kLowest;
   if (value >= kHighest) return kHighest;
   return static_cast<std::int32_t>(value);
+}
+
+/// Writes an unsigned number to bytes, little-endian.
+template <class Unsigned>
+constexpr void PutLittleEndian(std::uint8_t* bytes, Unsigned value) {
+  for (std::size_t i = 0; i < sizeof value; ++i) bytes[i] = static_cast<std::uint8_t>(value >> 8 * i & 0xFF);
+}
+
+/// Reads an unsigned number that begins at `offset`, little-endian. The bytes must be there.
+template <class Unsigned>
+constexpr Unsigned GetLittleEndian(os::BytesView bytes, std::size_t offset) {
+  Unsigned value = 0;
+  for (std::size_t i = 0; i < sizeof value; ++i) {
+    value = static_cast<Unsigned>(value | static_cast<Unsigned>(bytes[offset + i]) << 8 * i);
+  }
+  return value;
 }
 
 }  // namespace tessaview

@@ -1,6 +1,6 @@
 #include "core/trace_events.h"
 
-#include "core/utf16.h"
+#include "core/text.h"
 
 namespace tessaview {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "core/process_wide.h"
+#include "core/state.h"
 #include "core/trace_events.h"
 #include "os/trace.h"
 
@@ -16,36 +16,35 @@ constexpr std::uint8_t kTraceLoggingChannel = 11;
 constexpr std::uint8_t kEveryLevel = 255;
 constexpr std::uint8_t kNotRegisteredYet = 255;  // above every level, so that the first text finds its way here
 
-ProcessWide<os::TraceProvider> gProvider;
-ProcessWide<bool> gRegistrationAttempted;
-
-void OnTraceEnabled(bool enabled, std::uint8_t level) {
-  // A session that names no level (0) wants every event.
-  const std::uint8_t wanted = level == 0 ? kEveryLevel : level;
-  gTraceLevel.set(enabled ? wanted : 0);
-}
-
-/// Registers the provider, once, whether that succeeds or not. A session that listens already is told of during the
-/// registration itself.
-void RegisterOnce() {
-  if (gRegistrationAttempted.exchange(true)) return;
-  gTraceLevel.set(0);
-  const auto provider = os::RegisterTraceProvider(kProviderId, OnTraceEnabled);
-  if (!provider) return;
-  gProvider.set(*provider);
-  (void)os::SetTraceProviderTraits(*provider, ProviderTraits());
-}
+Shared<os::TraceProvider> gProvider;
+Shared<bool> gRegistrationAttempted;
 
 std::uint32_t WriteTextEvent(const os::Bytes& eventMetadata, std::wstring_view text) {
-  RegisterOnce();
-  if (!MayBeTraced()) return 0;
+  TraceLevel::RegisterProviderOnce();
+  if (!TraceLevel::IsVerbose()) return 0;
   const os::TraceEventDescriptor descriptor{.channel = kTraceLoggingChannel, .level = kTraceVerbose};
   return os::WriteTraceEvent(gProvider.get(), descriptor, ProviderTraits(), eventMetadata, EventText(text));
 }
 
 }  // namespace
 
-ProcessWide<std::uint8_t> gTraceLevel{kNotRegisteredYet};
+Shared<std::uint8_t> TraceLevel::level_{kNotRegisteredYet};
+
+void TraceLevel::OnTraceEnabled(bool enabled, std::uint8_t level) {
+  // A session that names no level (0) wants every event.
+  const std::uint8_t wanted = level == 0 ? kEveryLevel : level;
+  level_.set(enabled ? wanted : 0);
+}
+
+void TraceLevel::RegisterProviderOnce() {
+  if (gRegistrationAttempted.exchange(true)) return;
+  level_.set(0);
+  // A session that listens already is told of during the registration itself.
+  const auto provider = os::RegisterTraceProvider(kProviderId, OnTraceEnabled);
+  if (!provider) return;
+  gProvider.set(*provider);
+  (void)os::SetTraceProviderTraits(*provider, ProviderTraits());
+}
 
 std::uint32_t WriteTraceLog(const wchar_t* text) {
   static const os::Bytes metadata = TextEventMetadata("TessaviewService", "String (wide char)");

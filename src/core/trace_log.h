@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "core/log_format.h"
-#include "core/process_wide.h"
+#include "core/state.h"
 
 namespace tessaview {
 
@@ -16,20 +16,27 @@ std::uint32_t WriteTraceLog(const wchar_t* text);
 /// provider, with `name` as its only field. Nothing is stored and nothing leaves the machine. Any thread.
 void RecordUsage(std::wstring_view name);
 
-/// The highest level a trace session asked for. Above every real level until the provider is registered, so that the
-/// first statement takes the slow path and registers it, and all later ones cost one load.
-extern ProcessWide<std::uint8_t> gTraceLevel;
 inline constexpr std::uint8_t kTraceVerbose = 5;
 
-[[nodiscard]] inline bool MayBeTraced() {
-  return gTraceLevel.get() >= kTraceVerbose;
-}
+/// The highest level a trace session asked for. Above every real level until the provider is registered, so that the
+/// first statement takes the slow path and registers it, and all later ones cost one load.
+class TraceLevel {
+ public:
+  [[nodiscard]] static bool IsVerbose() { return level_.get() >= kTraceVerbose; }
+
+  /// Registers the provider, once, whether that succeeds or not.
+  static void RegisterProviderOnce();
+
+ private:
+  static void OnTraceEnabled(bool enabled, std::uint8_t level);
+  static Shared<std::uint8_t> level_;
+};
 
 /// Formats a text and writes it to the trace log, if anybody listens. The template is checked against its arguments
 /// when the code is compiled. At most 1023 characters, longer texts are cut. Any thread.
 template <class... Args>
 void Log(LogFormat<std::type_identity_t<Args>...> format, const Args&... args) {
-  if (!MayBeTraced()) return;
+  if (!TraceLevel::IsVerbose()) return;
   wchar_t text[kLogTextSize];
   FormatLogText(text, format, args...);
   WriteTraceLog(text);

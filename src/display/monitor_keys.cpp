@@ -4,7 +4,8 @@
 #include <cwchar>
 #include <span>
 
-#include "core/letter_case.h"
+#include "core/numbers.h"
+#include "core/text.h"
 
 namespace tessaview {
 namespace {
@@ -33,8 +34,7 @@ std::wstring SerialText(os::BytesView edid) {
     const auto descriptor = edid.subspan(offset, kDescriptorSize);
     if (descriptor[kDescriptorTag] == kSerialTag) return DescriptorText(descriptor);
   }
-  const auto number = edid.subspan(kSerialNumber, 4);
-  return std::to_wstring(number[0] | number[1] << 8 | number[2] << 16 | static_cast<std::uint32_t>(number[3]) << 24);
+  return std::to_wstring(GetLittleEndian<std::uint32_t>(edid, kSerialNumber));
 }
 
 /// The second part of a device instance id, "TSB8888" of "DISPLAY\TSB8888\…".

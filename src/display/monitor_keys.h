@@ -8,6 +8,14 @@
 
 namespace tessaview {
 
+/// A monitor's name in the display-configuration database, or its beginning: manufacturer and product.
+struct MonitorKey {
+  const wchar_t* text;
+};
+
+/// The C panel's.
+inline constexpr MonitorKey kCPanelModel{L"TSB8888"};
+
 /// What a monitor's EDID says of the single piece. All zero or empty when the EDID cannot be read.
 struct EdidIdentity {
   std::wstring serial;  // of the serial descriptor, at most 12 characters, or the 32-bit number in decimal

@@ -1,7 +1,5 @@
 #include "display/monitor_list.h"
 
-#include "core/letter_case.h"
-#include "display/output_technology.h"
 #include "os/registry.h"
 
 namespace tessaview {
@@ -13,35 +11,9 @@ os::Bytes ReadEdid(const std::wstring& instanceId) {
 }
 
 ListedMonitor Describe(os::MonitorDevice device) {
-  ListedMonitor monitor;
-  monitor.edid = ReadEdidIdentity(ReadEdid(device.instanceId));
-  monitor.shortKey = ShortMonitorKey(device.instanceId, monitor.edid);
-  monitor.longKey = LongMonitorKey(device, monitor.edid);
-  monitor.device = std::move(device);
-  return monitor;
-}
-
-ListedMonitor* WithDevicePath(std::vector<ListedMonitor>& monitors, const std::wstring& devicePath) {
-  const auto wanted = UpperCased(devicePath);
-  for (auto& monitor : monitors) {
-    if (UpperCased(monitor.device.devicePath) == wanted) return &monitor;
-  }
-  return nullptr;
-}
-
-void AddActivePaths(std::vector<ListedMonitor>& monitors) {
-  const auto all = os::QueryDisplayConfiguration(os::DisplayQuery::AllPaths, os::DisplayQuery::AllPaths);
-  if (!all) return;
-  for (const auto& path : all->paths) {
-    if (path.flags != os::kPathActive || !path.target.available) continue;
-    const auto target = os::QueryTargetName(path);
-    auto* const monitor = WithDevicePath(monitors, target.monitorDevicePath);
-    if (monitor == nullptr) continue;
-    monitor->gdiSourceName = os::SourceGdiName(path);
-    monitor->friendlyName = target.friendlyName;
-    monitor->outputTechnology = OutputTechnologyName(path.target.outputTechnology);
-    monitor->rotation = path.target.rotation;
-  }
+  const auto edid = ReadEdidIdentity(ReadEdid(device.instanceId));
+  auto shortKey = ShortMonitorKey(device.instanceId, edid), longKey = LongMonitorKey(device, edid);
+  return {std::move(device), std::move(shortKey), std::move(longKey)};
 }
 
 }  // namespace
@@ -49,7 +21,6 @@ void AddActivePaths(std::vector<ListedMonitor>& monitors) {
 std::vector<ListedMonitor> ListConnectedMonitors() {
   std::vector<ListedMonitor> monitors;
   for (auto& device : os::MonitorDevices()) monitors.push_back(Describe(std::move(device)));
-  AddActivePaths(monitors);
   return monitors;
 }
 

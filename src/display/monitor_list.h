@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -9,17 +8,10 @@
 
 namespace tessaview {
 
-/// One present monitor device, and the active display path it belongs to.
+/// One present monitor device, and its names in the display-configuration database.
 struct ListedMonitor {
   os::MonitorDevice device;
-  EdidIdentity edid;
-  std::wstring shortKey, longKey;  // its names in the display-configuration database
-
-  // Of the matching active path; empty and zero when the monitor is not part of the desktop.
-  std::wstring gdiSourceName;
-  std::wstring friendlyName;
-  const wchar_t* outputTechnology = L"";
-  std::uint32_t rotation = 0;  // DISPLAYCONFIG_ROTATION
+  std::wstring shortKey, longKey;
 };
 
 /// The monitors connected now, in the system's order. Read afresh at every call. Any thread; milliseconds.

@@ -13,49 +13,34 @@ namespace {
 constexpr int kMostRefreshes = 30;
 constexpr std::uint32_t kRefreshPauseMs = 100;
 
-/// Held for a whole search and the update of the rectangles; guards nothing else.
+/// Held for a whole search, so that one that began later also ends later.
 os::Lock gDisplayLock;
 
-void PublishBPanel(const PanelInfo& found) {
-  const auto panel = found.SettingsView();
+void LogBPanel(const PanelRect& panel) {
   Log(L"[InitialDisplay] BPanel X: %d, Y: %d, Wdith: %d, Height: %d \n", panel.X, panel.Y, panel.Width, panel.Height);
-  gBPanel.set(panel);
   Log(L"[InitialDisplay] Global gBPanel X: %d, Y: %d, Wdith: %d, Height: %d \n", panel.X, panel.Y, panel.Width,
       panel.Height);
 }
 
-void PublishCPanel(const PanelInfo& found) {
-  const auto panel = found.SettingsView();
+void LogCPanel(const PanelRect& panel) {
   Log(L"[InitialDisplay] CPanel X: %d, Y: %d, Wdith: %d, Height: %d \n", panel.X, panel.Y, panel.Width, panel.Height);
-  gCPanel.set(panel);
   Log(L"[InitialDisplay] Global gCPanel X: %d, Y: %d, Wdith: %d, Height: %d \n", panel.X, panel.Y, panel.Width,
       panel.Height);
 }
 
 }  // namespace
 
-ProcessWide<PanelRect> gBPanel;
-ProcessWide<PanelRect> gCPanel;
-
 void InitialDisplay() {
   const std::lock_guard hold(gDisplayLock);
   EnumDisplayDevice();
-  const auto info = gPanelDisplayInfo.get();
-  if (info.cPanel.isFound) {
-    PublishCPanel(info.cPanel);
-  } else {
-    gCPanel.set({});
-  }
-  if (info.bPanel.isFound) {
-    PublishBPanel(info.bPanel);
-  } else {
-    gBPanel.set({});
-  }
+  const auto panels = gPanelDisplayInfo();
+  if (panels.cPanel.isFound) LogCPanel(panels.cPanel.SettingsView());
+  if (panels.bPanel.isFound) LogBPanel(panels.bPanel.SettingsView());
 }
 
 void InitialDisplayUntilCPanelShows() {
   InitialDisplay();
-  for (int refreshes = 0; refreshes < kMostRefreshes && !gCPanel.get().HasArea(); ++refreshes) {
+  for (int refreshes = 0; refreshes < kMostRefreshes && !gCPanel().HasArea(); ++refreshes) {
     os::Sleep(kRefreshPauseMs);
     InitialDisplay();
   }

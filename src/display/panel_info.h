@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <string>
 
-#include "core/process_wide.h"
 #include "os/types.h"
 
 namespace tessaview {
@@ -41,7 +40,5 @@ struct PanelInfo {
 struct PanelDisplayInfo {
   PanelInfo bPanel, cPanel;
 };
-
-extern ProcessWide<PanelDisplayInfo> gPanelDisplayInfo;
 
 }  // namespace tessaview

@@ -61,7 +61,7 @@ void TellOutcome(std::uint64_t elapsedMs) {
 void MoveCPanelMonitorOnePixel() {
   const Stopwatch time;
   if (!HasCPanel(WaitForCPanel(time))) return Log(L"[MoveCPanelMonitorOnePixel] isCPanelFound Time Out");
-  const auto panels = gPanelDisplayInfo.get();
+  const auto panels = gPanelDisplayInfo();
   if (!panels.bPanel.isFound) return Log(L"[MoveCPanelMonitorOnePixel] GetBPanelParameter FALSE");
   if (!panels.cPanel.isFound) return Log(L"[MoveCPanelMonitorOnePixel] GetCPanelParameter FALSE");
 

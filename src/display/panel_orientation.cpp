@@ -1,12 +1,12 @@
 #include "display/panel_orientation.h"
 
 #include "core/trace_log.h"
-#include "display/panel_info.h"
+#include "display/panel_search.h"
 
 namespace tessaview {
 
 bool IsCPanelLandscape() {
-  const auto panel = gPanelDisplayInfo.get().cPanel;
+  const auto panel = gPanelDisplayInfo().cPanel;
   switch (panel.isFound ? panel.displayOrientation : 0) {
     case 0:
       Log(L"CPanelDisplayOrientation = Portrait \n");

@@ -1,9 +1,11 @@
 #include "display/panel_placement.h"
 
+#include "core/state.h"
 #include "core/trace_log.h"
 #include "display/monitor_change.h"
-#include "display/panel_info.h"
+#include "display/monitor_keys.h"
 #include "display/panel_orientation.h"
+#include "display/panel_search.h"
 #include "display/path_rotation.h"
 #include "os/displays.h"
 
@@ -15,7 +17,7 @@ struct Geometry {
   friend bool operator==(const Geometry&, const Geometry&) = default;
 };
 
-ProcessWide<Geometry> gLastChecked;
+MainThreadOnly<Geometry> gLastChecked;
 
 std::int32_t CentredBelow(const PanelRect& b, const PanelRect& c) {
   return b.X + (b.Width - c.Width) / 2;
@@ -45,7 +47,7 @@ void CheckCPanel_Position_Orientation() {
   bool isWrongOrientation = !IsCPanelLandscape();
   bool isWrongPosition = false;
   bool isSpecialCase = false;  // the panel can be turned on its display path only
-  const auto panels = gPanelDisplayInfo.get();
+  const auto panels = gPanelDisplayInfo();
 
   Geometry at;
   if (panels.bPanel.isFound) {
@@ -66,10 +68,10 @@ void CheckCPanel_Position_Orientation() {
     isSpecialCase = isSpecialCase || isWrongOrientation;
   }
 
-  if (at == gLastChecked.get() && !isWrongOrientation) {
+  if (at == *gLastChecked && !isWrongOrientation) {
     return Log(L"[CheckCPanel_Position_Orientation] Prevent DispalyChange Dead Lock \n");
   }
-  gLastChecked.set(at);
+  *gLastChecked = at;
   if (!isWrongPosition && !isWrongOrientation) return;
 
   Log(L"[CheckCPanel_Position_Orientation] isWrongPosition = %d, isWrongOrientation = %d \n", isWrongPosition,

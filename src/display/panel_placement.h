@@ -2,9 +2,6 @@
 
 namespace tessaview {
 
-/// The C panel's part of its monitor key: manufacturer and product.
-inline constexpr const wchar_t* kCPanelModel = L"TSB8888";
-
 /// Puts the C panel back below the B panel, centred, and the right way up, in one change, if it is not so. A change
 /// causes a further display change, so a geometry that was looked at before is left alone unless the panel is turned
 /// wrongly. Works on what the last panel search found. Main thread; can take seconds when it repairs.

@@ -3,15 +3,15 @@
 #include <utility>
 
 #include "core/trace_log.h"
-#include "display/panel_info.h"
 #include "display/panel_orientation.h"
+#include "display/panel_search.h"
 #include "os/displays.h"
 
 namespace tessaview {
 
 void SetCPanelResolution(std::int32_t width, std::int32_t height) {
   Log(L"Set Resolution = %d * %d \n", width, height);
-  const auto panel = gPanelDisplayInfo.get().cPanel;
+  const auto panel = gPanelDisplayInfo().cPanel;
   if (!panel.isFound) return;
   auto mode = os::CurrentDisplaySettings(panel.gdiDeviceName);
   if (!mode) return;

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/letter_case.h"
 #include "core/numbers.h"
+#include "core/state.h"
+#include "core/text.h"
 #include "core/trace_log.h"
 #include "display/factory_ids.h"
 #include "os/displays.h"
@@ -155,9 +156,39 @@ PanelsFound Found(const PanelDisplayInfo& info) {
   return info.cPanel.isFound ? PanelsFound::OnlyC : PanelsFound::None;
 }
 
+std::optional<PanelRect> PlaceOf(const PanelInfo& panel) {
+  return panel.isFound ? std::optional(panel.SettingsView()) : std::nullopt;
+}
+
+Shared<PanelDisplayInfo> gPanels;
+
 }  // namespace
 
-ProcessWide<PanelDisplayInfo> gPanelDisplayInfo;
+PanelDisplayInfo gPanelDisplayInfo() {
+  return gPanels.get();
+}
+
+PanelRect gBPanel() {
+  return FoundBPanel().value_or(PanelRect{});
+}
+
+PanelRect gCPanel() {
+  return FoundCPanel().value_or(PanelRect{});
+}
+
+std::optional<PanelRect> FoundBPanel() {
+  return gPanels.ask([](const PanelDisplayInfo& panels) { return PlaceOf(panels.bPanel); });
+}
+
+std::optional<PanelRect> FoundCPanel() {
+  return gPanels.ask([](const PanelDisplayInfo& panels) { return PlaceOf(panels.cPanel); });
+}
+
+void ReadFactoryIds() {
+  PanelDisplayInfo info;
+  GetRegDevicePath(info);
+  gPanels.set(info);
+}
 
 PanelsFound EnumDisplayDevice() {
   Log(L"EnumDisplayDevice Start");
@@ -170,7 +201,7 @@ PanelsFound EnumDisplayDevice() {
   } else {
     Log(L"InitGetInfoFromReg failed, return DeviceNotFound.");
   }
-  gPanelDisplayInfo.set(info);
+  gPanels.set(info);
   return Found(info);
 }
 

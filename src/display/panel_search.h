@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "display/panel_info.h"
 
 namespace tessaview {
@@ -11,5 +13,20 @@ enum class PanelsFound { None = 0, Both = 1, OnlyB = 2, OnlyC = 3 };
 /// told apart by the factory's hardware ids alone: not by connector, size or order. Takes no lock. Any thread;
 /// milliseconds.
 PanelsFound EnumDisplayDevice();
+
+/// Publishes what the factory says of the panels, before any search. Any thread; microseconds.
+void ReadFactoryIds();
+
+/// What the last search found, whole. Any thread.
+[[nodiscard]] PanelDisplayInfo gPanelDisplayInfo();
+
+/// The panels' places on the desktop, as the last search saw them; all zero for an absent panel. Any thread; less than
+/// a microsecond.
+[[nodiscard]] PanelRect gBPanel();
+[[nodiscard]] PanelRect gCPanel();
+
+/// The same for panels that were found, whatever their size; nothing for those that were not.
+[[nodiscard]] std::optional<PanelRect> FoundBPanel();
+[[nodiscard]] std::optional<PanelRect> FoundCPanel();
 
 }  // namespace tessaview

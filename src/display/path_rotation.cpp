@@ -1,6 +1,6 @@
 #include "display/path_rotation.h"
 
-#include "core/letter_case.h"
+#include "core/text.h"
 #include "os/displays.h"
 
 namespace tessaview {
@@ -20,27 +20,27 @@ bool IsUsable(const os::DisplayPath& path) {
 }
 
 /// True when the key is a whole part of the path's monitor device path, "\\?\DISPLAY#key#…". An empty key never is.
-bool CarriesKey(const os::DisplayPath& path, const std::wstring& monitorKey) {
-  if (monitorKey.empty() || !IsUsable(path)) return false;
+bool CarriesKey(const os::DisplayPath& path, MonitorKey key) {
+  if (*key.text == 0 || !IsUsable(path)) return false;
   const auto devicePath = UpperCased(os::QueryTargetName(path).monitorDevicePath);
-  return devicePath.find(UpperCased(L"#" + monitorKey + L"#")) != std::wstring::npos;
+  return devicePath.find(UpperCased(std::wstring(L"#") + key.text + L"#")) != std::wstring::npos;
 }
 
 }  // namespace
 
-std::uint32_t GetMonitorRotation(const std::wstring& monitorKey) {
+std::uint32_t GetMonitorRotation(MonitorKey key) {
   std::uint32_t rotation = 0;
   for (const auto& path : ActivePaths().paths) {
-    if (CarriesKey(path, monitorKey)) rotation = path.target.rotation;
+    if (CarriesKey(path, key)) rotation = path.target.rotation;
   }
   return rotation;
 }
 
-std::int32_t SetMonitorEx(const std::wstring& monitorKey) {
+std::int32_t SetMonitorEx(MonitorKey key) {
   auto configuration = ActivePaths();
   std::int32_t result = kNothingChanged;
   for (auto& path : configuration.paths) {
-    if (!CarriesKey(path, monitorKey)) continue;
+    if (!CarriesKey(path, key)) continue;
     path.target.rotation = os::kRotation270;
     result = os::ChangeDisplayConfiguration(configuration.paths, configuration.modes, kApplyAndKeep);
   }

@@ -1,16 +1,17 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
+
+#include "display/monitor_keys.h"
 
 namespace tessaview {
 
 /// The rotation (DISPLAYCONFIG_ROTATION, 1 to 4) of the last active path whose monitor device path carries
-/// `monitorKey` as one of its parts; 0 when none does. Any thread; milliseconds.
-[[nodiscard]] std::uint32_t GetMonitorRotation(const std::wstring& monitorKey);
+/// `key` as one of its parts; 0 when none does. Any thread; milliseconds.
+[[nodiscard]] std::uint32_t GetMonitorRotation(MonitorKey key);
 
-/// Turns every active path that carries `monitorKey` to 270 degrees, one configuration change for each. Returns the
+/// Turns every active path that carries `key` to 270 degrees, one configuration change for each. Returns the
 /// result of the last change (0 = success), or -1 when no path carries the key. Any thread; can take seconds.
-std::int32_t SetMonitorEx(const std::wstring& monitorKey);
+std::int32_t SetMonitorEx(MonitorKey key);
 
 }  // namespace tessaview

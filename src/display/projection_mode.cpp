@@ -1,5 +1,6 @@
 #include "display/projection_mode.h"
 
+#include "core/state.h"
 #include "core/trace_log.h"
 
 namespace tessaview {
@@ -20,27 +21,32 @@ void LogMode(os::Topology topology) {
   }
 }
 
+Shared<os::Topology> gProjection{os::Topology::None};
+
 }  // namespace
 
-ProcessWide<bool> isInternalMode;
-ProcessWide<bool> isCloneMode;
-ProcessWide<bool> isExtendMode;
-ProcessWide<bool> isExternalMode;
+bool isInternalMode() {
+  return gProjection.get() == os::Topology::Internal;
+}
+bool isCloneMode() {
+  return gProjection.get() == os::Topology::Clone;
+}
+bool isExtendMode() {
+  return gProjection.get() == os::Topology::Extend;
+}
+bool isExternalMode() {
+  return gProjection.get() == os::Topology::External;
+}
 
 os::Topology CurrentTopology() {
   const auto current = os::QueryDisplayConfiguration(os::DisplayQuery::AllPaths, os::DisplayQuery::DatabaseCurrent);
   return current ? current->topology : os::Topology::None;
 }
 
-// Asked before any flag is touched: another thread may read them meanwhile, and a mode that stays in force shall not
-// seem to end.
 void QueryWinPMode() {
   const auto topology = CurrentTopology();
   LogMode(topology);
-  isInternalMode.set(topology == os::Topology::Internal);
-  isCloneMode.set(topology == os::Topology::Clone);
-  isExtendMode.set(topology == os::Topology::Extend);
-  isExternalMode.set(topology == os::Topology::External);
+  gProjection.set(topology);
 }
 
 }  // namespace tessaview

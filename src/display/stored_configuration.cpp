@@ -5,12 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "core/letter_case.h"
+#include "core/text.h"
 #include "core/trace_log.h"
 #include "display/configuration_database.h"
 #include "display/monitor_list.h"
-#include "display/panel_info.h"
-#include "display/panel_placement.h"
+#include "display/panel_search.h"
 #include "os/registry.h"
 
 namespace tessaview {
@@ -65,7 +64,7 @@ bool IsFor(const StoredConfiguration& stored, std::vector<ListedMonitor> present
 }
 
 bool IsBPanel(const ListedMonitor& monitor) {
-  const auto id = UpperCased(gPanelDisplayInfo.get().bPanel.hardwareId), node = UpperCased(monitor.device.instanceId);
+  const auto id = UpperCased(gPanelDisplayInfo().bPanel.hardwareId), node = UpperCased(monitor.device.instanceId);
   return !id.empty() && (node + L"\\").rfind(id + L"\\", 0) == 0;
 }
 
@@ -153,7 +152,7 @@ bool RepairStoredPanelConfiguration() {
     Log(L"%ls", key);
     rewritten = RepairBPanel(key) || rewritten;
   }
-  const auto isCPanel = [](const ListedMonitor& monitor) { return monitor.shortKey.rfind(kCPanelModel, 0) == 0; };
+  const auto isCPanel = [](const ListedMonitor& monitor) { return monitor.shortKey.rfind(kCPanelModel.text, 0) == 0; };
   const auto cPanelKeys = KeysOf(current, present, isCPanel);
   if (cPanelKeys.empty()) Log(L"Current MonitorConfiguration can not find Toshiba monitor ! \n");
   for (const auto& key : cPanelKeys) {

@@ -1,16 +1,16 @@
 #include "lifecycle/desktop_watch.h"
 
-#include "core/process_wide.h"
+#include "core/state.h"
 #include "core/trace_log.h"
 #include "os/desktop.h"
 #include "os/hooks.h"
 #include "os/threads.h"
-#include "uilink/ui_channel.h"
+#include "uilink/channel/ui_channel.h"
 
 namespace tessaview {
 namespace {
 
-ProcessWide<bool> gIsSecureDesktopUp;
+Shared<bool> gIsSecureDesktopUp;
 
 /// A desktop that this process may not even open is not the user's.
 bool IsSecureDesktopUp() {
@@ -22,7 +22,7 @@ void OnDesktopSwitch() {
   const bool isUp = IsSecureDesktopUp();
   if (isUp == gIsSecureDesktopUp.exchange(isUp)) return;
   Log(L"[DesktopSwitch] Secure desktop = %d \n", isUp);
-  SendUiTextTimeout({.text = isUp ? L"UACENTRY" : L"UACEXIT"});
+  TellUi(isUp ? texts::kUacEntry : texts::kUacExit);
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include "lifecycle/package_watch.h"
 
-#include "core/service_state.h"
 #include "core/trace_log.h"
 #include "display/panel_geometry.h"
+#include "lifecycle/first_sign_in.h"
 #include "lifecycle/package_check.h"
 #include "lifecycle/ui_activation.h"
 #include "lifecycle/ui_launch.h"
@@ -22,7 +22,7 @@ constexpr const wchar_t* kPackages =
 constexpr std::uint32_t kCalmMs = 2000;
 
 bool MayLaunchUi() {
-  return isOOBEComplete.get() && !gTouchScreenHidWrong.get() && !IsAnyUiWindowOpen();
+  return isOOBEComplete() && !gTouchScreenHidWrong() && !IsAnyUiWindowOpen();
 }
 
 void OnPackagesChanged() {

@@ -1,6 +1,5 @@
 #include "lifecycle/resume_watch.h"
 
-#include "core/settings.h"
 #include "core/trace_log.h"
 #include "display/panel_geometry.h"
 #include "os/power.h"
@@ -8,8 +7,9 @@
 #include "os/watches.h"
 #include "power/firmware.h"
 #include "power/lid_actions.h"
+#include "power/settings.h"
 #include "touch/device_reset.h"
-#include "uilink/ui_channel.h"
+#include "uilink/channel/ui_channel.h"
 
 namespace tessaview {
 namespace {
@@ -32,7 +32,7 @@ void OnResumed() {
   const bool isG2 = InitGenerationCheck() == Generation::G2;
   ResetTouchDevices();
   if (isG2) LidClosedAction(IsOnMains());
-  SendUiText({.text = L"IAMBACK"});
+  TellUi(texts::kIAmBack);
 }
 
 }  // namespace

@@ -2,16 +2,19 @@
 
 #include <string>
 
-#include "core/service_state.h"
+#include "core/state.h"
 #include "core/trace_log.h"
+#include "lifecycle/first_sign_in.h"
 #include "lifecycle/helper_tools.h"
 #include "lifecycle/package_check.h"
 #include "lifecycle/ui_activation.h"
 #include "os/clock.h"
 #include "os/desktop.h"
+#include "os/threads.h"
 #include "touch/touch_pad.h"
 #include "touch/touch_screen_check.h"
-#include "uilink/ui_channel.h"
+#include "uilink/channel/ui_channel.h"
+#include "windows/foreground.h"
 
 namespace tessaview {
 namespace {
@@ -20,10 +23,10 @@ constexpr int kMostLaunches = 20;
 constexpr std::uint32_t kDesktopPauseMs = 500;
 constexpr std::uint32_t kLaunchPauseMs = 2000;
 
-/// Windows of the sign-in, the lock screen and the first boot; with no window at all the desktop is not there either.
+/// With no window at all the desktop is not there either; behind the lock screen's picture it is.
 bool IsDesktopReady() {
-  const auto foreground = os::WindowClassName(os::ForegroundWindow());
-  return !foreground.empty() && foreground != L"Windows.UI.Core.CoreWindow" && foreground != L"BootAppClass";
+  const auto seen = WhatIsInForeground();
+  return seen == Foreground::Desktop || seen == Foreground::LockScreen;
 }
 
 void WaitForDesktop() {
@@ -40,7 +43,7 @@ int LaunchUntilShown() {
   if (IsOpen(kUiMainClass)) return launches;
   while (launches < kMostLaunches && !IsOpen(kUiGuideClass) && !IsOpen(kUiVideoClass)) {
     ++launches;
-    if (isOOBEComplete.get()) {
+    if (isOOBEComplete()) {
       Log(L" Launch UWP \n");
       StartUiLaunchThread();
     }
@@ -59,6 +62,15 @@ void ReportLaunches(int launches) {
   }
 }
 
+Shared<bool> gLaunchPhaseReached, gLaunchPhaseBegun;
+
+/// The launch phase takes both: start-up come far enough, and Windows' setup over. Whichever comes last begins it, on
+/// its own thread.
+void LaunchUIOnce() {
+  if (!gLaunchPhaseReached.get() || !isOOBEComplete()) return;
+  if (!gLaunchPhaseBegun.exchange(true)) LaunchUIAtStart();
+}
+
 }  // namespace
 
 bool IsAnyUiWindowOpen() {
@@ -66,7 +78,7 @@ bool IsAnyUiWindowOpen() {
 }
 
 void LaunchUIAtStart() {
-  if (gTouchScreenHidWrong.get()) {
+  if (gTouchScreenHidWrong()) {
     SetModetoTouchPad();
     Log(L"TouchScreen HID is wrong, do not show UI and set mode to touch pad mode.");
     return;
@@ -75,6 +87,15 @@ void LaunchUIAtStart() {
   if (!RunPackageCheck()) return;
   StartHelperTools();
   ReportLaunches(LaunchUntilShown());
+}
+
+void LaunchUIOnceSetUp() {
+  gLaunchPhaseReached.set(true);
+  LaunchUIOnce();
+}
+
+void OnSetupCompleted() {
+  os::StartThread(L"UI launch phase", LaunchUIOnce);
 }
 
 }  // namespace tessaview

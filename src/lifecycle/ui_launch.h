@@ -10,4 +10,11 @@ namespace tessaview {
 /// seconds for the UI's window.
 void LaunchUIAtStart();
 
+/// Start-up has done what the UI needs: LaunchUIAtStart, now or when Windows' setup ends. Main thread; blocks as that.
+void LaunchUIOnceSetUp();
+
+/// Windows' setup is over: LaunchUIAtStart on a thread of its own, unless start-up has yet to come that far. Any
+/// thread.
+void OnSetupCompleted();
+
 }  // namespace tessaview

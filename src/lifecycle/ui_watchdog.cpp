@@ -11,8 +11,8 @@
 #include "os/desktop.h"
 #include "os/processes.h"
 #include "power/panel_status.h"
-#include "uilink/ui_channel.h"
-#include "uilink/ui_state.h"
+#include "uilink/channel/ui_channel.h"
+#include "uilink/channel/ui_session.h"
 
 namespace tessaview {
 namespace {
@@ -47,7 +47,7 @@ bool IsUiThere() {
 }
 
 void Launch() {
-  if (!isTessaviewPowerOn.get() || !isTessaviewAlive.get()) return;
+  if (!isTessaviewPowerOn() || !isTessaviewAlive()) return;
   Log(L"******* isTessaviewPowerOn = true , Launch NorvTessaview.exe ******* \n");
   StartUiRelaunchThread();
 }

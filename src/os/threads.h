@@ -10,6 +10,9 @@ namespace os {
 /// Any thread. An exception must not leave `body`.
 bool StartThread(const wchar_t* name, std::function<void()> body);
 
+/// TEMP
+void ExpectMainThread();
+
 /// A lock that may be held across door calls (CRITICAL_SECTION); the same thread may take it more than once.
 /// Fits std::lock_guard. Any thread; blocks while another thread holds it.
 class Lock {

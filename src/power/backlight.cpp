@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "core/numbers.h"
-#include "core/settings_file.h"
 #include "power/firmware.h"
+#include "power/settings_file.h"
 
 namespace tessaview {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "core/settings.h"
+#include "power/settings.h"
 
 namespace tessaview {
 

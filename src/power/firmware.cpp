@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "core/numbers.h"
 #include "core/trace_log.h"
 
 namespace tessaview {
@@ -17,7 +18,8 @@ constexpr std::uint32_t kSetValue = 0x53564544;    // "DEVS"
 constexpr std::uint32_t kFirstGeneration = 0x4;
 
 void AppendWord(os::Bytes& bytes, std::uint32_t word) {
-  for (int shift = 0; shift < 32; shift += 8) bytes.push_back(static_cast<std::uint8_t>(word >> shift & 0xFF));
+  bytes.resize(bytes.size() + sizeof word);
+  PutLittleEndian(&bytes[bytes.size() - sizeof word], word);
 }
 
 /// A request: the method's four letters, the length of the arguments in bytes, the arguments; all little-endian.
@@ -31,8 +33,7 @@ os::Bytes Request(std::uint32_t method, std::span<const std::uint32_t> arguments
 
 /// The first four bytes of a reply, little-endian; 0 when it has fewer.
 std::uint32_t ResultOf(os::BytesView reply) {
-  if (reply.size() < 4) return 0;
-  return reply[0] | reply[1] << 8 | reply[2] << 16 | static_cast<std::uint32_t>(reply[3]) << 24;
+  return reply.size() < 4 ? 0 : GetLittleEndian<std::uint32_t>(reply, 0);
 }
 
 std::optional<std::uint32_t> Send(const FirmwareSequence& firmware, const os::Bytes& request) {

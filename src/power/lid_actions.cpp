@@ -3,12 +3,13 @@
 #include <cstdint>
 #include <optional>
 
+#include "core/state.h"
 #include "core/trace_log.h"
 #include "display/panel_nudge.h"
 #include "display/virtual_monitor.h"
 #include "os/power.h"
 #include "power/firmware.h"
-#include "uilink/ui_channel.h"
+#include "uilink/channel/ui_channel.h"
 
 namespace tessaview {
 namespace {
@@ -52,9 +53,18 @@ void LogAction(const wchar_t* tag, std::uint32_t action) {
   }
 }
 
+MainThreadOnly<bool> gDoNothing;
+
 }  // namespace
 
-ProcessWide<bool> gLidDoNothing;
+bool gLidDoNothing() {
+  return *gDoNothing;
+}
+
+void SetLidDoNothing(bool doNothing) {
+  *gDoNothing = doNothing;
+  SendLidCloseActionSetting(doNothing);
+}
 
 void SendLidCloseActionSetting(bool doNothing) {
   if (doNothing) {
@@ -90,7 +100,7 @@ void LidOpenMoveCPanelMonitorOnePixel(bool onMains) {
     MoveCPanelMonitorOnePixel();
   } else {
     Log(L"[LidOpenMoveCPanelMonitorOnePixel] No virtual monitor, send message to UI.\n");
-    SendUiText({.text = L"SETWALLPAPER"});
+    TellUi(texts::kSetWallpaper);
   }
 }
 

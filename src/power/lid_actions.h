@@ -1,11 +1,12 @@
 #pragma once
 
-#include "core/process_wide.h"
-
 namespace tessaview {
 
-/// Closing the lid does nothing in the power scheme in force, as last seen.
-extern ProcessWide<bool> gLidDoNothing;
+/// Closing the lid does nothing in the power scheme in force, as the system told last. Main thread.
+[[nodiscard]] bool gLidDoNothing();
+
+/// Notes that, and tells the firmware. Main thread.
+void SetLidDoNothing(bool doNothing);
 
 /// Tells the firmware whether closing the lid does nothing, so that it leaves the C panel alone then. Any thread.
 void SendLidCloseActionSetting(bool doNothing);

@@ -1,11 +1,11 @@
 #include "power/panel_power.h"
 
-#include "core/settings.h"
-#include "core/settings_file.h"
 #include "core/trace_log.h"
 #include "power/backlight.h"
 #include "power/firmware.h"
 #include "power/panel_status.h"
+#include "power/settings.h"
+#include "power/settings_file.h"
 #include "touch/touch_pad.h"
 
 namespace tessaview {
@@ -27,7 +27,7 @@ std::uint32_t LevelOnBattery(const Settings& settings) {
 /// The panel is switched on by giving it a backlight level; its power register is never written with 1.
 void PowerOn() {
   Log(L"[TessaviewPowerControl] Tessaview Power On Setting \n");
-  const auto settings = gSettings.get();
+  const auto settings = gSettings();
   const auto level = settings.acLineStatus == kOnBattery ? LevelOnBattery(settings) : MainsLevel();
 
   const FirmwareSequence firmware;
@@ -52,7 +52,7 @@ void PowerOff() {
 
 void TessaviewPowerControl(bool on) {
   Log(L"[TessaviewPowerControl] -------- Start -------- \n");
-  Log(L"[TessaviewPowerControl] Read ini = %ls \n", gSettingsPath.get());
+  Log(L"[TessaviewPowerControl] Read ini = %ls \n", gSettingsPath());
   if (on) {
     PowerOn();
   } else {

@@ -1,14 +1,18 @@
 #include "power/panel_status.h"
 
-#include "core/settings_file.h"
+#include "core/state.h"
 #include "core/trace_log.h"
 #include "display/panel_geometry.h"
 #include "display/panel_orientation.h"
+#include "display/panel_search.h"
 #include "display/projection_mode.h"
-#include "uilink/ui_channel.h"
+#include "power/settings_file.h"
+#include "uilink/channel/ui_channel.h"
 
 namespace tessaview {
 namespace {
+
+Shared<bool> gIsToldOn;
 
 /// Brings panels and projection mode up to date, waiting for a C panel that is still coming.
 void RefreshDisplayState() {
@@ -17,26 +21,28 @@ void RefreshDisplayState() {
 }
 
 bool IsExtendedLandscape() {
-  return isExtendMode.get() && IsCPanelLandscape();
+  return isExtendMode() && IsCPanelLandscape();
 }
 
 void TellPanelOn() {
-  isTessaviewPowerOn.set(true);
-  SendUiText({.text = L"POWERON"});
+  gIsToldOn.set(true);
+  TellUi(texts::kPowerOn);
 }
 
 }  // namespace
 
-ProcessWide<bool> isTessaviewPowerOn;
+bool isTessaviewPowerOn() {
+  return gIsToldOn.get();
+}
 
 void TellPanelOff() {
-  isTessaviewPowerOn.set(false);
-  SendUiText({.text = L"POWEROFF"});
+  gIsToldOn.set(false);
+  TellUi(texts::kPowerOff);
 }
 
 void Update_UI_Status() {
   Log(L"[Update_UI_Status] ------- Start ------- \n");
-  Log(L"[Update_UI_Status] Read ini = %ls \n", gSettingsPath.get());
+  Log(L"[Update_UI_Status] Read ini = %ls \n", gSettingsPath());
   const auto saved = ReadSavedPower();
   RefreshDisplayState();
 
@@ -51,7 +57,7 @@ void Update_UI_Status() {
     Log(L"[Update_UI_Status] Send to UI : Power Off (ini TessaviewStatus = Off) \n");
   }
 
-  const auto b = gBPanel.get(), c = gCPanel.get();
+  const auto b = gBPanel(), c = gCPanel();
   Log(L"[Update_UI_Status] Global gBPanel X: %d, Y: %d, Wdith: %d, Height: %d \n", b.X, b.Y, b.Width, b.Height);
   Log(L"[Update_UI_Status] Global gCPanel X: %d, Y: %d, Wdith: %d, Height: %d \n", c.X, c.Y, c.Width, c.Height);
   Log(L"[Update_UI_Status] ------- End ------- \n");
@@ -59,13 +65,13 @@ void Update_UI_Status() {
 
 void Update_UI_Mask_Status() {
   Log(L"[Update_UI_Mask_Status] ------- Start ------- \n");
-  Log(L"[Update_UI_Mask_Status] Read ini = %ls \n", gSettingsPath.get());
+  Log(L"[Update_UI_Mask_Status] Read ini = %ls \n", gSettingsPath());
   const auto saved = ReadSavedPower();
   RefreshDisplayState();
 
   if (saved == SavedPower::On && IsExtendedLandscape()) {
     Log(L"[Update_UI_Mask_Status] Display On CLOSEMASK \n");
-    SendUiText({.text = L"CLOSEMASK"});
+    TellUi(texts::kCloseMask);
   }
   Log(L"[Update_UI_Mask_Status] ------- End ------- \n");
 }

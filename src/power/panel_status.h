@@ -1,11 +1,9 @@
 #pragma once
 
-#include "core/process_wide.h"
-
 namespace tessaview {
 
-/// The UI was last told that the panel is shown ("POWERON"), not that it is not ("POWEROFF").
-extern ProcessWide<bool> isTessaviewPowerOn;
+/// The UI was last told that the panel is shown ("POWERON"), not that it is not ("POWEROFF"). Any thread.
+[[nodiscard]] bool isTessaviewPowerOn();
 
 /// Refreshes panels and projection mode, then tells the UI "POWERON" or "POWEROFF": on means chosen on, extended and
 /// landscape. Without a recorded choice nothing is sent. Blocks for up to about 3 seconds while the C panel appears.

@@ -1,12 +1,13 @@
 #include "power/power_saving.h"
 
-#include "core/settings.h"
 #include "core/trace_log.h"
 #include "os/power.h"
 #include "power/backlight.h"
 #include "power/firmware.h"
+#include "power/settings.h"
 
 namespace tessaview {
+
 bool CheckCurrentMode() {
   if (ACPI_ZRV_DSTS(FirmwareId::PanelPower) != kPanelReady) return false;
   const auto status = os::QueryPowerStatus();
@@ -14,10 +15,7 @@ bool CheckCurrentMode() {
     Log(L"[PowerSaving] CheckCurrentMode GetLastError = %d", status.error());
     return false;
   }
-  gSettings.update([&](Settings& settings) {
-    settings.acLineStatus = status->acLineStatus;
-    settings.batterySaverOn = status->systemStatusFlag;
-  });
+  NotePowerSource(status->acLineStatus, status->systemStatusFlag);
   if (status->acLineStatus == kUnknownSource) {
     Log(L"[PowerSaving] BATTERY_UNKNOWN_STATUS");
     return false;
@@ -27,10 +25,10 @@ bool CheckCurrentMode() {
 }
 
 void EnterPowerSavingMode() {
-  Log(L"[PowerSaving] UI flag = %d", gSettings.get().PowerSaving);
+  Log(L"[PowerSaving] UI flag = %d", gSettings().PowerSaving);
   if (!CheckCurrentMode()) return;
 
-  const auto settings = gSettings.get();
+  const auto settings = gSettings();
   if (settings.acLineStatus != kOnBattery) return;
   const auto level = BatteryLevel(settings);
   Log(L"[EnterPowerSavingMode] BacklightValue = %d, UserBacklightValueDC = %d", level, settings.UserBacklightValueDC);
@@ -38,10 +36,10 @@ void EnterPowerSavingMode() {
 }
 
 void LeavePowerSavingMode() {
-  Log(L"[PowerSaving] UI flag = %d", gSettings.get().PowerSaving);
+  Log(L"[PowerSaving] UI flag = %d", gSettings().PowerSaving);
   if (!CheckCurrentMode()) return;
 
-  const auto settings = gSettings.get();
+  const auto settings = gSettings();
   const bool plainBattery = settings.acLineStatus == kOnBattery && settings.batterySaverOn == 0;
   const auto level = DrivableLevel(plainBattery ? settings.UserBacklightValueDC : settings.UserBacklightValue);
   Log(L"[LeavePowerSavingMode] BacklightValue = %d, UserBacklightValue = %d", level, settings.UserBacklightValue);

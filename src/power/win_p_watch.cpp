@@ -2,22 +2,25 @@
 
 #include <memory>
 
-#include "core/settings_file.h"
+#include "core/state.h"
 #include "core/trace_log.h"
-#include "display/mode_reset.h"
 #include "os/hooks.h"
 #include "os/input.h"
 #include "os/threads.h"
 #include "os/trace.h"
 #include "power/firmware.h"
+#include "power/mode_reset.h"
+#include "power/settings_file.h"
 
 namespace tessaview {
 namespace {
 
+Shared<bool> Win_P_WindowMoveFlag;
+
 void BringWantedPanelBack(std::uint32_t status) {
   Log(L"[Win + P] Tessaview Status = 0x%X \n", status);
   if (status != kPanelPresentAndOff) return;
-  Log(L"Setting path =  %ls \n ", gSettingsPath.get());
+  Log(L"Setting path =  %ls \n ", gSettingsPath());
   if (ReadSavedPower() != SavedPower::On) return;
   Log(L"[Win + P] Read ini file , power status = on \n");
   Log(L"[Win + P] Set TessaviewPowerControl(TRUE) \n");
@@ -35,7 +38,9 @@ void OnWinP() {
 
 }  // namespace
 
-ProcessWide<bool> Win_P_WindowMoveFlag;
+bool ClaimWin_P_WindowMoveFlag() {
+  return Win_P_WindowMoveFlag.exchange(false);
+}
 
 void StartWinPWatch() {
   // A press and its release may wait; more would come of a key that is held, and only do the same again.

@@ -1,13 +1,17 @@
 #include "touch/raw_input.h"
 
-#include "core/service_state.h"
+#include "core/service_window.h"
+#include "core/state.h"
 #include "core/trace_log.h"
 #include "os/trace.h"
 #include "touch/hid_usages.h"
-#include "touch/touch_pad_state.h"
+#include "touch/touch_pad.h"
 
 namespace tessaview {
 namespace {
+
+Shared<os::RawDevice> gScreenDevice;
+Shared<os::RawDevice> gPadDevice;
 
 constexpr std::uint16_t kWholePage = 0;  // with page-only registration the usage is left open
 
@@ -30,10 +34,10 @@ std::optional<std::vector<os::RawDevice>> ListRawDevices() {
 void NoteIfTouchDevice(os::RawDevice device, const os::HidCapabilities& capabilities) {
   if (capabilities.usagePage != kDigitizerPage) return;
   if (capabilities.usage == kUsageTouchScreen) {
-    gRawTouchScreen.set(device);
+    gScreenDevice.set(device);
     Log(L"Get Rawinput hDevice of CPanel_TouchScreen successed\n");
   } else if (capabilities.usage == kUsageTouchPad) {
-    gRawTouchPad.set(device);
+    gPadDevice.set(device);
     Log(L"Get Rawinput hDevice of CPanel_TouchPad successed\n");
   }
 }
@@ -51,19 +55,25 @@ void Inspect(os::RawDevice device, const TouchPad& pad) {
 
 }  // namespace
 
-ProcessWide<os::RawDevice> gRawTouchScreen;
-ProcessWide<os::RawDevice> gRawTouchPad;
+os::RawDevice gRawTouchScreen() {
+  return gScreenDevice.get();
+}
+
+os::RawDevice gRawTouchPad() {
+  return gPadDevice.get();
+}
 
 bool RegisterCPanelRawInput() {
-  if (!gTouchPadFound.get()) {
+  const auto pad = gTouchPad();
+  if (!pad.gTouchPadFound()) {
     os::WriteDebugText(L"Connect failed! RegisterRawInputDevice failed.\n");
     return false;
   }
   const auto devices = ListRawDevices();
   if (!devices) return false;
-  for (const auto device : *devices) Inspect(device, gTouchPad.get());
+  for (const auto device : *devices) Inspect(device, pad);
   const auto registered =
-      os::RegisterRawInput(kDigitizerPage, kWholePage, os::kRawInputPageOnly | os::kRawInputSink, gServiceWindow.get());
+      os::RegisterRawInput(kDigitizerPage, kWholePage, os::kRawInputPageOnly | os::kRawInputSink, gServiceWindow());
   if (!registered) os::WriteDebugText(L"Can't register raw input device\n");
   return static_cast<bool>(registered);
 }

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "core/process_wide.h"
 #include "os/hid.h"
 
 namespace tessaview {
 
-/// The C panel's touch screen and touch pad as raw input devices; None until they were found.
-extern ProcessWide<os::RawDevice> gRawTouchScreen;
-extern ProcessWide<os::RawDevice> gRawTouchPad;
+/// The C panel's touch screen and touch pad as raw input devices; None until they were found. Any thread.
+[[nodiscard]] os::RawDevice gRawTouchScreen();
+[[nodiscard]] os::RawDevice gRawTouchPad();
 
 /// Finds the controller's raw input devices and has the digitizer page delivered to the service window, also while
 /// another window is in front. False when the touch pad is not connected or the system refuses. Any thread.

@@ -6,7 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "core/letter_case.h"
+#include "core/state.h"
+#include "core/text.h"
 #include "core/trace_log.h"
 #include "os/hid.h"
 #include "touch/hid_usages.h"
@@ -40,14 +41,18 @@ bool IsTouchScreenMissing(const std::vector<os::HidInterface>& interfaces) {
   return !ours.empty() && std::none_of(ours.begin(), ours.end(), MayBeTouchScreen);
 }
 
+Shared<bool> gIsWrong;
+
 }  // namespace
 
-ProcessWide<bool> gTouchScreenHidWrong;
+bool gTouchScreenHidWrong() {
+  return gIsWrong.get();
+}
 
 void CheckTouchScreenHid() {
   const auto interfaces = os::HidInterfaces();
   const bool isWrong = interfaces && IsTouchScreenMissing(*interfaces);
-  gTouchScreenHidWrong.set(isWrong);
+  gIsWrong.set(isWrong);
   Log(L"[CheckTouchScreenHid] TouchScreen HID wrong = %d \n", isWrong);
 }
 

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "core/process_wide.h"
-
 namespace tessaview {
 
-/// The C panel's touch screen is not there although its controller is, so the UI must not be shown.
-extern ProcessWide<bool> gTouchScreenHidWrong;
+/// The C panel's touch screen is not there although its controller is, so the UI must not be shown. Any thread.
+[[nodiscard]] bool gTouchScreenHidWrong();
 
 /// Looks once whether the touch controller presents its touch screen, and sets `gTouchScreenHidWrong`. It is wrong only
 /// when collections of the controller are there, all of them can be read, and none is a touch screen. Whatever cannot

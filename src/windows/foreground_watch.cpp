@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "core/process_wide.h"
-#include "core/service_state.h"
+#include "core/service_window.h"
+#include "core/state.h"
 #include "core/trace_log.h"
 #include "os/desktop.h"
 #include "os/threads.h"
@@ -20,7 +20,7 @@ struct Seen {
   friend bool operator==(const Seen&, const Seen&) = default;
 };
 
-ProcessWide<Seen> gLastSeen;
+Shared<Seen> gLastSeen;
 
 /// Pointer and carets move all the time, and change nothing.
 bool MayChangeTheAnswer(os::WindowEvent event, std::int32_t object) {
@@ -31,7 +31,7 @@ bool MayChangeTheAnswer(os::WindowEvent event, std::int32_t object) {
 /// Windows of the UI and of the controller come and go in front of the one that the user works with.
 bool IsIgnored(os::WindowHandle window, os::WindowHandle root) {
   if (os::WindowClassName(window) == L"Tessaview_ViewClass") return true;
-  return root == gServiceWindow.get() || os::WindowTitle(root).empty();
+  return root == gServiceWindow() || os::WindowTitle(root).empty();
 }
 
 void Follow(const Seen& now) {

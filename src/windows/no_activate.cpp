@@ -3,7 +3,7 @@
 #include <mutex>
 #include <vector>
 
-#include "core/process_wide.h"
+#include "core/state.h"
 #include "os/desktop.h"
 #include "os/threads.h"
 #include "os/window_control.h"
@@ -18,7 +18,7 @@ namespace {
 os::Lock gModeLock;  // the watch follows the foreground, and the end of the controller leaves the mode
 
 /// Those that were given the style.
-ProcessWide<std::vector<os::WindowHandle>> NoActivateWindows;
+Shared<std::vector<os::WindowHandle>> NoActivateWindows;
 
 bool KeepsActivation(os::WindowHandle window) {
   return (os::WindowExtendedStyle(window) & os::kWsExNoActivate) != 0 || !IsOnCPanel(window) ||

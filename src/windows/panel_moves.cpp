@@ -4,7 +4,7 @@
 
 #include "core/numbers.h"
 #include "core/trace_log.h"
-#include "display/panel_info.h"
+#include "display/panel_search.h"
 #include "os/clock.h"
 #include "os/desktop.h"
 #include "os/window_control.h"
@@ -75,7 +75,7 @@ os::Rect Whole(const PanelRect& panel) {
 
 std::int32_t MoveWindowtoBPanel(os::WindowHandle window, bool keepMinimized) {
   if (Hangs(window)) return kMoveFailed;
-  const auto info = gPanelDisplayInfo.get();  // now: finding out whether a window hangs takes seconds
+  const auto info = gPanelDisplayInfo();  // now: finding out whether a window hangs takes seconds
   const auto panel = info.bPanel.SettingsView();
   if (!panel.HasArea()) return kMoveDone;
   if (!HasMaximizeBox(window)) {
@@ -91,7 +91,7 @@ std::int32_t MoveWindowtoBPanel(os::WindowHandle window, bool keepMinimized) {
 
 std::int32_t MoveWindowtoCPanel(os::WindowHandle window, Pause pause) {
   if (Hangs(window)) return kMoveFailed;
-  const auto panel = gPanelDisplayInfo.get().cPanel.SettingsView();
+  const auto panel = gPanelDisplayInfo().cPanel.SettingsView();
   if (!panel.HasArea()) return kMoveDone;
   if (!HasMaximizeBox(window)) {
     Log(L"[MoveWindowtoCPanel] Window no maximizebox");

@@ -1,7 +1,7 @@
 #include "windows/rect_moves.h"
 
 #include "core/trace_log.h"
-#include "display/panel_geometry.h"
+#include "display/panel_search.h"
 #include "os/desktop.h"
 #include "windows/patient_calls.h"
 #include "windows/window_classes.h"
@@ -20,7 +20,7 @@ bool Contains(const PanelRect& outer, const PanelRect& inner) {
 
 /// What a window in the B panel leaves to the taskbar, in pixels. A taskbar at the panel's side takes no height.
 std::int32_t TaskbarAllowance(const PanelRect& target) {
-  const auto bPanel = gPanelDisplayInfo.get().bPanel.SettingsView();
+  const auto bPanel = gBPanel();
   const auto taskbar = PlaceOf(os::WindowRect(os::FindTopWindow(kTaskbarClass)));
   if (!Contains(bPanel, taskbar) || !Contains(bPanel, target)) return 0;
   return taskbar.Height == bPanel.Height ? 0 : taskbar.Height;
@@ -68,7 +68,7 @@ void PlaceInBPanel(os::WindowHandle window, const os::Rect& requested) {
   const auto wanted = PlaceOf(requested);
   MoveWindowByRect(window, wanted, false);
 
-  const auto panel = gBPanel.get();
+  const auto panel = gBPanel();
   if (!panel.HasArea()) return;
   const auto right = panel.X + panel.Width, bottom = panel.Y + panel.Height;
   const auto area = os::WindowRect(window);

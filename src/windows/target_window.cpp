@@ -1,23 +1,32 @@
 #include "windows/target_window.h"
 
+#include <utility>
+
+#include "core/state.h"
 #include "core/trace_log.h"
 #include "os/desktop.h"
-#include "uilink/ui_channel.h"
+#include "uilink/channel/ui_channel.h"
 #include "windows/window_panel.h"
 #include "windows/window_validity.h"
 
 namespace tessaview {
 namespace {
 
-/// The target was taken from the user's eyes, or is about to be: the next touch on it announces it again.
-ProcessWide<bool> isResendPending;
+struct Target {
+  os::WindowHandle gCurrentWindow = os::WindowHandle::None;  // the window under the last touch (its root)
+  os::WindowHandle PreviousForegroundWindow = os::WindowHandle::None;
+  bool isResendPending = false;  // the target was taken from the user's eyes, or is about to be: the next touch on it
+                                 // announces it again
+};
+
+MainThreadOnly<Target> gTarget;
 
 void LogStars() {
   Log(L" ******* ******* ******* ******* \n");
 }
 
-void TellAbout(const wchar_t* text, os::WindowHandle window) {
-  SendUiText({.text = text, .handle = static_cast<std::uint64_t>(window), .rect = os::WindowRect(window)});
+void TellAbout(const UiText& text, os::WindowHandle window) {
+  TellUi(text, {.handle = static_cast<std::uint64_t>(window), .rect = os::WindowRect(window)});
 }
 
 /// Tells the UI which way a window can go; nothing about one that is on neither panel.
@@ -25,55 +34,55 @@ void TellArrow(os::WindowHandle window) {
   if (IsOnCPanel(window)) {
     Log(L"Send to B Panel. \n");
     LogStars();
-    TellAbout(L"UP", window);
+    TellAbout(texts::kUp, window);
   } else if (IsOnBPanel(window)) {
     Log(L"Send to C Panel. \n");
     LogStars();
-    TellAbout(L"DOWN", window);
+    TellAbout(texts::kDown, window);
   }
 }
 
 void Forbid() {
   LogStars();
-  SendUiText({.text = L"FORBID"});
-  PreviousForegroundWindow.set(os::WindowHandle::None);
+  TellUi(texts::kForbid);
+  gTarget->PreviousForegroundWindow = os::WindowHandle::None;
 }
 
 void TakeAsTarget(os::WindowHandle window) {
   Log(L"Foreground change \n");
-  PreviousForegroundWindow.set(window);
+  gTarget->PreviousForegroundWindow = window;
   TellArrow(window);
 }
 
 bool IsTargetVisible() {
-  if (os::IsWindowVisible(PreviousForegroundWindow.get())) return true;
+  if (os::IsWindowVisible(gTarget->PreviousForegroundWindow)) return true;
   Log(L" PreviousForegroundWindow isn't WindowVisible  \n");
   return false;
 }
 
 void OnTargetTouchedAgain() {
-  if (isResendPending.exchange(false)) return TakeAsTarget(gCurrentWindow.get());
+  if (std::exchange(gTarget->isResendPending, false)) return TakeAsTarget(gTarget->gCurrentWindow);
   Log(L"Same Window And Don't Send Message \n");  // the UI is told all the same: its arrow may have gone
   if (!IsTargetVisible()) return Forbid();
-  TellArrow(PreviousForegroundWindow.get());
+  TellArrow(gTarget->PreviousForegroundWindow);
 }
 
 void OnValidWindow(const WindowValidity& validity) {
   Log(L" ******* Valide window ******* \n");
   if (validity.isSameAsPrevious) return OnTargetTouchedAgain();
-  TakeAsTarget(gCurrentWindow.get());
+  TakeAsTarget(gTarget->gCurrentWindow);
 }
 
 void OnInvalidWindow(const WindowValidity& validity) {
   Log(L" ******* Invalide window ******* \n");
-  isResendPending.set(true);
+  gTarget->isResendPending = true;
   if (!validity.isUIWindowHit) {
     Log(L"FORBID \n");
     return Forbid();
   }
   Log(L"UI pressed or Desktop pressed \n");
   if (!IsTargetVisible()) return Forbid();
-  TellArrow(PreviousForegroundWindow.get());  // whoever touches the UI still means the window used before
+  TellArrow(gTarget->PreviousForegroundWindow);  // whoever touches the UI still means the window used before
 }
 
 /// The windows of a program may own each other; the one that was touched is the one that moves.
@@ -86,14 +95,15 @@ os::WindowHandle RootAt(os::Point point) {
 
 }  // namespace
 
-ProcessWide<os::WindowHandle> gCurrentWindow;
-ProcessWide<os::WindowHandle> PreviousForegroundWindow;
+os::WindowHandle PreviousForegroundWindow() {
+  return gTarget->PreviousForegroundWindow;
+}
 
 void UpdateTargetWindow(os::Point touch) {
   Log(L"Mouse click CursorPos = ( %d , %d ) \n", touch.x, touch.y);
   const auto window = RootAt(touch);
-  gCurrentWindow.set(window);
-  const auto validity = IsValidWindow(window, PreviousForegroundWindow.get());
+  gTarget->gCurrentWindow = window;
+  const auto validity = IsValidWindow(window, gTarget->PreviousForegroundWindow);
   if (validity.isValid) {
     OnValidWindow(validity);
   } else {

@@ -1,15 +1,11 @@
 #pragma once
 
-#include "core/process_wide.h"
 #include "os/types.h"
 
 namespace tessaview {
 
-/// The window under the last touch (its root).
-extern ProcessWide<os::WindowHandle> gCurrentWindow;
-
-/// The window that the UI's arrows move; None while there is none.
-extern ProcessWide<os::WindowHandle> PreviousForegroundWindow;
+/// The window that the UI's arrows move; None while there is none. Main thread.
+[[nodiscard]] os::WindowHandle PreviousForegroundWindow();
 
 /// The user touched the desktop at a point: decides which window the UI's arrows move from now on, and tells the UI
 /// which arrow to show: "UP" for a window on the C panel, "DOWN" for one on the B panel, "FORBID" when there is none.

@@ -4,7 +4,7 @@
 #include <span>
 
 #include "os/desktop.h"
-#include "uilink/ui_channel.h"
+#include "uilink/channel/ui_channel.h"
 
 namespace tessaview {
 namespace {

@@ -3,14 +3,14 @@
 #include <memory>
 #include <string>
 
-#include "core/service_state.h"
+#include "core/service_window.h"
 #include "core/trace_log.h"
 #include "os/clock.h"
 #include "os/desktop.h"
 #include "os/processes.h"
 #include "os/threads.h"
 #include "os/window_control.h"
-#include "uilink/ui_channel.h"
+#include "uilink/channel/ui_channel.h"
 #include "windows/patient_calls.h"
 #include "windows/window_classes.h"
 
@@ -37,7 +37,7 @@ std::uint32_t ProcessOf(os::WindowHandle window, const std::wstring& className) 
 }
 
 bool MayBeEnded(std::uint32_t processId) {
-  for (const auto protectedWindow : {os::ShellWindow(), os::FindTopWindow(kUiMainClass), gServiceWindow.get()}) {
+  for (const auto protectedWindow : {os::ShellWindow(), os::FindTopWindow(kUiMainClass), gServiceWindow()}) {
     if (os::WindowProcessId(protectedWindow) == processId) return false;
   }
   return true;
@@ -64,7 +64,7 @@ void EndWhatIsLeft(const Closing& closing) {
 }  // namespace
 
 void CloseWindowForGood(os::WindowHandle window) {
-  if (!os::IsWindow(window) || window == gServiceWindow.get()) return;
+  if (!os::IsWindow(window) || window == gServiceWindow()) return;
   const auto className = os::WindowClassName(window);
   const auto processId = ProcessOf(window, className);
   auto process = MayBeEnded(processId) ? os::OpenToEnd(processId) : os::Error{};

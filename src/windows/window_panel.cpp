@@ -1,6 +1,6 @@
 #include "windows/window_panel.h"
 
-#include "display/panel_info.h"
+#include "display/panel_search.h"
 #include "os/desktop.h"
 
 namespace tessaview {
@@ -13,11 +13,11 @@ bool IsOn(os::MonitorHandle panel, os::WindowHandle window) {
 }  // namespace
 
 bool IsOnBPanel(os::WindowHandle window) {
-  return IsOn(gPanelDisplayInfo.get().bPanel.monitor, window);
+  return IsOn(gPanelDisplayInfo().bPanel.monitor, window);
 }
 
 bool IsOnCPanel(os::WindowHandle window) {
-  return IsOn(gPanelDisplayInfo.get().cPanel.monitor, window);
+  return IsOn(gPanelDisplayInfo().cPanel.monitor, window);
 }
 
 }  // namespace tessaview

@@ -1,6 +1,6 @@
 #include <atomic>
 
-#include "core/utf16.h"
+#include "core/text.h"
 #include "os/clock.h"
 #include "os/registry.h"
 #include "os/threads.h"

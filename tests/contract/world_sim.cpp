@@ -1,7 +1,6 @@
 // The world of the contracts as a simulated laptop.
 #include <memory>
 
-#include "core/utf16.h"
 #include "os/threads.h"
 #include "sim/laptop.h"
 #include "tests/contract/world.h"

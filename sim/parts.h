@@ -1,0 +1,84 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "sim/apps.h"
+#include "sim/desktop.h"
+#include "sim/displays.h"
+#include "sim/door_call.h"
+#include "sim/faults.h"
+#include "sim/file_system.h"
+#include "sim/firmware.h"
+#include "sim/hot_key.h"
+#include "sim/input.h"
+#include "sim/kernel_objects.h"
+#include "sim/management.h"
+#include "sim/mouse.h"
+#include "sim/power.h"
+#include "sim/processes.h"
+#include "sim/registry.h"
+#include "sim/scheduler.h"
+#include "sim/service_window.h"
+#include "sim/services.h"
+#include "sim/sessions.h"
+#include "sim/thread_loops.h"
+#include "sim/touch_controller.h"
+#include "sim/trace_session.h"
+#include "sim/ui.h"
+#include "sim/watches.h"
+#include "sim/window_events.h"
+
+namespace sim {
+
+/// The laptop from inside. Each part is handed those it acts on, which stand above it; those above tell what happens to
+/// them to whoever asked for it.
+///
+/// A part shows a test what it may do to the laptop, and see of it: that is its class, such as Mouse. What programs
+/// reach through the door, and what ends with their process, is added by the class inside it, such as Mouse::Door. What
+/// the machine does by itself is private to the part.
+struct Parts {
+  Parts(std::uint32_t seed, bool interleaving) : scheduler(seed, interleaving) {}
+
+  /// The process is gone, and all it held. `forget` makes its program forget all it knew.
+  void EndProcess(void (*forget)());
+
+  Scheduler scheduler;
+  Faults::Door faults;
+  ThreadLoops loops{scheduler};
+  Watches watches{scheduler};
+  WindowEvents windowEvents{loops};
+  Registry registry{watches};
+  FileSystem::Door files;
+  TraceSession::Door trace;
+  Services services;
+  KernelObjects::Door events;
+  Management::Door management{scheduler};
+  Processes::Door processes{scheduler, management};
+  Displays::Door displays{scheduler, registry};
+  Desktop::Door desktop{scheduler, files, displays, processes, windowEvents};
+  ServiceWindow::Door window{scheduler, loops, files, displays, desktop};
+  Firmware::Door firmware{displays};
+  TouchController::Door touch{scheduler, window};
+  Input::Door input{scheduler, loops};
+  Mouse::Door mouse{scheduler, loops, desktop};
+  Ui ui{scheduler, processes, desktop, window};
+  Apps::Door apps{scheduler, registry, processes, ui};
+  HotKey hotKey{scheduler, desktop, window};
+  Power::Door power{scheduler, watches, window, touch};
+  Sessions::Door sessions{scheduler, desktop, window};
+
+  /// Which process run this is, counted over all laptops: what belongs to an earlier one is void.
+  std::uint64_t processRun = NextProcessRun();
+
+ private:
+  static std::uint64_t NextProcessRun();
+};
+
+/// Whether a laptop is switched on. There is one at a time.
+[[nodiscard]] bool IsOn();
+
+/// Its parts, for the door's functions. Without a laptop the program ends with a message.
+[[nodiscard]] Parts& Machine();
+
+}  // namespace sim

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+
+#include "sim/scheduler.h"
+
+namespace sim {
+
+/// The loops in which the controller's threads wait for their work, until one is told to quit.
+class ThreadLoops {
+ public:
+  explicit ThreadLoops(Scheduler& scheduler) : scheduler_(scheduler) {}
+
+  /// Waits until the calling thread has something to serve, and returns false when its loop is quit instead.
+  bool AwaitWork(const std::function<bool()>& hasWork) {
+    const auto thread = Scheduler::ThreadId();
+    scheduler_.WaitUntil([&] { return hasWork() || quits_.contains(thread); });
+    return hasWork() || !TakeQuit();
+  }
+
+  /// The calling thread's loop ends, with this code, once nothing else is left to serve.
+  void Quit(int code) { quits_[Scheduler::ThreadId()] = code; }
+  [[nodiscard]] bool IsQuit(std::uint32_t thread) const { return quits_.contains(thread); }
+
+  /// The code with which the calling thread's loop is quit, which it is no longer; nothing when it is not.
+  std::optional<int> TakeQuit() {
+    const auto quit = quits_.extract(Scheduler::ThreadId());
+    return quit ? std::optional(quit.mapped()) : std::nullopt;
+  }
+
+  void EndProcess() { quits_.clear(); }
+
+ private:
+  Scheduler& scheduler_;
+  std::map<std::uint32_t, int> quits_;  // by thread
+};
+
+}  // namespace sim

@@ -1,0 +1,132 @@
+#pragma once
+
+#include <atomic>
+#include <mutex>
+#include <type_traits>
+#include <utility>
+
+#include "os/threads.h"
+
+// What the controller keeps while it runs. Each value lies in the .cpp of its one owner, and its type says who may
+// touch it: Shared for any thread, Guarded for steps that several threads take in turn, MainThreadOnly for the main
+// thread.
+namespace tessaview {
+
+/// Every value knows how to become its initial self again. One intrusive list, built during static initialisation,
+/// lets a simulated laptop start the controller afresh in the same test process.
+class State {
+ public:
+  State(const State&) = delete;
+  State& operator=(const State&) = delete;
+
+  /// Puts every value back to its initial state. Only while no controller thread runs.
+  static void ResetAll();
+
+ protected:
+  State();
+  virtual ~State() = default;
+
+ private:
+  virtual void Reset() = 0;
+  State* next_;
+};
+
+template <class T>
+inline constexpr bool kFitsOneWord = std::is_trivially_copyable_v<T> && sizeof(T) <= sizeof(void*);
+
+/// A value that any thread may read and write at any time: a word atomically, anything larger as a locked copy, so that
+/// a reader sees the old or the new value whole. `initial` is what a fresh process starts with.
+template <class T, bool = kFitsOneWord<T>>
+class Shared final : State {
+ public:
+  explicit Shared(T initial = T{}) : initial_(initial), value_(initial) {}
+
+  [[nodiscard]] T get() const { return value_.load(); }
+  void set(T value) { value_.store(value); }
+
+  /// Sets the value and returns the one it had.
+  T exchange(T value) { return value_.exchange(value); }
+
+ private:
+  void Reset() override { value_ = initial_; }
+  const T initial_;
+  std::atomic<T> value_;
+};
+
+template <class T>
+class Shared<T, false> final : State {
+ public:
+  explicit Shared(T initial = T{}) : initial_(initial), value_(std::move(initial)) {}
+
+  [[nodiscard]] T get() const {
+    const std::lock_guard hold(mutex_);
+    return value_;
+  }
+  void set(T value) {
+    const std::lock_guard hold(mutex_);
+    value_ = std::move(value);
+  }
+
+  /// Sets the value and returns the one it had.
+  T exchange(T value) {
+    const std::lock_guard hold(mutex_);
+    return std::exchange(value_, std::move(value));
+  }
+
+  /// What `read(const T&)` makes of the value, and a change of its parts by `change(T&)`: both run under the lock and
+  /// must not call the operating system.
+  template <class Read>
+  [[nodiscard]] auto ask(Read read) const {
+    const std::lock_guard hold(mutex_);
+    return read(value_);
+  }
+  template <class Change>
+  void update(Change change) {
+    const std::lock_guard hold(mutex_);
+    change(value_);
+  }
+
+ private:
+  void Reset() override { set(initial_); }
+  const T initial_;
+  mutable std::mutex mutex_;
+  T value_;
+};
+
+/// A value that several threads take steps with, one at a time: a step may call the operating system, but must not wait
+/// for another program.
+template <class T>
+class Guarded final : State {
+ public:
+  /// Returns what `step(T&)` returns, with the lock held while it runs.
+  template <class Step>
+  auto Do(Step step) {
+    const std::lock_guard hold(lock_);
+    return step(value_);
+  }
+
+ private:
+  void Reset() override { value_ = T{}; }
+  os::Lock lock_;
+  T value_;
+};
+
+/// A value of the main thread. The simulated laptop ends a test in which another thread touches it.
+template <class T>
+class MainThreadOnly final : State {
+ public:
+  explicit MainThreadOnly(T initial = T{}) : initial_(initial), value_(std::move(initial)) {}
+
+  T* operator->() { return &**this; }
+  T& operator*() {
+    os::ExpectMainThread();
+    return value_;
+  }
+
+ private:
+  void Reset() override { value_ = initial_; }
+  const T initial_;
+  T value_;
+};
+
+}  // namespace tessaview

@@ -1,0 +1,16 @@
+#pragma once
+
+// Windows' out-of-box setup. Until it is over the UI is never launched.
+namespace tessaview {
+
+/// Whether setup is over. Any thread.
+[[nodiscard]] bool isOOBEComplete();
+
+/// Asks whether setup is over, and follows it: when it ends later, `onCompleted` is called on a thread of the system's,
+/// which must not be held up. Main thread.
+void FollowFirstSignIn(void (*onCompleted)());
+
+/// Follows it no longer. Main thread.
+void StopFollowingFirstSignIn();
+
+}  // namespace tessaview

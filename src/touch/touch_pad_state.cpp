@@ -1,8 +1,0 @@
-#include "touch/touch_pad_state.h"
-
-namespace tessaview {
-
-ProcessWide<TouchPad> gTouchPad;
-ProcessWide<bool> gTouchPadFound;
-
-}  // namespace tessaview

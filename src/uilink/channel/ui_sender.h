@@ -1,0 +1,23 @@
+#pragma once
+
+#include "uilink/channel/ui_record.h"
+#include "uilink/channel/ui_texts.h"
+
+// Texts for the UI from threads that must not wait for it.
+namespace tessaview {
+
+/// A text and its fields, as TellUi takes them.
+struct PostedText {
+  UiText text;
+  UiMessage fields = {};
+};
+
+/// Starts the thread that sends what is posted, in the order it was posted.
+void StartUiSender();
+
+/// Hands a text to the sender. When 64 texts wait already, the oldest among them that may go stale is dropped; texts to
+/// be kept are always taken, and come at the pace of a hand. Lost before the sender was started. Any thread;
+/// microseconds.
+void PostUiText(PostedText text);
+
+}  // namespace tessaview

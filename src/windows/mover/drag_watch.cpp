@@ -1,0 +1,171 @@
+#include "windows/mover/drag_watch.h"
+
+#include <optional>
+
+#include "appid/microsoft_apps.h"
+#include "core/state.h"
+#include "core/trace_log.h"
+#include "display/panel_search.h"
+#include "os/clock.h"
+#include "os/desktop.h"
+#include "os/input.h"
+#include "os/threads.h"
+#include "power/panel_status.h"
+#include "uilink/channel/ui_channel.h"
+#include "uilink/channel/ui_session.h"
+#include "windows/mover/navigator_edge.h"
+#include "windows/mover/thrown_window.h"
+#include "windows/mover/window_mover.h"
+#include "windows/window_panel.h"
+#include "windows/window_validity.h"
+
+namespace tessaview {
+namespace {
+
+Guarded<WindowMover> gWindowMover;
+
+template <class Step>
+void Take(Step step) {
+  gWindowMover.Do([&](WindowMover& mover) {
+    const MoverOutcome outcome = step(mover);
+    for (const auto& text : outcome.texts) PostUiText(text);
+    if (outcome.thrown) MoveThrownWindow(*outcome.thrown);
+  });
+}
+
+bool IsMoverArmed() {
+  return gWindowMover.Do([](const WindowMover& mover) { return mover.IsArmed(); });
+}
+
+// ---- The mouse ----
+
+void OnLeftButtonDown() {
+  Press press{.gPressPoint = os::CursorPosition(), .gPressTime = os::NowMs()};
+  press.gPressWindowRect = os::WindowRect(os::RootWindow(os::WindowAt(press.gPressPoint)));
+  Take([&](WindowMover& mover) {
+    mover.Pressed(press);
+    return MoverOutcome{};
+  });
+}
+
+void OnLeftButtonUp() {
+  const auto now = os::NowMs();
+  const Release release{.cursor = os::CursorPosition(), .timeMs = now, .sinceCommandMs = SinceLastMoveCommand(now)};
+  Take([&](WindowMover& mover) { return mover.Released(release); });
+}
+
+void TrackDraggedWindow() {
+  const auto cursor = os::CursorPosition();
+  Take([&](WindowMover& mover) {
+    if (!mover.IsArmed()) return MoverOutcome{};  // the drag ended just now
+    return mover.PointerMoved({.cursor = cursor,
+                               .window = os::WindowRect(mover.WindowMoverHandle()),
+                               .panel = mover.Panel() == MoverPanel::B ? FoundBPanel() : FoundCPanel(),
+                               .isNewerUI = gUIVersionReported()});
+  });
+}
+
+// ---- May this drag be thrown? ----
+
+bool CanUiShowOverlay() {
+  return os::FindTopWindow(kUiMainClass) != os::WindowHandle::None &&
+         os::FindTopWindow(kUiGuideClass) == os::WindowHandle::None && isTessaviewPowerOn();
+}
+
+bool HasMinimizeBox(os::WindowHandle window) {
+  if ((os::WindowStyle(window) & os::kWsMinimizeBox) != 0) return true;
+  Log(L"[Window Mover] WindowMoverHandle on B panel, No MinimizeBox \n");  // in these words on both panels
+  return false;
+}
+
+/// The panel that a window can be thrown from; nothing when it lies on neither, or may not be thrown.
+std::optional<MoverPanel> PanelToThrowFrom(os::WindowHandle window) {
+  const bool isOnBPanel = IsOnBPanel(window), isAlive = isTessaviewAlive(), isOn = isTessaviewPowerOn();
+  if (isOnBPanel && isOn && isAlive) {
+    if (!HasMinimizeBox(window)) return std::nullopt;
+    Log(L"[Window Mover] WindowMoverHandle on B panel \n");
+    return MoverPanel::B;
+  }
+  if (IsOnCPanel(window) && isAlive) {
+    if (!HasMinimizeBox(window)) return std::nullopt;
+    Log(L"[Window Mover] WindowMoverHandle on C panel \n");
+    return MoverPanel::C;
+  }
+  Log(L"[Window Mover] Is on B panel = %d, isTessaviewPowerOn = %d, isTessaviewAlive = %d \n", isOnBPanel, isOn,
+      isAlive);
+  return std::nullopt;
+}
+
+// ---- Drags ----
+
+void Choose(os::WindowHandle window) {
+  Log(L"[Window Mover] Window validity , To be WindowMoverHandle \n");
+  Take([&](WindowMover& mover) {
+    mover.Choose(window);
+    return MoverOutcome{};
+  });
+  const auto [left, top, right, bottom] = os::WindowRect(window);
+  Log(L"[Window Mover] WindowMoverRect ( %d, %d, %d, %d ) \n", left, top, right, bottom);
+}
+
+void Arm(MoverPanel panel, os::WindowHandle window) {
+  const bool isMSHanlde = IsMSApp(window);  // before the pointer is tracked, which takes it as given
+  Log(L"[Window Mover] isMSHanlde : %d \n", isMSHanlde);
+  Take([&](WindowMover& mover) {
+    if (!isActionMenuBlocked()) mover.Arm(panel, isMSHanlde);
+    return MoverOutcome{};
+  });
+}
+
+void OnMoveSizeStart(os::WindowHandle window) {
+  Log(L"[Window Mover] EVENT_SYSTEM_MOVESIZESTART \n");
+  if (isActionMenuBlocked()) return;
+  Log(L"[Window Mover] Window Handle is : 0X%X \n", window);
+  if (!IsValidWindow(window, os::WindowHandle::None).isValid) return Log(L"[Window Mover] Window not validity \n");
+  Choose(window);
+  if (const auto panel = PanelToThrowFrom(window)) Arm(*panel, window);
+}
+
+void OnMoveSizeEnd() {
+  if (isActionMenuBlocked()) return;
+  Take([](WindowMover& mover) { return mover.DragEnded(); });
+  Log(L"[Window Mover] EVENT_SYSTEM_MOVESIZEEND \n");
+}
+
+void OnMoveSize(os::WindowEvent event, os::WindowHandle window) {
+  if (event == os::WindowEvent::MoveSizeStart && CanUiShowOverlay()) OnMoveSizeStart(window);
+  // A drag that began has an end, whatever became of UI and panel meanwhile.
+  if (event == os::WindowEvent::MoveSizeEnd && (IsMoverArmed() || CanUiShowOverlay())) OnMoveSizeEnd();
+}
+
+}  // namespace
+
+void OnMouse(os::MouseEvent event, os::Point pointer) {
+  if (isActionMenuBlocked()) return;
+  switch (event) {
+    case os::MouseEvent::Move:
+      return IsMoverArmed() ? TrackDraggedWindow() : FollowToNavigatorEdge(pointer);
+    case os::MouseEvent::LeftDown:
+      return OnLeftButtonDown();
+    case os::MouseEvent::LeftUp:
+      return OnLeftButtonUp();
+  }
+}
+
+void StartDragWatch() {
+  os::StartThread(L"drag", [] {
+    os::WatchWindowEvents(
+        os::WindowEvent::MoveSizeStart, os::WindowEvent::MoveSizeEnd,
+        [](os::WindowEvent event, os::WindowHandle window, std::int32_t) { OnMoveSize(event, window); });
+  });
+}
+
+void StartMouseWatch() {
+  os::StartThread(L"mouse", [] { os::WatchMouse(OnMouse); });
+}
+
+void DisarmMover() {
+  Take([](WindowMover& mover) { return mover.Disarm(); });
+}
+
+}  // namespace tessaview

@@ -1,0 +1,42 @@
+#include "windows/mover/thrown_window.h"
+
+#include "appid/window_program.h"
+#include "core/trace_log.h"
+#include "os/threads.h"
+#include "windows/panel_moves.h"
+
+namespace tessaview {
+namespace {
+
+void MoveDown(os::WindowHandle window, Pause pause) {
+  Log(L"[Window Mover] Move Window to C Panel \n");
+  MoveWindowtoCPanel(window, pause);
+}
+
+void MoveUp(os::WindowHandle window) {
+  Log(L"[Window Mover] Move Window to B Panel \n");
+  MoveWindowtoBPanel(window, false);
+}
+
+void Move(const ThrownWindow& thrown) {
+  switch (thrown.area) {
+    case MoverArea::Down:
+      RecordUsage(L"DRAGMOVE_WINDOWMOVER_DOWN_" + ApplicationLabel(thrown.window));
+      return MoveDown(thrown.window, Pause::Short);
+    case MoverArea::Pin:
+      return MoveDown(thrown.window, Pause::Long);
+    case MoverArea::WinUp:
+      RecordUsage(L"DRAGMOVE_WINDOWMOVER_UP_" + ApplicationLabel(thrown.window));
+      return MoveUp(thrown.window);
+    case MoverArea::None:
+      return;
+  }
+}
+
+}  // namespace
+
+void MoveThrownWindow(const ThrownWindow& thrown) {
+  os::StartThread(L"window move", [thrown] { Move(thrown); });
+}
+
+}  // namespace tessaview
