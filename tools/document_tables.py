@@ -9,10 +9,10 @@ COMPLETENESS = "docs/completeness.md"
 PROTOCOL = "docs/ui-protocol.md"
 
 _PHRASE = r'((?:"(?:\\.|[^"\\])*"\s*)+)\}'  # adjacent literals are one
-_COMMAND_BEGINS = re.compile(r'\{L"[^"]*",\s*Match::')
-_COMMAND = re.compile(r'\{L"([^"]+)",\s*Match::(Exact|Contains),\s*[\w:]+,\s*(?:nullptr|L"(?:\\.|[^"\\])*"),\s*' + _PHRASE)
+_COMMAND_BEGINS = re.compile(r'\{\s*L"[^"]*",\s*Match::')
+_COMMAND = re.compile(r'\{\s*L"([^"]+)",\s*Match::(Exact|Contains),[^,]+,\s*(?:nullptr|L"(?:\\.|[^"\\])*"),\s*' + _PHRASE)
 _TEXT_BEGINS = re.compile(r"\bUiText k\w+\{")
-_TEXT = re.compile(r'UiText k\w+\{L"([^"]+)",\s*Guide::(Gets|Misses),\s*Wait::(Patient|Briefly),'
+_TEXT = re.compile(r'UiText k\w+\{\s*L"([^"]+)",\s*Guide::(Gets|Misses),\s*Wait::(Patient|Briefly),'
                    r"\s*Keep::(Always|UntilStale),\s*" + _PHRASE)
 
 _TIMERS = re.compile(r"\benum class ServiceTimer\b[^{]*\{([^}]*)\}")
