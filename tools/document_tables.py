@@ -10,7 +10,8 @@ PROTOCOL = "docs/ui-protocol.md"
 
 _PHRASE = r'((?:"(?:\\.|[^"\\])*"\s*)+)\}'  # adjacent literals are one
 _COMMAND_BEGINS = re.compile(r'\{\s*L"[^"]*",\s*Match::')
-_COMMAND = re.compile(r'\{\s*L"([^"]+)",\s*Match::(Exact|Contains),[^,]+,\s*(?:nullptr|L"(?:\\.|[^"\\])*"),\s*' + _PHRASE)
+_COMMAND = re.compile(r'\{\s*L"([^"]+)",\s*Match::(Exact|Contains),[^,]+,\s*(?:nullptr|L"(?:\\.|[^"\\])*"),\s*'
+                      + _PHRASE)
 _TEXT_BEGINS = re.compile(r"\bUiText k\w+\{")
 _TEXT = re.compile(r'UiText k\w+\{\s*L"([^"]+)",\s*Guide::(Gets|Misses),\s*Wait::(Patient|Briefly),'
                    r"\s*Keep::(Always|UntilStale),\s*" + _PHRASE)
@@ -53,7 +54,7 @@ def _rows_are_those_of_the_code(tree, heading, folder, begins, row, cells_of):
         for begin in begins.finditer(file.without_comments):
             match = row.match(file.without_comments, begin.start())
             if match is None:
-                yield file.at(_line(file, begin), f"the row cannot be read; write it like the others, see {__name__}.py")
+                yield file.at(_line(file, begin), "the row cannot be read; write it as document_tables.py expects it")
                 continue
             expected.append(list(cells_of(match)))
             if [cells for cells, _ in listed].count(expected[-1]) != 1:
@@ -69,7 +70,8 @@ def commands_are_those_of_the_code(tree):
 
 
 def texts_are_those_of_the_code(tree):
-    yield from _rows_are_those_of_the_code(tree, "Texts to the UI", "src/uilink/channel/", _TEXT_BEGINS, _TEXT, _text_cells)
+    yield from _rows_are_those_of_the_code(tree, "Texts to the UI", "src/uilink/channel/", _TEXT_BEGINS, _TEXT,
+                                           _text_cells)
 
 
 def _one_row_each(tree, path, what, cell, places):
@@ -104,10 +106,10 @@ def layers_are_pictured(tree):
     document = tree.files.get(ARCHITECTURE)
     if document is None:
         return
-    rows = [(match[1], number) for number, _, cells in document.table_rows if (match := _FOLDER_CELL.fullmatch(cells[0]))]
-    if [folder for folder, _ in rows] != LAYERS:
-        yield document.at(rows[0][1] if rows else 1, "the table of the layers is not LAYERS of include_rules.py; give each "
-                                                     f"its row, in this order: {', '.join(LAYERS)}")
+    first_cells = (_FOLDER_CELL.fullmatch(cells[0]) for _, _, cells in document.table_rows)
+    if [match[1] for match in first_cells if match] != LAYERS:
+        yield document.at(1, "the rows of folders are not LAYERS of include_rules.py; give each its row, in its order: "
+                             + ", ".join(LAYERS))
 
 
 def named_paths_exist(tree):

@@ -11,13 +11,14 @@ WINDOWS_HEADER = re.compile(
     r"|appmodel|oobenotification|processthreadsapi|libloaderapi|comdef|comutil|combaseapi|objbase|ole2|oleauto|oaidl"
     r"|unknwn|physicalmonitorenumerationapi|highlevelmonitorconfigurationapi|conio|process|direct|tchar|io)\.h"
 )
-_VARIABLE = re.compile(r"(extern|(inline|static)\s+(?!const))[^(]*[;={]")  # not indented: outside of classes and functions
+# Not indented, so outside of classes and functions.
+_VARIABLE = re.compile(r"(extern|(inline|static)\s+(?!const))[^(]*[;={]")
 
 # Folders below which a quoted include may start; the lab's own programs also start at lab/.
 INCLUDE_ROOTS = ("src/", "")
 
-# The folders of src/ from the ground up: a file includes files of its own folder and of those before it. A folder's Windows
-# side, win32, stands beside it and is private to such sides.
+# The folders of src/ from the ground up: a file includes files of its own folder and of those before it. A folder's
+# Windows side, win32, stands beside it and is private to such sides.
 LAYERS = [
     "os",
     "core",
@@ -42,7 +43,7 @@ def windows_headers_behind_the_door(tree):
             continue
         for line, path, _ in file.includes:
             if WINDOWS_HEADER.fullmatch(path.lower()):
-                yield file.at(line, f"<{path}> outside the Windows sides of src and lab; call a door function of src/os instead")
+                yield file.at(line, f"<{path}> outside a win32 folder and lab; call a door function of src/os instead")
 
 
 def _resolve(tree, file, path):
@@ -98,8 +99,8 @@ def includes_go_down_the_layers(tree):
         if target.startswith(WINDOWS_SIDES) and not file.path.startswith(WINDOWS_SIDES):
             yield file.at(line, f"{target} is private to the Windows side; include a header of src/{other} instead")
         elif own in LAYERS and other in LAYERS and LAYERS.index(other) > LAYERS.index(own):
-            yield file.at(line, f"{own} stands below {other} and includes {target}; move what is needed down, or let the "
-                                "upper layer hand it in")
+            yield file.at(line, f"{own} stands below {other} and includes {target}; move what is needed down, or let "
+                                "the upper layer hand it in")
 
 
 def headers_export_no_variable(tree):
@@ -108,7 +109,7 @@ def headers_export_no_variable(tree):
             continue
         for number, line in enumerate(file.bare_lines, 1):
             if _VARIABLE.match(line):
-                yield file.at(number, "the header exports a variable; keep it in the .cpp that owns it, behind functions")
+                yield file.at(number, "a variable in a header; keep it in the .cpp that owns it, behind functions")
 
 
 def no_include_circles(tree):
