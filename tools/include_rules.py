@@ -1,4 +1,4 @@
-"""House rules about includes: the one door to Windows, paths, layers, no circles."""
+"""House rules about headers: the one door to Windows, paths, layers, no circles, no variables."""
 
 import re
 
@@ -11,30 +11,39 @@ WINDOWS_HEADER = re.compile(
     r"|appmodel|oobenotification|processthreadsapi|libloaderapi|comdef|comutil|combaseapi|objbase|ole2|oleauto|oaidl"
     r"|unknwn|physicalmonitorenumerationapi|highlevelmonitorconfigurationapi|conio|process|direct|tchar|io)\.h"
 )
-WINDOWS_FOLDERS = ("src/os/win32/", "lab/")
+# Not indented, so outside of classes and functions.
+_VARIABLE = re.compile(r"(extern|(inline|static)\s+(?!const))[^(]*[;={]")
 
 # Folders below which a quoted include may start; the lab's own programs also start at lab/.
 INCLUDE_ROOTS = ("src/", "")
 
-# Module (path below src/, no suffix) → layer; the first match counts. A file includes its own layer and lower ones.
-LAYERS = (
-    (4, "start-up", re.compile(r"core/start_up|os/win32/(package_check/)?program")),
-    (1, "foundation", re.compile(r"uilink/(ui_channel|ui_record|ui_sender|ui_state)")),
-    (3, "UI commands and events", re.compile(r"uilink/.*")),
-    (2, "subsystems", re.compile(r"(power|display|windows|appid|lifecycle|touch)/.*")),
-    (1, "foundation", re.compile(r"core/.*")),
-    (1, "real door", re.compile(r"os/win32/.*")),
-    (0, "door", re.compile(r"os/[^/]*")),
-)
+# The folders of src/ from the ground up: a file includes files of its own folder and of those before it. A folder's
+# Windows side, win32, stands beside it and is private to such sides.
+LAYERS = [
+    "os",
+    "core",
+    "display",
+    "touch",
+    "uilink/channel",
+    "power",
+    "windows",
+    "appid",
+    "windows/mover",
+    "lifecycle",
+    "uilink/commands",
+    "uilink/events",
+    "app",
+]
+WINDOWS_SIDES = ("src/os/win32/", "src/app/win32/")
 
 
 def windows_headers_behind_the_door(tree):
     for file in tree.cpp():
-        if file.path.startswith(WINDOWS_FOLDERS):
+        if file.path.startswith((*WINDOWS_SIDES, "lab/")):
             continue
         for line, path, _ in file.includes:
             if WINDOWS_HEADER.fullmatch(path.lower()):
-                yield file.at(line, f"<{path}> outside src/os/win32 and lab; call a door function of src/os instead")
+                yield file.at(line, f"<{path}> outside a win32 folder and lab; call a door function of src/os instead")
 
 
 def _resolve(tree, file, path):
@@ -82,22 +91,32 @@ def _includes_within_src(tree):
                 yield file, line, target
 
 
-def _layer(module):
-    return next(((rank, name) for rank, name, pattern in LAYERS if pattern.fullmatch(module)), None)
+def _folder(path):
+    """The folder of src/ that a file stands in, or stands beside as its Windows side."""
+    return path.removeprefix("src/").rpartition("/")[0].removesuffix("/win32")
 
 
 def includes_go_down_the_layers(tree):
     for file in tree.cpp("src/"):
-        if _layer(_module(file.path)) is None:
-            yield file.at(1, "the file belongs to no layer; move it, or give its folder a layer in include_rules.py")
+        if _folder(file.path) not in LAYERS:
+            yield file.at(1, "the folder belongs to no layer; move the file, or give the folder its place in LAYERS of "
+                             "include_rules.py")
     for file, line, target in _includes_within_src(tree):
-        if target.startswith("src/os/win32/") and not file.path.startswith("src/os/win32/"):
-            yield file.at(line, f"{target} is private to the real door; include the door's header in src/os instead")
+        own, other = _folder(file.path), _folder(target)
+        if target.startswith(WINDOWS_SIDES) and not file.path.startswith(WINDOWS_SIDES):
+            yield file.at(line, f"{target} is private to the Windows side; include a header of src/{other} instead")
+        elif own in LAYERS and other in LAYERS and LAYERS.index(other) > LAYERS.index(own):
+            yield file.at(line, f"{own} stands below {other} and includes {target}; move what is needed down, or let "
+                                "the upper layer hand it in")
+
+
+def headers_export_no_variable(tree):
+    for file in tree.cpp("src/"):
+        if file.suffix != ".h" or file.path.startswith("src/os/"):
             continue
-        own, other = _layer(_module(file.path)), _layer(_module(target))
-        if own and other and other[0] > own[0]:
-            yield file.at(line, f"{own[1]} includes {target} of the layer above ({other[1]}); move what is needed down, "
-                                "or let the upper layer hand it in")
+        for number, line in enumerate(file.bare_lines, 1):
+            if _VARIABLE.match(line):
+                yield file.at(number, "a variable in a header; keep it in the .cpp that owns it, behind functions")
 
 
 def no_include_circles(tree):
@@ -133,4 +152,5 @@ RULES = (
     headers_say_pragma_once,
     includes_go_down_the_layers,
     no_include_circles,
+    headers_export_no_variable,
 )

@@ -48,7 +48,8 @@ class SourceFile:
 
     @property
     def is_test(self):
-        return self.path.startswith("tests/") or PurePosixPath(self.path).stem.endswith("_test")
+        in_tests = self.path.startswith(("tests/", "lab/tests/", "lab/contract/"))
+        return in_tests or PurePosixPath(self.path).stem.endswith("_test")
 
     @cached_property
     def lines(self):
@@ -69,6 +70,19 @@ class SourceFile:
         """(line number, included path, whether it is quoted) of each include of a C++ file."""
         text = self.without_comments
         return [(text.count("\n", 0, m.start()) + 1, m[2], m[1] == '"') for m in _INCLUDE.finditer(text)]
+
+    @cached_property
+    def table_rows(self):
+        """(line number, heading above, cells) of each row in a document's tables, without the tables' own headers."""
+        rows, heading = [], None
+        for number, line in enumerate(self.lines, 1):
+            if line.startswith("#"):
+                heading = line.lstrip("# ")
+            elif re.fullmatch(r"\|[-|: ]+\|", line):
+                rows.pop()
+            elif line.startswith("|"):
+                rows.append((number, heading, [cell.strip() for cell in line.strip("|").split("|")]))
+        return rows
 
     def at(self, line, message):
         return f"{self.path}:{line}: {message}"

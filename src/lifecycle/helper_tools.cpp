@@ -12,7 +12,7 @@ constexpr const wchar_t* kWallpaperTool = L"NorvTessaviewWallpaper.exe";
 constexpr const wchar_t* kPinTool = L"NorvTessaviewPin.exe";
 constexpr const wchar_t* kSetTessaview = L" -SET Tessaview";
 
-void Start(const wchar_t* tool, const std::wstring& arguments) {
+void StartTool(const wchar_t* tool, const std::wstring& arguments) {
   const auto path = PathBesideProgram(tool);
   if (os::QueryPath(path) != os::PathKind::File) {
     Log(L"[HelperTool] %ls is not there \n", path);
@@ -35,13 +35,13 @@ std::wstring QuotedArgument(const std::wstring& argument) {
 }
 
 void StartHelperTools() {
-  Start(kWallpaperTool, kSetTessaview);
-  Start(kPinTool, kSetTessaview);
+  StartTool(kWallpaperTool, kSetTessaview);
+  StartTool(kPinTool, kSetTessaview);
 }
 
 void SetWallpaper(const wchar_t* option, const std::wstring& picture) {
-  Start(kWallpaperTool, kSetTessaview);
-  Start(kWallpaperTool, L" " + std::wstring(option) + L" " + QuotedArgument(picture));
+  StartTool(kWallpaperTool, kSetTessaview);
+  StartTool(kWallpaperTool, L" " + std::wstring(option) + L" " + QuotedArgument(picture));
 }
 
 }  // namespace tessaview

@@ -14,7 +14,7 @@ namespace {
 constexpr const wchar_t* kCheckTool = L"NorvTessaviewCheck.exe";
 constexpr int kMostAttempts = 20;
 constexpr int kReportedAttempt = 19;
-constexpr std::uint32_t kPauseMs = 500;
+constexpr std::uint32_t kRetryPauseMs = 500;
 
 constexpr std::uint32_t kNotInstalled = 0, kInstalled = 1;  // exit codes of the check tool
 
@@ -38,7 +38,7 @@ bool RunPackageCheck() {
     } else {
       Log(L" PackageCheck Fail , ExitCode = %d \n", exitCode);
     }
-    os::Sleep(kPauseMs);
+    os::Sleep(kRetryPauseMs);
     if (attempt == kReportedAttempt && started && exitCode == kNotInstalled) RecordUsage(L"NOT_EXIST_UWP");
   }
   return false;

@@ -44,7 +44,7 @@ void ForbidPowerSaving(const UiMessage& /*message*/) {
   EnterPowerSavingMode();
 }
 
-constexpr UiCommand kCommands[] = {
+constexpr UiCommand kBacklightCommands[] = {
     {L"BLSET", Match::Exact, SetBacklight, nullptr,
      "handle: percent; stores the backlight for mains or battery, whichever is in use; the UI dims the panel itself; "
      "answers POPBATTERYMESSAGE when battery saver would dim a panel that is bright"},
@@ -59,7 +59,7 @@ constexpr UiCommand kCommands[] = {
 }  // namespace
 
 UiCommandRows BacklightCommands() {
-  return kCommands;
+  return kBacklightCommands;
 }
 
 }  // namespace tessaview

@@ -27,7 +27,7 @@ void SetResolution(const UiMessage& message) {
   SetCPanelResolution(message.point.x, message.point.y);
 }
 
-constexpr UiCommand kCommands[] = {
+constexpr UiCommand kDisplayCommands[] = {
     {L"GETFREQUENCY", Match::Exact, TellRefreshRates, nullptr, "answers SETFREQUENCY with both refresh rates"},
     {L"SETFREQUENCY", Match::Exact, SetRefreshRate, nullptr, "point y: 30 or 60 (Hz); sets the C panel's refresh rate"},
     {L"SETRESOLUTION", Match::Exact, SetResolution, nullptr,
@@ -37,7 +37,7 @@ constexpr UiCommand kCommands[] = {
 }  // namespace
 
 UiCommandRows DisplayCommands() {
-  return kCommands;
+  return kDisplayCommands;
 }
 
 }  // namespace tessaview

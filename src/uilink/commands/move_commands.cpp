@@ -89,7 +89,7 @@ void PlaceTaskGroupWindowMaximized(const UiMessage& message) {
   MoveWindowByRect(message.Window(), PlaceOf(message.rect), true);
 }
 
-constexpr UiCommand kCommands[] = {
+constexpr UiCommand kMoveCommands[] = {
     {L"TOUCH", Match::Exact, TakeTouchedWindow, nullptr,
      "point; makes the window there the target of the arrows; answers UP, DOWN or FORBID"},
     {L"UP", Match::Exact, MoveTargetUp, nullptr, "moves the target window to the B panel"},
@@ -113,7 +113,7 @@ constexpr UiCommand kCommands[] = {
 }  // namespace
 
 UiCommandRows MoveCommands() {
-  return kCommands;
+  return kMoveCommands;
 }
 
 }  // namespace tessaview

@@ -25,7 +25,7 @@ void CenterCursor(const UiMessage& /*message*/) {
   StartCursorCentering();
 }
 
-constexpr UiCommand kCommands[] = {
+constexpr UiCommand kSystemCommands[] = {
     {L"GETPROCESSNAME", Match::Exact, TellProcessName, nullptr,
      "handle: window; answers PROCESSNAME= with the name of its program"},
     {L"SETTOUCHPAD", Match::Exact, TurnTouchPadOn, nullptr, "asks the hot-key component to turn the touch pad on"},
@@ -36,7 +36,7 @@ constexpr UiCommand kCommands[] = {
 }  // namespace
 
 UiCommandRows SystemCommands() {
-  return kCommands;
+  return kSystemCommands;
 }
 
 }  // namespace tessaview

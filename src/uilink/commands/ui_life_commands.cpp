@@ -47,7 +47,7 @@ void BlockActionMenu(const UiMessage& /*message*/) {
   DisarmMover();
 }
 
-constexpr UiCommand kCommands[] = {
+constexpr UiCommand kUiLifeCommands[] = {
     {L"ALIVE", Match::Exact, NoteUiAlive, nullptr, "the UI is ready; activates the packaged UI"},
     {L"DIED", Match::Exact, NoteUiDied, nullptr, "the UI is not ready any more"},
     {L"CLOSEQUICKGUIDE", Match::Exact, NoteGuideClosed, nullptr, "the setup guide is over, the UI is ready"},
@@ -60,7 +60,7 @@ constexpr UiCommand kCommands[] = {
 }  // namespace
 
 UiCommandRows UiLifeCommands() {
-  return kCommands;
+  return kUiLifeCommands;
 }
 
 }  // namespace tessaview

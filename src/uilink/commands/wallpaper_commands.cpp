@@ -19,7 +19,7 @@ void SetBPanelWallpaper(const UiMessage& message) {
   SetWallpaper(L"-UIB", PictureOf(message));
 }
 
-constexpr UiCommand kCommands[] = {
+constexpr UiCommand kWallpaperCommands[] = {
     {L"WALLPAPER=", Match::Contains, SetCPanelWallpaper, nullptr,
      "the picture's path behind the sign; the wallpaper tool shows it on the C panel"},
     {L"WALLPAPERB=", Match::Contains, SetBPanelWallpaper, nullptr,
@@ -29,7 +29,7 @@ constexpr UiCommand kCommands[] = {
 }  // namespace
 
 UiCommandRows WallpaperCommands() {
-  return kCommands;
+  return kWallpaperCommands;
 }
 
 }  // namespace tessaview

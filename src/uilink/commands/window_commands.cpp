@@ -28,7 +28,7 @@ void PutOnTop(const UiMessage& message) {
   if (!Hangs(message.Window())) (void)os::SetTopmost(message.Window(), topmost);
 }
 
-constexpr UiCommand kCommands[] = {
+constexpr UiCommand kWindowCommands[] = {
     {L"VIEWCLOSE", Match::Exact, CloseView, nullptr,
      "handle: window; hides and closes it, and after 5 seconds ends its program"},
     {L"HOME", Match::Exact, GoHome, nullptr, "minimises the applications on the C panel and hides companion windows"},
@@ -51,7 +51,7 @@ constexpr UiCommand kCommands[] = {
 }  // namespace
 
 UiCommandRows WindowCommands() {
-  return kCommands;
+  return kWindowCommands;
 }
 
 }  // namespace tessaview
