@@ -56,20 +56,6 @@ TEST(PathRotation, IsReadAndSetTo270DegreesOnUsablePathsOnly) {
   }
 }
 
-TEST(PathRotation, IsThatOfTheLastPathWithTheKey) {
-  Laptop laptop;
-  auto& second = laptop.displays.AddMonitor({.instanceId = L"DISPLAY\\TSB8888\\5&9"});
-  laptop.displays.cPanel().Rotate(1);
-  second.Rotate(2);
-  EXPECT_EQ(GetMonitorRotation(kKey), 3U);
-  laptop.faults.Fail<&os::ChangeDisplayConfiguration>({.error = 1610, .times = 1});
-  EXPECT_EQ(SetMonitorEx(kKey), 0) << "the first change was refused, the last one not";
-  EXPECT_EQ(laptop.displays.cPanel().orientation, 3U) << "the second change carried the first one too";
-  EXPECT_EQ(second.orientation, 3U);
-  laptop.faults.Fail<&os::ChangeDisplayConfiguration>({.error = 1610});
-  EXPECT_EQ(SetMonitorEx(kKey), 1610);
-}
-
 TEST(ProjectionMode, IsOneOfFourOrNone) {
   using Flags = std::array<bool, 4>;
   const auto query = [] {

@@ -56,9 +56,13 @@ TEST(F6, ASequenceIsJudgedByTheChoiceAtItsFirstPress) {
   EXPECT_TRUE(laptop.trace.Contains(StartLine(kPanel, 2)));
   laptop.hotKey.UseF6(kOther);
   EXPECT_TRUE(laptop.trace.Contains(StartLine(kPad, 1))) << "a new sequence counts from the beginning";
-  laptop.settings.Set(L"Tessaview", L"on");
-  laptop.hotKey.UseF6(kOther, 2);
-  EXPECT_TRUE(laptop.trace.Contains(StartLine(kPad, 2))) << "what is no choice leaves the last one in force";
+  for (const auto* const last : {L"On", L"Off"}) {
+    laptop.settings.Set(L"Tessaview", last);
+    laptop.hotKey.UseF6(kOther);
+    laptop.settings.Set(L"Tessaview", L"on");
+    laptop.hotKey.UseF6(kOther, 2);
+    EXPECT_TRUE(laptop.trace.Contains(StartLine(last == std::wstring(L"On") ? kPanel : kPad, 2))) << "no choice";
+  }
 }
 
 /// A laptop at work, its panel on, its events as the hot-key component leaves them.

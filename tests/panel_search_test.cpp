@@ -142,16 +142,6 @@ TEST(PanelSearch, LeavesZeroWhatItCannotRead) {
   }
 }
 
-TEST(PanelGeometry, IsThatOfThePanelsThatAreThere) {
-  Laptop laptop;
-  for (const auto topology : {Topology::Extend, Topology::Internal, Topology::External}) {
-    laptop.displays.Project(topology);
-    InitialDisplay();
-    EXPECT_EQ(gBPanel.get(), topology == Topology::External ? kAbsent : kBAtTop);
-    EXPECT_EQ(gCPanel.get(), topology == Topology::Internal ? kAbsent : kCBelow);
-  }
-}
-
 /// Several threads refresh at once while the system is slow and the panel comes and goes: each refresh is whole.
 TEST(PanelGeometry, IsRefreshedByOneThreadAtATime) {
   for (std::uint32_t seed = 1; seed <= 20; ++seed) {

@@ -179,8 +179,7 @@ class RandomLife {
   }
 
   void DisturbDisplays() {
-    constexpr Topology kChoices[] = {Topology::Internal, Topology::Clone, Topology::Extend,
-                                         Topology::External};
+    constexpr Topology kChoices[] = {Topology::Internal, Topology::Clone, Topology::Extend, Topology::External};
     const auto pick = Pick(3);
     if (pick == 0) return laptop.displays.UserProjects(kChoices[Pick(std::size(kChoices))]);
     auto& screen = Pick(2) == 0 ? laptop.displays.bPanel() : laptop.displays.cPanel();

@@ -67,13 +67,6 @@ TEST(StartUp, LeavesAtOnceAndTouchesNothingBesideAnotherInstanceOrWithoutAWindow
   }
 }
 
-TEST(StartUp, TakesSetupForUnfinishedWhenTheSystemCannotTell) {
-  Laptop laptop;
-  laptop.faults.Fail<&os::IsSetupComplete>();
-  EXPECT_TRUE(laptop.Boot());
-  EXPECT_TRUE(laptop.processes.Starts().empty());
-}
-
 TEST(StartUp, WaitsForTheUsersDesktopWithoutATimeLimitAndServesWhatCameMeanwhile) {
   for (const auto* const cover : {kCoreClass, L"BootAppClass"}) {
     SCOPED_TRACE(testing::PrintToString(cover));

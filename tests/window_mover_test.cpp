@@ -36,7 +36,7 @@ TEST_F(Mover, ShowsTheOverlayOnceTheWindowMovesAndThePointerIsFarEnough) {
   EXPECT_TRUE(laptop.desktop.Journal(window).empty());
 }
 
-TEST_F(Mover, HoversThrowsDownAndRecordsTheUse) {
+TEST_F(Mover, HoversThrowsDownAndPins) {
   const auto window = Open();
   const MoverText normal{L"WSNORMAL", {700, 146}}, down{L"WSHOVER", {675, 134}}, pin{L"WSHOVER", {675, 134}, true};
   DragOut(laptop, window, kPress, kAway);
@@ -55,6 +55,16 @@ TEST_F(Mover, HoversThrowsDownAndRecordsTheUse) {
   EXPECT_EQ(Told(window), (MoverTexts{{L"WSPRESS", {700, 146}}, {L"WSENTER", {}}, {L"WSPRESS", {700, 146}}}));
   EXPECT_EQ(laptop.Area(window), kCPanel);
   EXPECT_EQ(laptop.trace.Usage(), Texts{L"DRAGMOVE_WINDOWMOVER_DOWN_notepad"});
+  // By "pin" the pause is longer, and the use is not recorded.
+  laptop.desktop.Drag(window, kAnywhere);
+  DragOut(laptop, window, kPress, kPin);
+  Told(window);
+  const auto pinned = laptop.NowMs();
+  laptop.mouse.Drop();
+  EXPECT_EQ(laptop.NowMs() - pinned, 1000U);
+  EXPECT_EQ(Told(window), (MoverTexts{{L"WSPRESS", {700, 146}}, {L"WSENTER", {}, true}, {L"WSPRESS", {700, 146}}}));
+  EXPECT_EQ(laptop.Area(window), kCPanel);
+  EXPECT_EQ(laptop.trace.Usage().size(), 1U);
   EXPECT_TRUE(LogsInOrder(
       laptop,
       {L"[Window Mover] EVENT_SYSTEM_MOVESIZESTART \n", L"[Window Mover] Window validity , To be WindowMoverHandle \n",
@@ -63,18 +73,6 @@ TEST_F(Mover, HoversThrowsDownAndRecordsTheUse) {
        L"[Window Mover] WindowMoverUIEnable = TRUE \n", L"[Window Mover] Hover on Window Mover UI : Down \n",
        L"[Window Mover] Leave, Show Window Mover UI (Normal)  \n", L"[Window Mover] Mouse Left Button Up \n",
        L"[Window Mover] Trigger on Window Mover UI : Down \n", L"[Window Mover] Move Window to C Panel \n"}));
-}
-
-TEST_F(Mover, PinsWithALongerPauseAndNoRecordOfTheUse) {
-  const auto window = Open();
-  DragOut(laptop, window, kPress, kPin);
-  Told(window);
-  const auto start = laptop.NowMs();
-  laptop.mouse.Drop();
-  EXPECT_EQ(laptop.NowMs() - start, 1000U);
-  EXPECT_EQ(Told(window), (MoverTexts{{L"WSPRESS", {700, 146}}, {L"WSENTER", {}, true}, {L"WSPRESS", {700, 146}}}));
-  EXPECT_EQ(laptop.Area(window), kCPanel);
-  EXPECT_TRUE(laptop.trace.Usage().empty());
 }
 
 TEST_F(Mover, ThrowsUpFromTheCPanel) {
