@@ -15,7 +15,7 @@ TEST(BacklightFromTheUi, IsStoredInFirmwareUnits) {
        {std::pair(0, L"0"), {39, L"99"}, {100, L"255"}, {-4, L"-10"}, {2'000'000'000, L"2147483647"}}) {
     laptop.ui.Send(L"BLSET", {.percent = percent});
     EXPECT_EQ(laptop.settings.Text(L"Backlight"), stored);
-    EXPECT_EQ(std::to_wstring(static_cast<std::int32_t>(gSettings.get().UserBacklightValue)), stored);
+    EXPECT_EQ(std::to_wstring(static_cast<std::int32_t>(gSettings().UserBacklightValue)), stored);
   }
   EXPECT_TRUE(laptop.firmware.Writes(Firmware::kBacklight).empty()) << "the UI sets the panel itself";
   EXPECT_TRUE(laptop.ui.Received().empty());

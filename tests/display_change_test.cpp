@@ -60,7 +60,7 @@ TEST(WinP, BringsBackAPanelThatIsOffAndWanted) {
       EXPECT_EQ(laptop.trace.Count(kWinPStart), 2u) << "for the press and the release";
       EXPECT_EQ(laptop.displays.topology, comesBack ? Topology::Extend : Topology::Clone);
       EXPECT_EQ(laptop.trace.Contains(L"[MoveCPanelMonitorOnePixel] Start Move CPanel"), comesBack);
-      EXPECT_FALSE(tessaview::Win_P_WindowMoveFlag.get());
+      EXPECT_FALSE(tessaview::ClaimWin_P_WindowMoveFlag());
       if (comesBack) EXPECT_EQ(laptop.displays.cPanel().Area(), kCPanel);
     }
   }

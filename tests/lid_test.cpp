@@ -85,7 +85,7 @@ TEST(Lid, WhatClosingItDoesIsToldToSecondGenerationFirmware) {
     RunningLaptop laptop({.generation = each.generation});
     laptop.power.Notify(os::PowerSetting::LidCloseAction, each.action);
     EXPECT_EQ(laptop.firmware.Writes(Firmware::kLidCloseAction), each.onChange);
-    EXPECT_EQ(tessaview::gLidDoNothing.get(), each.generation == 2 && each.action == kNothing);
+    EXPECT_EQ(tessaview::gLidDoNothing(), each.generation == 2 && each.action == kNothing);
     ForgetTheStory(laptop);
     laptop.power.SetSchemeLidAction(false, each.action);
     laptop.power.Unplug();

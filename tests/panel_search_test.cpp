@@ -30,7 +30,7 @@ TEST(PanelSearch, FindsBothPanelsWithAllThatIsToKnow) {
   laptop.displays.cPanel().frequency = 30;
   laptop.displays.cPanel().devicePath = L"\\\\?\\display#tsb8888#4&1b1f3fd7&0&uid8392784#{e6f07b5f}";
   EXPECT_EQ(EnumDisplayDevice(), PanelsFound::Both);
-  const auto [b, c] = gPanelDisplayInfo.get();
+  const auto [b, c] = gPanelDisplayInfo();
   EXPECT_EQ(b.gdiDeviceName, L"\\\\.\\DISPLAY1");
   EXPECT_EQ(b.hardwareId, L"DISPLAY\\BOE0D53");
   EXPECT_EQ(b.SettingsView(), kBAtTop);
@@ -62,7 +62,7 @@ TEST(PanelSearch, TellsThePanelsByTheIdsUpToTheirLastBackslash) {
     laptop.registry.SetText(kFactory, L"BPanelHardwareID", b);
     laptop.registry.SetText(kFactory, L"CPanelHardwareID", c);
     EXPECT_EQ(EnumDisplayDevice(), found);
-    if (found == PanelsFound::None) ExpectNothingButTheId(gPanelDisplayInfo.get().cPanel);
+    if (found == PanelsFound::None) ExpectNothingButTheId(gPanelDisplayInfo().cPanel);
   }
   Laptop laptop;
   laptop.registry.SetText(kFactory, L"BPanelHardwareID", std::wstring(512, L'B'));
@@ -78,7 +78,7 @@ TEST(PanelSearch, OverlooksDisplaysThatAreNotPlainlyActive) {
     ExpectNothingButTheId(gPanelDisplayInfo().cPanel);
     change(laptop.displays.bPanel());
     EXPECT_EQ(EnumDisplayDevice(), PanelsFound::None);
-    ExpectNothingButTheId(gPanelDisplayInfo.get().bPanel);
+    ExpectNothingButTheId(gPanelDisplayInfo().bPanel);
   }
 }
 
@@ -113,7 +113,7 @@ TEST(PanelSearch, ScalesPositionsByTheSmallestScaleAndSizesByTheirOwn) {
     laptop.displays.cPanel().dpi = dpi.c;
     laptop.displays.AddMonitor({.dpi = dpi.third});
     EnumDisplayDevice();
-    const auto found = gPanelDisplayInfo.get();
+    const auto found = gPanelDisplayInfo();
     EXPECT_EQ(MonitorView(found.bPanel), dpi.bView);
     EXPECT_EQ(MonitorView(found.cPanel), dpi.cView);
     EXPECT_EQ(found.bPanel.scale, static_cast<float>(dpi.b) / 96);
@@ -137,8 +137,8 @@ TEST(PanelSearch, LeavesZeroWhatItCannotRead) {
     Laptop laptop;
     trouble.fail(laptop.faults);
     EXPECT_EQ(EnumDisplayDevice(), trouble.found);
-    EXPECT_EQ(gPanelDisplayInfo.get().bPanel.SettingsView(), trouble.settings);
-    EXPECT_EQ(MonitorView(gPanelDisplayInfo.get().bPanel), trouble.monitor);
+    EXPECT_EQ(gPanelDisplayInfo().bPanel.SettingsView(), trouble.settings);
+    EXPECT_EQ(MonitorView(gPanelDisplayInfo().bPanel), trouble.monitor);
   }
 }
 

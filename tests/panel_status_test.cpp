@@ -33,7 +33,7 @@ TEST_F(PanelStatus, IsOnAndUnmaskedOnlyWhenChosenOnExtendedAndTheRightWayUp) {
         isTessaviewPowerOn.set(!shown);
         tessaview::Update_UI_Status();
         tessaview::Update_UI_Mask_Status();
-        EXPECT_EQ(isTessaviewPowerOn.get(), chosen ? shown : !shown);
+        EXPECT_EQ(isTessaviewPowerOn(), chosen ? shown : !shown);
         EXPECT_EQ(laptop.ui.Received(), shown    ? (Texts{L"POWERON", L"CLOSEMASK"})
                                         : chosen ? Texts{L"POWEROFF"}
                                                  : Texts{});

@@ -94,7 +94,7 @@ TEST(TouchScreenCheck, KeepsTheUiAwayOnlyWhenTheControllerIsThereWithoutItsScree
     laptop.touch.touchScreen().plugged = each.hasScreen;
     each.arrange(laptop.touch);
     tessaview::CheckTouchScreenHid();
-    EXPECT_EQ(tessaview::gTouchScreenHidWrong.get(), each.isWrong) << each.what;
+    EXPECT_EQ(tessaview::gTouchScreenHidWrong(), each.isWrong) << each.what;
   }
 }
 

@@ -15,9 +15,9 @@ TEST(SettingsFile, IsCreatedWithItsDefaultsOnTheDriveOfTheCommonApplicationData)
   laptop.files.commonAppData = L"E:\\Some\\Where";
   laptop.files.AddFolder(L"E:\\Some\\Where");
   laptop.Boot();
-  EXPECT_EQ(gSettingsPath.get(),
+  EXPECT_EQ(gSettingsPath(),
             L"E:\\Windows\\system32\\config\\systemprofile\\AppData\\Local\\NORV\\Vantyra\\TessaviewSetting.ini");
-  EXPECT_EQ(laptop.files.Text(gSettingsPath.get()),
+  EXPECT_EQ(laptop.files.Text(gSettingsPath()),
             L"[PowerStatus]\r\nTessaview=On\r\nBacklight=116\r\nBacklightDC=116\r\nPowerSaving=1\r\nMode=Cursor\r\n");
 }
 
@@ -52,10 +52,10 @@ TEST(SettingsFile, WithoutAPlaceForItReadsGiveDefaultsAndWritesAreLost) {
   laptop.faults.Fail<&os::CommonAppDataFolder>();
   laptop.Boot();
   EXPECT_EQ(ReadSavedPower(), SavedPower::NoChoice);
-  EXPECT_EQ(gSettings.get().UserBacklightValueDC, 116u);
-  EXPECT_EQ(gSettings.get().PowerSaving, 1u);
+  EXPECT_EQ(gSettings().UserBacklightValueDC, 116u);
+  EXPECT_EQ(gSettings().PowerSaving, 1u);
   laptop.ui.Send(L"BLSET", {.percent = 50});
-  EXPECT_EQ(gSettings.get().UserBacklightValue, 127u) << "in memory the choice counts all the same";
+  EXPECT_EQ(gSettings().UserBacklightValue, 127u) << "in memory the choice counts all the same";
   EXPECT_EQ(laptop.faults.Calls<&os::WriteProfileText>(), 0u)
       << "without a path the system would write a file of its own";
 }

@@ -46,7 +46,7 @@ class Target : public testing::Test {
     EXPECT_EQ(told->text, text);
     EXPECT_EQ(told->handle, static_cast<std::uint64_t>(window));
     EXPECT_EQ(told->rect, window == os::WindowHandle::None ? os::Rect{} : laptop.Area(window));
-    EXPECT_EQ(PreviousForegroundWindow.get(), window);
+    EXPECT_EQ(PreviousForegroundWindow(), window);
   }
 };
 

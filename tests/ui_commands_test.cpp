@@ -31,7 +31,7 @@ TEST(UiCommands, NothingButTheWholeTextIsACommand) {
   for (const auto* command : {L"", L"copywallpaper", L"COPYWALLPAPER ", L"COPYWALLPAPERS", L"BLGET"})
     laptop.ui.SendFileCopy(command, L"C:\\a", L"C:\\b");
   EXPECT_TRUE(laptop.trace.Lines().empty());
-  EXPECT_FALSE(isTessaviewAlive.get() || gUIVersionReported.get() || isActionMenuBlocked.get());
+  EXPECT_FALSE(isTessaviewAlive() || gUIVersionReported() || isActionMenuBlocked());
 }
 
 TEST(UiLife, FollowsWhatTheUiSays) {
@@ -40,7 +40,7 @@ TEST(UiLife, FollowsWhatTheUiSays) {
   for (const auto& [command, alive] :
        {std::pair(L"CLOSEQUICKGUIDE", true), {L"DIED", false}, {L"DIED", false}, {L"ALIVE", true}}) {
     laptop.ui.Send(command);
-    EXPECT_EQ(isTessaviewAlive.get(), alive) << testing::PrintToString(command);
+    EXPECT_EQ(isTessaviewAlive(), alive) << testing::PrintToString(command);
     EXPECT_TRUE(laptop.ui.Received().empty());
   }
 }
@@ -121,7 +121,7 @@ TEST(Versions, AreExchanged) {
     ForgetTheStory(laptop);
     laptop.ui.Send(text);
     EXPECT_EQ(laptop.ui.Received(), Texts{L"VERSION=65535.10.200.9"});
-    EXPECT_TRUE(gUIVersionReported.get());
+    EXPECT_TRUE(gUIVersionReported());
   }
   laptop.faults.Fail<&os::ReadFileVersion>();
   laptop.ui.Send(L"VERSION=1");
