@@ -22,11 +22,11 @@ TEST(PathRotation, IsThatOfThePathCarryingTheKeyAsOneOfItsParts) {
                                       {L"TSB888", 0U},
                                       {L"SB8888", 0U},
                                       {L"TSB8888#4&1B1F3FD7&0&UID8392784", 4U}}) {
-    EXPECT_EQ(GetMonitorRotation(key), rotation) << testing::PrintToString(key);
+    EXPECT_EQ(GetMonitorRotation({key}), rotation) << testing::PrintToString(key);
   }
   laptop.displays.cPanel().devicePath = L"\\\\?\\display#tsb8888##4&1#{e6f07b5f}";
   EXPECT_EQ(GetMonitorRotation(kKey), 4U);
-  EXPECT_EQ(GetMonitorRotation(L""), 0U) << "no key carries nothing, not even between two separators";
+  EXPECT_EQ(GetMonitorRotation({L""}), 0U) << "no key carries nothing, not even between two separators";
 }
 
 TEST(PathRotation, IsReadAndSetTo270DegreesOnUsablePathsOnly) {

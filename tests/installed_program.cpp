@@ -1,6 +1,6 @@
 // What the simulated laptops of the tests and benchmarks boot: the controller.
-#include "core/state.h"
 #include "app/start_up.h"
+#include "core/state.h"
 #include "sim/laptop.h"
 
 namespace {

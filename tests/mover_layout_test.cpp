@@ -24,7 +24,7 @@ struct Layout {
 void ExpectLayout(const Layout& each, const OverlayKind& kind, OverlayState state, int factor) {
   SCOPED_TRACE(testing::Message() << each.at.x << " state " << static_cast<int>(state) << " times " << factor);
   const auto area = [&](Range x) {
-    return MoverArea{kPress.x + factor * x.from, kPress.x + factor * x.to, kPress.y + factor * each.y.from,
+    return MoverRect{kPress.x + factor * x.from, kPress.x + factor * x.to, kPress.y + factor * each.y.from,
                      kPress.y + factor * each.y.to};
   };
   const auto overlay = LayOutMover(kind, state, kPress);

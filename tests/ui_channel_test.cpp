@@ -9,45 +9,42 @@ using namespace tessaview;
 using namespace support;
 using sim::Ui;
 
-using Sender = std::uint32_t (*)(const UiMessage&);
-
 TEST(UiChannel, TheWindowsThatAreOpenDecideWhoGetsAText) {
   struct Case {
     bool main = false, guide = false;
-    const wchar_t* text = L"POWERON";
+    UiText text = texts::kPowerOn;
     std::uint32_t result = 1;
-    const wchar_t *receiver = nullptr, *timeoutsReceiver = receiver;
+    const wchar_t* receiver = nullptr;
   };
   for (const auto& each :
-       {Case{.main = true, .text = L"OPENMASK", .receiver = Ui::kMainClass},
+       {Case{.main = true, .text = texts::kOpenMask, .receiver = Ui::kMainClass},
         Case{.main = true, .guide = true, .result = 0}, Case{.guide = true, .receiver = Ui::kGuideClass},
-        Case{.guide = true, .text = L"POWEROFF", .receiver = Ui::kGuideClass},
-        Case{.guide = true, .text = L"UACENTRY", .timeoutsReceiver = Ui::kGuideClass},
-        Case{.guide = true, .text = L"UACEXIT", .timeoutsReceiver = Ui::kGuideClass},
-        Case{.guide = true, .text = L"OPENMASK"}, Case{.guide = true, .text = L"poweron"}, Case{.result = 0}}) {
-    for (const Sender send : {SendUiText, SendUiTextTimeout}) {
-      SCOPED_TRACE(testing::Message() << each.text << ", main " << each.main << ", guide " << each.guide);
-      Laptop laptop;
-      laptop.ui.OpenVideo();  // never a receiver
-      if (each.main) laptop.ui.Start();
-      if (each.guide) laptop.ui.OpenGuide();
-      EXPECT_EQ(send({.text = each.text}), each.result);
-      const auto* expected = send == SendUiText ? each.receiver : each.timeoutsReceiver;
-      ASSERT_EQ(laptop.ui.ReceivedRecords().size(), expected == nullptr ? 0u : 1u);
-      if (expected != nullptr) EXPECT_EQ(laptop.ui.ReceivedRecords()[0].windowClass, expected);
-      if (expected != nullptr) EXPECT_EQ(laptop.ui.ReceivedRecords()[0].kind, 102u);
-    }
+        Case{.guide = true, .text = texts::kPowerOff, .receiver = Ui::kGuideClass},
+        Case{.guide = true, .text = texts::kUacEntry, .receiver = Ui::kGuideClass},
+        Case{.guide = true, .text = texts::kUacExit, .receiver = Ui::kGuideClass},
+        Case{.guide = true, .text = texts::kOpenMask}, Case{.result = 0}}) {
+    SCOPED_TRACE(testing::Message() << each.text.name << ", main " << each.main << ", guide " << each.guide);
+    Laptop laptop;
+    laptop.ui.OpenVideo();  // never a receiver
+    if (each.main) laptop.ui.Start();
+    if (each.guide) laptop.ui.OpenGuide();
+    EXPECT_EQ(TellUi(each.text), each.result);
+    ASSERT_EQ(laptop.ui.ReceivedRecords().size(), each.receiver == nullptr ? 0u : 1u);
+    if (each.receiver == nullptr) continue;
+    EXPECT_EQ(laptop.ui.ReceivedRecords()[0].windowClass, each.receiver);
+    EXPECT_EQ(laptop.ui.ReceivedRecords()[0].kind, 102u);
   }
 }
 
-TEST(UiChannel, ABusyUiIsWaitedForAsLongAsTheSenderMay) {
+TEST(UiChannel, ABusyUiIsWaitedForAsLongAsTheTextsRowSays) {
   struct Case {
-    Sender send;
+    UiText text;
     std::uint32_t busyMs, heldUpMs = busyMs;
     bool isTaken = true;
   };
-  for (const auto& each : {Case{.send = SendUiText, .busyMs = 45'000}, Case{.send = SendUiTextTimeout, .busyMs = 60},
-                           Case{.send = SendUiTextTimeout, .busyMs = 101, .heldUpMs = 100, .isTaken = false}}) {
+  for (const auto& each :
+       {Case{.text = texts::kOpenMask, .busyMs = 45'000}, Case{.text = texts::kUacExit, .busyMs = 60},
+        Case{.text = texts::kUacExit, .busyMs = 101, .heldUpMs = 100, .isTaken = false}}) {
     SCOPED_TRACE(each.busyMs);
     Laptop laptop({.uiRunning = true});
     const auto start = laptop.NowMs();
@@ -55,12 +52,12 @@ TEST(UiChannel, ABusyUiIsWaitedForAsLongAsTheSenderMay) {
     std::optional<std::uint64_t> returnedAt;
     // From a thread of the controller's, as a blocked test could not arrange anything any more.
     os::StartThread(L"sender", [&] {
-      EXPECT_EQ(each.send({.text = L"POWERON"}), 1u);
+      EXPECT_EQ(TellUi(each.text), 1u);
       returnedAt = laptop.NowMs();
     });
     laptop.Settle();
     EXPECT_EQ(returnedAt, start + each.heldUpMs);
-    EXPECT_EQ(laptop.ui.Received(), each.isTaken ? Texts{L"POWERON"} : Texts{});
+    EXPECT_EQ(laptop.ui.Received(), each.isTaken ? Texts{each.text.name} : Texts{});
   }
 }
 
