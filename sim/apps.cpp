@@ -9,14 +9,6 @@ constexpr std::uint32_t kApplicationNotKnown = 0x8027'0254;  // E_APPLICATION_NO
 
 }  // namespace
 
-void Apps::InstallUi() {
-  SetInstalled(true);
-}
-
-void Apps::RemoveUi() {
-  SetInstalled(false);
-}
-
 void Apps::SetInstalled(bool installed) {
   uiInstalled = installed;
   processes_[kCheckTool].exitCode = installed ? 1 : 0;

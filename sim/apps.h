@@ -42,8 +42,8 @@ class Apps {
 
   /// The UI's package is installed, or removed; the list of packages in the registry changes with it, and the laptop
   /// settles.
-  void InstallUi();
-  void RemoveUi();
+  void InstallUi() { SetInstalled(true); }
+  void RemoveUi() { SetInstalled(false); }
 
   [[nodiscard]] const std::vector<Activation>& Activations() const { return activations_; }
   [[nodiscard]] std::size_t OpenManagers() const { return managers_.size(); }

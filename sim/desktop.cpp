@@ -28,7 +28,9 @@ os::Rect AtEdge(os::Rect area, Edge edge, std::int32_t thickness) {
 Desktop::Desktop(Scheduler& scheduler, const FileSystem& files, const Displays& displays, Processes& processes,
                  WindowEvents& events)
     : scheduler_(scheduler), files_(files), displays_(displays), processes_(processes), events_(events) {
-  processes_.WhenOneEnds([this](std::uint32_t processId) { CloseAllOf(processId); });
+  processes_.WhenOneEnds([this](std::uint32_t processId) {
+    CloseWhere([processId](const Window& each) { return each.processId == processId; });
+  });
   Open({.className = L"HCONTROL",
         .title = L"HControl",
         .program = L"C:\\Windows\\System32\\HControl.exe",
@@ -72,11 +74,7 @@ WindowHandle Desktop::OpenTaskbar(const Screen& screen, Edge edge, std::int32_t 
 
 void Desktop::Close(WindowHandle window) {
   if (window == WindowHandle::None) return;
-  const auto goesAlong = [window](const Window& each) { return each.parent == window || each.owner == window; };
-  for (auto each = std::find_if(windows_.begin(), windows_.end(), goesAlong); each != windows_.end();
-       each = std::find_if(windows_.begin(), windows_.end(), goesAlong)) {
-    Close(WindowHandle(each->handle));
-  }
+  CloseWhere([window](const Window& each) { return each.parent == window || each.owner == window; });
   std::erase_if(windows_, [window](const Window& each) { return each.handle == window; });
   if (shell_ == window) shell_ = WindowHandle::None;
   if (foreground_ == window) PassOnForeground();
@@ -86,10 +84,9 @@ void Desktop::CloseAll(const std::wstring& className) {
   for (auto window = Find(className); window != WindowHandle::None; window = Find(className)) Close(window);
 }
 
-void Desktop::CloseAllOf(std::uint32_t processId) {
-  const auto isOf = [processId](const Window& each) { return each.processId == processId; };
-  for (auto each = std::find_if(windows_.begin(), windows_.end(), isOf); each != windows_.end();
-       each = std::find_if(windows_.begin(), windows_.end(), isOf)) {
+void Desktop::CloseWhere(const Concerned& concerned) {
+  for (auto each = std::find_if(windows_.begin(), windows_.end(), concerned); each != windows_.end();
+       each = std::find_if(windows_.begin(), windows_.end(), concerned)) {
     Close(WindowHandle(each->handle));
   }
 }

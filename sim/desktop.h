@@ -106,10 +106,10 @@ class Desktop {
   /// L"move 0 0 1920 1080" (place and size), L"place 3 (0,0,800,600)" (how it is shown and its rectangle), L"topmost
   /// 1", L"exstyle 08000000", L"close". Kept also when the window is gone.
   [[nodiscard]] std::vector<std::wstring> Journal(os::WindowHandle window) const;
-  void ForgetJournals() { journals_.clear(); }
 
  private:
-  void CloseAllOf(std::uint32_t processId);
+  using Concerned = std::function<bool(const Window&)>;
+  void CloseWhere(const Concerned& concerned);
   void BringToTop(os::WindowHandle window);
   void PassOnForeground();
   [[nodiscard]] os::Rect WorkArea(const os::Rect& monitor) const;
@@ -156,7 +156,6 @@ class Desktop::Door : public Desktop {
   void AskToClose(os::WindowHandle window);
 
  private:
-  using Concerned = std::function<bool(const Window&)>;
   [[nodiscard]] bool AllAnswer(const Concerned& concerned) const;
   bool AwaitThreads(const Concerned& concerned, std::optional<std::uint64_t> deadlineMs);
 };

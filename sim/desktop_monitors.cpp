@@ -13,12 +13,6 @@ os::MonitorHandle HandleOf(std::size_t index) {
   return static_cast<os::MonitorHandle>(0x10001 + 2 * index);
 }
 
-std::int64_t Overlap(const os::Rect& a, const os::Rect& b) {
-  const auto width = std::int64_t{std::min(a.right, b.right)} - std::max(a.left, b.left);
-  const auto height = std::int64_t{std::min(a.bottom, b.bottom)} - std::max(a.top, b.top);
-  return width > 0 && height > 0 ? width * height : 0;
-}
-
 /// The square of the distance between two areas; 0 when they meet.
 std::int64_t Distance(const os::Rect& a, const os::Rect& b) {
   const auto dx = std::max<std::int64_t>({0, std::int64_t{b.left} - a.right, std::int64_t{a.left} - b.right});

@@ -6,11 +6,11 @@
 
 #include "sim/bytes.h"
 #include "sim/displays.h"
+#include "sim/system_errors.h"
 
 namespace sim {
 namespace {
 
-constexpr std::int32_t kInvalidParameter = 87;
 constexpr std::uint32_t kNoMode = 0xFFFFFFFF;  // DISPLAYCONFIG_PATH_MODE_IDX_INVALID
 constexpr std::uint32_t kModeIsSource = 1, kModeIsTarget = 2, kPixels32 = 4;
 constexpr std::uint32_t kTopologyFlags = 0xF;  // SDC_TOPOLOGY_*, the same bits as the topology ids

@@ -16,7 +16,7 @@ namespace {
 
 const std::wstring kDatabase = L"SYSTEM\\CurrentControlSet\\Control\\GraphicsDrivers\\Configuration";
 
-/// A monitor's serial: the first text of its own for it, at most 12 characters; else the number at offset 12.
+/// The serial in a descriptor of its own, at most 12 characters of it; without one the 32-bit serial number.
 std::wstring SerialOf(os::BytesView edid) {
   for (std::size_t at = 54; at < 126; at += 18) {
     if (edid[at + 3] != 0xFF) continue;
@@ -26,8 +26,8 @@ std::wstring SerialOf(os::BytesView edid) {
   return std::to_wstring(GetWord(edid, 12));
 }
 
-/// A monitor in the names: model, serial, week and year of manufacture, checksum, such as
-/// "TSB88882290649088_1C_07DB_26". Of one whose EDID cannot be read the model and zeros.
+/// How a name tells a monitor: by model, serial, week and year of manufacture and checksum, such as
+/// "TSB88882290649088_1C_07DB_26". Without an EDID all but the model is zero, and there is no serial.
 std::wstring KeyOf(const Screen& screen) {
   const auto& id = screen.instanceId;
   const auto begin = id.find(L'\\') + 1;

@@ -9,10 +9,6 @@
 namespace sim {
 namespace {
 
-bool Overlap(const os::Rect& a, const os::Rect& b) {
-  return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
-}
-
 /// Edges that meet, along at least one pixel.
 bool Touch(const os::Rect& a, const os::Rect& b) {
   const bool besides = (a.right == b.left || b.right == a.left) && a.top < b.bottom && b.top < a.bottom;
@@ -22,7 +18,7 @@ bool Touch(const os::Rect& a, const os::Rect& b) {
 
 bool FitsIn(const Screen& screen, const std::vector<Screen*>& placed) {
   const auto area = screen.Area();
-  const auto overlaps = [&](const Screen* other) { return Overlap(area, other->Area()); };
+  const auto overlaps = [&](const Screen* other) { return Overlap(area, other->Area()) > 0; };
   const auto touches = [&](const Screen* other) { return Touch(area, other->Area()); };
   return std::none_of(placed.begin(), placed.end(), overlaps) && std::any_of(placed.begin(), placed.end(), touches);
 }

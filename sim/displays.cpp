@@ -94,18 +94,19 @@ void Displays::ForgetChanges() {
   configurationChanges_.clear();
 }
 
-const Screen* Displays::Door::FindSource(const os::DisplayPath& path) const {
-  const auto isIt = [&](const Screen& s) { return s.sourceId == path.source.id && s.adapter == path.source.adapter; };
+template <class Wanted>
+const Screen* Displays::First(Wanted isIt) const {
   const auto found = std::find_if(screens_.begin(), screens_.end(), isIt);
   return found == screens_.end() ? nullptr : &*found;
 }
 
+const Screen* Displays::Door::FindSource(const os::DisplayPath& path) const {
+  return First([&](const auto& s) { return s.sourceId == path.source.id && s.adapter == path.source.adapter; });
+}
+
 const Screen* Displays::Door::FindTarget(const os::DisplayPath& path) const {
-  const auto isIt = [&](const Screen& s) {
-    return s.plugged && s.targetId == path.target.id && s.adapter == path.target.adapter;
-  };
-  const auto found = std::find_if(screens_.begin(), screens_.end(), isIt);
-  return found == screens_.end() ? nullptr : &*found;
+  return First(
+      [&](const auto& s) { return s.plugged && s.targetId == path.target.id && s.adapter == path.target.adapter; });
 }
 
 /// A cloned display shows the picture of the first one's source; its own source shows nothing.
@@ -114,8 +115,7 @@ bool Displays::MirrorsFirst(const Screen& screen) const {
 }
 
 const Screen* Displays::FindGdiName(const std::wstring& name) const {
-  const auto found = std::find_if(screens_.begin(), screens_.end(), [&](const auto& s) { return s.gdiName == name; });
-  return found == screens_.end() ? nullptr : &*found;
+  return First([&](const auto& s) { return s.gdiName == name; });
 }
 
 Screen* Displays::Door::Named(const std::wstring& gdiName) {

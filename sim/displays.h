@@ -83,6 +83,8 @@ class Displays {
 
  private:
   friend class Firmware;  // whose panel comes and goes with its power
+  template <class Wanted>
+  const Screen* First(Wanted isIt) const;
   void Leave(Screen& screen);
   void LayOut();
   void LayOutAndTell();

@@ -1,13 +1,13 @@
 #include "os/displays.h"
 #include "sim/bytes.h"
 #include "sim/parts.h"
+#include "sim/system_errors.h"
 
 namespace os {
 namespace {
 
 using sim::Machine;
 
-constexpr std::uint32_t kInsufficientBuffer = 122;
 constexpr std::size_t kLongestMonitorPath = 127, kLongestFriendlyName = 63;
 
 }  // namespace
@@ -20,7 +20,7 @@ Result<DisplayConfiguration> QueryDisplayConfiguration(DisplayQuery sizes, Displ
   DisplayConfiguration configuration;
   configuration.paths = displays.Paths(query != DisplayQuery::AllPaths);
   configuration.modes = displays.Modes();
-  if (configuration.paths.size() > room) return Error{kInsufficientBuffer};
+  if (configuration.paths.size() > room) return Error{sim::kInsufficientBuffer};
   configuration.paths.resize(call.Shortened(configuration.paths.size()));
   if (query == DisplayQuery::DatabaseCurrent) configuration.topology = displays.topology;
   return configuration;
@@ -34,15 +34,13 @@ std::int32_t ChangeDisplayConfiguration(const std::vector<DisplayPath>& paths, c
 }
 
 std::wstring SourceGdiName(const DisplayPath& path) {
-  const auto call = sim::Enter<&SourceGdiName>();
-  if (call.failed()) return {};
+  if (sim::Enter<&SourceGdiName>().failed()) return {};
   const auto* screen = Machine().displays.FindSource(path);
   return screen == nullptr ? std::wstring() : screen->gdiName;
 }
 
 TargetName QueryTargetName(const DisplayPath& path) {
-  const auto call = sim::Enter<&QueryTargetName>();
-  if (call.failed()) return {};
+  if (sim::Enter<&QueryTargetName>().failed()) return {};
   const auto* screen = Machine().displays.FindTarget(path);
   if (screen == nullptr) return {};
   TargetName name{.monitorDevicePath = screen->devicePath.substr(0, kLongestMonitorPath),
@@ -75,8 +73,7 @@ std::optional<std::wstring> DisplayDeviceName(std::uint32_t index) {
 }
 
 std::optional<DisplaySettings> CurrentDisplaySettings(const std::wstring& gdiName) {
-  const auto call = sim::Enter<&CurrentDisplaySettings>();
-  if (call.failed()) return std::nullopt;
+  if (sim::Enter<&CurrentDisplaySettings>().failed()) return std::nullopt;
   const auto* screen = Machine().displays.FindGdiName(gdiName);
   if (screen == nullptr) return std::nullopt;
   if (!Machine().displays.MirrorsFirst(*screen)) return screen->Settings();
@@ -85,8 +82,7 @@ std::optional<DisplaySettings> CurrentDisplaySettings(const std::wstring& gdiNam
 
 std::int32_t ChangeDisplaySettings(const std::wstring& gdiName, const DisplaySettings& settings, std::uint32_t flags) {
   constexpr std::int32_t kFailed = -1;  // DISP_CHANGE_FAILED
-  const auto call = sim::Enter<&ChangeDisplaySettings>();
-  if (call.failed()) return kFailed;
+  if (sim::Enter<&ChangeDisplaySettings>().failed()) return kFailed;
   return Machine().displays.ChangeSettings(gdiName, settings, flags);
 }
 
@@ -104,8 +100,7 @@ std::vector<MonitorDevice> MonitorDevices() {
 }
 
 std::vector<std::wstring> WallpaperMonitorPaths() {
-  const auto call = sim::Enter<&WallpaperMonitorPaths>();
-  if (call.failed()) return {};
+  if (sim::Enter<&WallpaperMonitorPaths>().failed()) return {};
   const auto& displays = Machine().displays;
   if (displays.wallpaperPaths) return *displays.wallpaperPaths;
   std::vector<std::wstring> paths;

@@ -2,19 +2,13 @@
 
 #include "os/hid.h"
 #include "sim/parts.h"
+#include "sim/system_errors.h"
 
 namespace os {
 namespace {
 
 using sim::HidCollection;
 using sim::Machine;
-
-constexpr std::uint32_t kInsufficientBuffer = 122;
-
-Status Outcome(std::uint32_t error) {
-  if (error != 0) return Error{error};
-  return Done{};
-}
 
 HidInterface InterfaceOf(const HidCollection& collection) {
   const bool isRead = collection.detail == HidInterface::Detail::Read;
@@ -47,8 +41,7 @@ void CloseHid(HidHandle device) noexcept {
 }
 
 Result<HidDevice> OpenHid(const std::wstring& path) {
-  const auto call = sim::Enter<&OpenHid>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&OpenHid>(); call.failed()) return Error{call.error()};
   const auto device = Machine().touch.Open(path);
   if (!device) return Error{device.error()};
   return HidDevice(*device);
@@ -91,8 +84,7 @@ bool WriteHidReport(const HidDevice& device, BytesView report) {
 }
 
 Result<std::uint32_t> RawInputDeviceCount() {
-  const auto call = sim::Enter<&RawInputDeviceCount>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&RawInputDeviceCount>(); call.failed()) return Error{call.error()};
   return static_cast<std::uint32_t>(WorkingRawDevices().size());
 }
 
@@ -100,14 +92,13 @@ Result<std::vector<RawDevice>> RawInputDevices(std::uint32_t count) {
   const auto call = sim::Enter<&RawInputDevices>();
   if (call.failed()) return Error{call.error()};
   auto devices = WorkingRawDevices();
-  if (devices.size() > count) return Error{kInsufficientBuffer};
+  if (devices.size() > count) return Error{sim::kInsufficientBuffer};
   devices.resize(call.Shortened(devices.size()));
   return devices;
 }
 
 std::wstring RawDevicePath(RawDevice device) {
-  const auto call = sim::Enter<&RawDevicePath>();
-  if (call.failed()) return {};
+  if (sim::Enter<&RawDevicePath>().failed()) return {};
   const auto& collections = Machine().touch.Collections();
   const auto isIt = [=](const HidCollection& collection) { return collection.raw == device && collection.Works(); };
   const auto found = std::find_if(collections.begin(), collections.end(), isIt);
@@ -115,9 +106,8 @@ std::wstring RawDevicePath(RawDevice device) {
 }
 
 Status RegisterRawInput(std::uint16_t usagePage, std::uint16_t usage, std::uint32_t flags, WindowHandle target) {
-  const auto call = sim::Enter<&RegisterRawInput>();
-  if (call.failed()) return Error{call.error()};
-  return Outcome(Machine().touch.RegisterRawInput({usagePage, usage, flags, target}));
+  if (const auto call = sim::Enter<&RegisterRawInput>(); call.failed()) return Error{call.error()};
+  return sim::Outcome(Machine().touch.RegisterRawInput({usagePage, usage, flags, target}));
 }
 
 void CloseHidNodes(HidNodesHandle nodes) noexcept {
@@ -125,21 +115,18 @@ void CloseHidNodes(HidNodesHandle nodes) noexcept {
 }
 
 Result<HidNodes> OpenHidNodes() {
-  const auto call = sim::Enter<&OpenHidNodes>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&OpenHidNodes>(); call.failed()) return Error{call.error()};
   return HidNodes(Machine().touch.OpenNodes());
 }
 
 std::vector<std::wstring> FirstHardwareIds(const HidNodes& nodes) {
-  const auto call = sim::Enter<&FirstHardwareIds>();
-  if (call.failed()) return {};
+  if (sim::Enter<&FirstHardwareIds>().failed()) return {};
   return Machine().touch.FirstHardwareIds(nodes.get());
 }
 
 Status EnableHidNode(const HidNodes& nodes, std::size_t index, bool enable) {
-  const auto call = sim::Enter<&EnableHidNode>();
-  if (call.failed()) return Error{call.error()};
-  return Outcome(Machine().touch.SwitchNode(nodes.get(), index, enable));
+  if (const auto call = sim::Enter<&EnableHidNode>(); call.failed()) return Error{call.error()};
+  return sim::Outcome(Machine().touch.SwitchNode(nodes.get(), index, enable));
 }
 
 }  // namespace os

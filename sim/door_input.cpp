@@ -20,8 +20,7 @@ Point CursorPosition() {
 }
 
 Status SetCursorPosition(Point point) {
-  const auto call = sim::Enter<&SetCursorPosition>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&SetCursorPosition>(); call.failed()) return Error{call.error()};
   Machine().mouse.SetPosition(point);
   return Done{};
 }

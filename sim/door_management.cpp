@@ -6,16 +6,14 @@ namespace os {
 using sim::Machine;
 
 Status JoinComMultithreaded() {
-  const auto call = sim::Enter<&JoinComMultithreaded>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&JoinComMultithreaded>(); call.failed()) return Error{call.error()};
   return Done{};
 }
 
 void LeaveCom() {}
 
 Status InitializeComSecurity() {
-  const auto call = sim::Enter<&InitializeComSecurity>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&InitializeComSecurity>(); call.failed()) return Error{call.error()};
   return Done{};
 }
 
@@ -24,8 +22,7 @@ void ReleaseLocator(LocatorHandle locator) noexcept {
 }
 
 Result<ManagementLocator> CreateManagementLocator() {
-  const auto call = sim::Enter<&CreateManagementLocator>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&CreateManagementLocator>(); call.failed()) return Error{call.error()};
   return ManagementLocator(Machine().management.OpenLocator());
 }
 
@@ -34,14 +31,12 @@ void ReleaseManagement(ManagementHandle services) noexcept {
 }
 
 Result<Management> ConnectToManagement(const ManagementLocator& /*locator*/, const wchar_t* /*nameSpace*/) {
-  const auto call = sim::Enter<&ConnectToManagement>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&ConnectToManagement>(); call.failed()) return Error{call.error()};
   return Management(Machine().management.Connect());
 }
 
 Status SetManagementBlanket(const Management& /*services*/) {
-  const auto call = sim::Enter<&SetManagementBlanket>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&SetManagementBlanket>(); call.failed()) return Error{call.error()};
   return Done{};
 }
 
@@ -51,8 +46,7 @@ void CancelSubscription(SubscriptionHandle subscription) noexcept {
 
 Result<ProcessStopSubscription> SubscribeToProcessStops(const Management& /*services*/, const wchar_t* query,
                                                         const ProcessStopEvents& events) {
-  const auto call = sim::Enter<&SubscribeToProcessStops>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&SubscribeToProcessStops>(); call.failed()) return Error{call.error()};
   return ProcessStopSubscription(Machine().management.Subscribe(query, events));
 }
 

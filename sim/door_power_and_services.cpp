@@ -7,20 +7,17 @@ namespace os {
 using sim::Machine;
 
 Result<PowerStatus> QueryPowerStatus() {
-  const auto call = sim::Enter<&QueryPowerStatus>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&QueryPowerStatus>(); call.failed()) return Error{call.error()};
   return Machine().power.Status();
 }
 
 Result<PowerScheme> ActivePowerScheme() {
-  const auto call = sim::Enter<&ActivePowerScheme>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&ActivePowerScheme>(); call.failed()) return Error{call.error()};
   return PowerScheme{0x22, 0x42, 0x1B, 0x38};  // the beginning of the balanced scheme's id
 }
 
 Result<std::uint32_t> LidCloseActionOf(const PowerScheme& /*scheme*/, bool onMains) {
-  const auto call = sim::Enter<&LidCloseActionOf>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&LidCloseActionOf>(); call.failed()) return Error{call.error()};
   return Machine().power.LidActionOf(onMains);
 }
 

@@ -1,13 +1,11 @@
 #include "os/processes.h"
 #include "sim/parts.h"
+#include "sim/system_errors.h"
 
 namespace os {
 namespace {
 
 using sim::Machine;
-
-constexpr std::uint32_t kInvalidHandle = 6;      // ERROR_INVALID_HANDLE
-constexpr std::uint32_t kForever = 0xFFFF'FFFF;  // INFINITE
 
 }  // namespace
 
@@ -19,23 +17,21 @@ void CloseProcess(ProcessHandle process) noexcept {
 
 Result<Process> StartAsUser(const Token& token, const std::wstring& program, const std::wstring& commandLine,
                             const Environment& environment, const wchar_t* desktop) {
-  const auto call = sim::Enter<&StartAsUser>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&StartAsUser>(); call.failed()) return Error{call.error()};
   auto& laptop = Machine();
   const auto session = laptop.sessions.SessionOf(token.get());
   const auto environmentSession = laptop.sessions.SessionOf(environment.get());
-  if (!session || !environmentSession) return Error{kInvalidHandle};
+  if (!session || !environmentSession) return Error{sim::kInvalidHandle};
   return laptop.processes.Start({program, commandLine, desktop, *session, *environmentSession});
 }
 
 ProcessWait WaitForProcess(const Process& process, std::uint32_t timeoutMs) {
-  const auto call = sim::Enter<&WaitForProcess>();
-  if (call.failed()) return {WaitOutcome::Failed, call.error()};
+  if (const auto call = sim::Enter<&WaitForProcess>(); call.failed()) return {WaitOutcome::Failed, call.error()};
   auto& laptop = Machine();
-  if (!laptop.processes.HasEnded(process.get())) return {WaitOutcome::Failed, kInvalidHandle};
-  const auto deadline = timeoutMs == kForever ? std::nullopt : std::optional(laptop.scheduler.NowMs() + timeoutMs);
+  if (!laptop.processes.HasEnded(process.get())) return {WaitOutcome::Failed, sim::kInvalidHandle};
   const auto ended = [&] { return laptop.processes.HasEnded(process.get()).value_or(true); };
-  return {laptop.scheduler.WaitUntil(ended, deadline) ? WaitOutcome::Ended : WaitOutcome::TimedOut};
+  return {laptop.scheduler.WaitUntil(ended, laptop.scheduler.DeadlineIn(timeoutMs)) ? WaitOutcome::Ended
+                                                                                    : WaitOutcome::TimedOut};
 }
 
 std::optional<std::uint32_t> ProcessExitCode(const Process& process) {
@@ -51,8 +47,7 @@ std::wstring ProcessImagePath(std::uint32_t processId) {
 // ---- Programs of other processes ----
 
 Result<Process> OpenToAwaitIdle(std::uint32_t processId) {
-  const auto call = sim::Enter<&OpenToAwaitIdle>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&OpenToAwaitIdle>(); call.failed()) return Error{call.error()};
   return Machine().processes.Open(processId, false);
 }
 
@@ -64,20 +59,17 @@ void AwaitInputIdle(const Process& process, std::uint32_t timeoutMs) {
 }
 
 Result<Process> OpenToEnd(std::uint32_t processId) {
-  const auto call = sim::Enter<&OpenToEnd>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&OpenToEnd>(); call.failed()) return Error{call.error()};
   return Machine().processes.Open(processId, true);
 }
 
 Status TerminateProcess(const Process& process, std::uint32_t exitCode) {
-  const auto call = sim::Enter<&TerminateProcess>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&TerminateProcess>(); call.failed()) return Error{call.error()};
   return Machine().processes.End(process.get(), exitCode);
 }
 
 Result<ProcessPackage> QueryProcessPackage(std::uint32_t processId) {
-  const auto call = sim::Enter<&QueryProcessPackage>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&QueryProcessPackage>(); call.failed()) return Error{call.error()};
   return Machine().processes.PackageOf(processId);
 }
 
@@ -91,16 +83,14 @@ std::vector<std::wstring> ProductNames(const std::wstring& path) {
 }
 
 Result<std::vector<std::wstring>> RunningPrograms() {
-  const auto call = sim::Enter<&RunningPrograms>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&RunningPrograms>(); call.failed()) return Error{call.error()};
   return Machine().processes.RunningPrograms();
 }
 
 // ---- Packaged applications ----
 
 Status JoinCom() {
-  const auto call = sim::Enter<&JoinCom>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&JoinCom>(); call.failed()) return Error{call.error()};
   Machine().apps.JoinCom();
   return Done{};
 }
@@ -110,15 +100,13 @@ void ReleaseActivation(ActivationHandle manager) noexcept {
 }
 
 Result<ActivationManager> CreateActivationManager() {
-  const auto call = sim::Enter<&CreateActivationManager>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&CreateActivationManager>(); call.failed()) return Error{call.error()};
   return Machine().apps.CreateManager();
 }
 
 Status ActivateApplication(const ActivationManager& manager, const std::wstring& appUserModelId,
                            const std::wstring& argument) {
-  const auto call = sim::Enter<&ActivateApplication>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&ActivateApplication>(); call.failed()) return Error{call.error()};
   return Machine().apps.Activate(manager.get(), appUserModelId, argument);
 }
 

@@ -1,12 +1,11 @@
 #include "os/registry.h"
 #include "sim/parts.h"
+#include "sim/system_errors.h"
 
 namespace os {
 namespace {
 
 using sim::Machine;
-
-constexpr std::uint32_t kFileNotFound = 2;  // ERROR_FILE_NOT_FOUND
 
 /// The bytes of a value: stored by a program, or kept by the system for a monitor it has seen.
 std::optional<Bytes> FindBytes(const std::wstring& key, const wchar_t* value) {
@@ -20,7 +19,7 @@ template <class Write>
 Status WriteToExistingKey(const sim::DoorCall& call, const std::wstring& key, Write write) {
   if (call.failed()) return Error{call.error()};
   auto& registry = Machine().registry;
-  if (!registry.Has(key)) return Error{kFileNotFound};
+  if (!registry.Has(key)) return Error{sim::kFileNotFound};
   write(registry);
   return Done{};
 }
@@ -28,8 +27,7 @@ Status WriteToExistingKey(const sim::DoorCall& call, const std::wstring& key, Wr
 }  // namespace
 
 std::optional<std::wstring> ReadRegistryText(const std::wstring& key, const wchar_t* value, std::size_t bufferBytes) {
-  const auto call = sim::Enter<&ReadRegistryText>();
-  if (call.failed()) return std::nullopt;
+  if (sim::Enter<&ReadRegistryText>().failed()) return std::nullopt;
   const auto* stored = Machine().registry.Find(key, value);
   if (stored == nullptr || stored->bytes.size() > bufferBytes) return std::nullopt;
   return Machine().registry.Text(key, value);
@@ -44,8 +42,7 @@ std::optional<Bytes> ReadRegistryBytes(const std::wstring& key, const wchar_t* v
 }
 
 Status WriteRegistryText(const std::wstring& key, const wchar_t* value, const std::wstring& text) {
-  const auto call = sim::Enter<&WriteRegistryText>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&WriteRegistryText>(); call.failed()) return Error{call.error()};
   Machine().registry.SetText(key, value, text);
   return Done{};
 }

@@ -1,12 +1,11 @@
 #include "os/service_window.h"
 #include "sim/parts.h"
+#include "sim/system_errors.h"
 
 namespace os {
 namespace {
 
 using sim::Machine;
-
-constexpr std::uint32_t kInvalidWindowHandle = 1400;  // ERROR_INVALID_WINDOW_HANDLE
 
 bool IsServiceWindow(WindowHandle window) {
   return window != WindowHandle::None && window == Machine().window.Handle();
@@ -22,8 +21,7 @@ std::wstring LoadResourceText(std::uint16_t id) {
 }
 
 Status RegisterServiceWindowClass(const WindowClass& windowClass, const ServiceWindowEvents& events) {
-  const auto call = sim::Enter<&RegisterServiceWindowClass>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&RegisterServiceWindowClass>(); call.failed()) return Error{call.error()};
   return Machine().window.RegisterClass(windowClass, events);
 }
 
@@ -66,9 +64,8 @@ void UnregisterPowerSetting(PowerNotification notification) {
 }
 
 Status RegisterSessionEvents(WindowHandle window) {
-  const auto call = sim::Enter<&RegisterSessionEvents>();
-  if (call.failed()) return Error{call.error()};
-  if (!IsServiceWindow(window)) return Error{kInvalidWindowHandle};
+  if (const auto call = sim::Enter<&RegisterSessionEvents>(); call.failed()) return Error{call.error()};
+  if (!IsServiceWindow(window)) return Error{sim::kInvalidWindowHandle};
   Machine().window.HearOfSessions(true);
   return Done{};
 }

@@ -9,8 +9,7 @@ using sim::Machine;
 // ---- First sign-in ----
 
 Result<bool> IsSetupComplete() {
-  const auto call = sim::Enter<&IsSetupComplete>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&IsSetupComplete>(); call.failed()) return Error{call.error()};
   return Machine().sessions.setupComplete;
 }
 
@@ -40,20 +39,17 @@ void CloseToken(TokenHandle token) noexcept {
 }
 
 Result<Token> SessionUserToken(std::uint32_t sessionId) {
-  const auto call = sim::Enter<&SessionUserToken>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&SessionUserToken>(); call.failed()) return Error{call.error()};
   return Machine().sessions.UserToken(sessionId);
 }
 
 Result<Token> OwnToken() {
-  const auto call = sim::Enter<&OwnToken>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&OwnToken>(); call.failed()) return Error{call.error()};
   return Machine().sessions.OwnToken();
 }
 
 Status EnablePrivilege(const Token& token, const wchar_t* privilege) {
-  const auto call = sim::Enter<&EnablePrivilege>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&EnablePrivilege>(); call.failed()) return Error{call.error()};
   return Machine().sessions.EnablePrivilege(token.get(), privilege);
 }
 
@@ -62,8 +58,7 @@ bool RunsAsSystem() {
 }
 
 Status Impersonate(const Token& token) {
-  const auto call = sim::Enter<&Impersonate>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&Impersonate>(); call.failed()) return Error{call.error()};
   return Machine().sessions.Impersonate(token.get());
 }
 
@@ -76,8 +71,7 @@ void DestroyEnvironment(EnvironmentHandle environment) noexcept {
 }
 
 Result<Environment> CreateEnvironment(const Token& token) {
-  const auto call = sim::Enter<&CreateEnvironment>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&CreateEnvironment>(); call.failed()) return Error{call.error()};
   return Machine().sessions.CreateEnvironment(token.get());
 }
 

@@ -27,15 +27,13 @@ std::wstring ReadProfileText(const std::wstring& path, const wchar_t* section, c
 
 std::uint32_t ReadProfileNumber(const std::wstring& path, const wchar_t* section, const wchar_t* key,
                                 std::uint32_t fallback) {
-  const auto call = sim::Enter<&ReadProfileNumber>();
-  if (call.failed()) return fallback;
+  if (sim::Enter<&ReadProfileNumber>().failed()) return fallback;
   const auto value = Find(path, section, key).value_or(L"");
   return value.empty() ? fallback : sim::LeadingNumber(value);
 }
 
 bool WriteProfileText(const std::wstring& path, const wchar_t* section, const wchar_t* key, const wchar_t* text) {
-  const auto call = sim::Enter<&WriteProfileText>();
-  if (call.failed()) return false;
+  if (sim::Enter<&WriteProfileText>().failed()) return false;
   sim::IniFile ini(Machine().files.Text(path).value_or(L""));
   ini.Set(section, key, text);
   return Machine().files.WriteText(path, ini.Text()) == 0;

@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <utility>
 
 #include "os/clock.h"
@@ -6,13 +8,7 @@
 #include "sim/parts.h"
 
 namespace os {
-namespace {
-
 using sim::Machine;
-
-constexpr std::uint32_t kForever = 0xFFFF'FFFF;  // INFINITE
-
-}  // namespace
 
 std::uint64_t NowMs() {
   sim::Enter<&NowMs>();
@@ -26,16 +22,20 @@ std::uint64_t SystemFileTime() {
 
 void Sleep(std::uint32_t ms) {
   sim::Enter<&Sleep>();
-  if (ms == kForever) {
-    Machine().scheduler.WaitUntil([] { return false; });
-  } else {
-    Machine().scheduler.Sleep(ms);
-  }
+  Machine().scheduler.WaitUntil([] { return false; }, Machine().scheduler.DeadlineIn(ms));
 }
 
 bool StartThread(const wchar_t* name, std::function<void()> body) {
   if (sim::Enter<&StartThread>().failed()) return false;
   return Machine().scheduler.StartThread(name, std::move(body));
+}
+
+void ExpectMainThread() {
+  const auto& thread = sim::Scheduler::ThreadName();
+  if (!sim::IsOn() || thread == sim::Scheduler::kMainThread || thread == sim::Scheduler::kTestThread) return;
+  std::fprintf(stderr, "simulated laptop: this belongs to the main thread, and was touched by \"%ls\"\n",
+               thread.c_str());
+  std::abort();
 }
 
 /// A lock outlives the laptops it is used on: what an earlier process run left of it is void.
@@ -92,7 +92,5 @@ bool Semaphore::Wait() {
   --state_->count;
   return true;
 }
-
-void ExpectMainThread() {}
 
 }  // namespace os

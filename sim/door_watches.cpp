@@ -1,9 +1,24 @@
+#include "os/hooks.h"
 #include "os/watches.h"
 #include "sim/parts.h"
 
 namespace os {
 
 using sim::Machine;
+
+void WatchKeyboard(const std::function<void(std::uint32_t virtualKey)>& onKey) {
+  if (!sim::Enter<&WatchKeyboard>().failed()) Machine().input.Watch(onKey);
+}
+
+void WatchMouse(const std::function<void(MouseEvent event, Point pointer)>& onMouse) {
+  if (!sim::Enter<&WatchMouse>().failed()) Machine().mouse.Watch(onMouse);
+}
+
+void WatchWindowEvents(
+    WindowEvent first, WindowEvent last,
+    const std::function<void(WindowEvent event, WindowHandle window, std::int32_t object)>& onEvent) {
+  if (!sim::Enter<&WatchWindowEvents>().failed()) Machine().windowEvents.Watch(first, last, onEvent);
+}
 
 void WatchRegistryKey(const std::wstring& key, const std::function<void()>& onChange) {
   if (sim::Enter<&WatchRegistryKey>().failed() || !Machine().registry.Has(key)) return;

@@ -4,13 +4,12 @@
 
 #include "os/window_control.h"
 #include "sim/parts.h"
+#include "sim/system_errors.h"
 
 namespace os {
 namespace {
 
 using sim::Machine;
-
-constexpr std::uint32_t kInvalidWindowHandle = 1400;  // ERROR_INVALID_WINDOW_HANDLE
 
 std::wstring Number(std::int64_t number) {
   return std::to_wstring(number);
@@ -34,41 +33,36 @@ bool AskInTime(WindowHandle window, std::wstring what, std::uint32_t timeoutMs) 
 }  // namespace
 
 Status ShowWindow(WindowHandle window, ShowCommand command) {
-  const auto call = sim::Enter<&ShowWindow>();
-  if (call.failed()) return Error{call.error()};
-  if (!Ask(window, L"show " + Number(static_cast<std::uint32_t>(command)))) return Error{kInvalidWindowHandle};
+  if (const auto call = sim::Enter<&ShowWindow>(); call.failed()) return Error{call.error()};
+  if (!Ask(window, L"show " + Number(static_cast<std::uint32_t>(command)))) return Error{sim::kInvalidWindowHandle};
   if (!Machine().desktop.Show(window, command)) return Error{};  // it was hidden
   return Done{};
 }
 
 Status MoveWindow(WindowHandle window, std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) {
-  const auto call = sim::Enter<&MoveWindow>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&MoveWindow>(); call.failed()) return Error{call.error()};
   const auto entry = L"move " + Number(x) + L" " + Number(y) + L" " + Number(width) + L" " + Number(height);
-  if (!Ask(window, entry)) return Error{kInvalidWindowHandle};
+  if (!Ask(window, entry)) return Error{sim::kInvalidWindowHandle};
   return Machine().desktop.Move(window, {x, y, x + width, y + height});
 }
 
 Result<WindowPlacement> GetPlacement(WindowHandle window) {
-  const auto call = sim::Enter<&GetPlacement>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&GetPlacement>(); call.failed()) return Error{call.error()};
   return Machine().desktop.Placement(window);
 }
 
 Status SetPlacement(WindowHandle window, const WindowPlacement& placement) {
-  const auto call = sim::Enter<&SetPlacement>();
-  if (call.failed()) return Error{call.error()};
+  if (const auto call = sim::Enter<&SetPlacement>(); call.failed()) return Error{call.error()};
   const auto& [left, top, right, bottom] = placement.rcNormalPosition;
   const auto entry = L"place " + Number(static_cast<std::uint32_t>(placement.showCmd)) + L" (" + Number(left) + L"," +
                      Number(top) + L"," + Number(right) + L"," + Number(bottom) + L")";
-  if (!Ask(window, entry)) return Error{kInvalidWindowHandle};
+  if (!Ask(window, entry)) return Error{sim::kInvalidWindowHandle};
   return Machine().desktop.SetPlacement(window, placement);
 }
 
 Status SetTopmost(WindowHandle window, bool topmost) {
-  const auto call = sim::Enter<&SetTopmost>();
-  if (call.failed()) return Error{call.error()};
-  if (!Ask(window, topmost ? L"topmost 1" : L"topmost 0")) return Error{kInvalidWindowHandle};
+  if (const auto call = sim::Enter<&SetTopmost>(); call.failed()) return Error{call.error()};
+  if (!Ask(window, topmost ? L"topmost 1" : L"topmost 0")) return Error{sim::kInvalidWindowHandle};
   Machine().desktop.SetTopmost(window, topmost);
   return Done{};
 }

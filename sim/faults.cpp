@@ -2,12 +2,8 @@
 
 namespace sim {
 
-void Faults::Clear(Behaviour& behaviour) {
-  behaviour = Behaviour{.calls = behaviour.calls, .failure = {}, .delayMs = 0, .longestAnswer = {}};
-}
-
 void Faults::ClearAll() {
-  for (auto& [function, behaviour] : behaviours_) Clear(behaviour);
+  for (auto& [function, behaviour] : behaviours_) behaviour = Behaviour{.calls = behaviour.calls};
 }
 
 std::uint32_t Faults::Door::Begin(const DoorKey& function) {

@@ -38,12 +38,7 @@ class Faults {
     at(kDoorKey<Function>).longestAnswer = size;
   }
 
-  /// The function works again; its count stays.
-  template <auto Function>
-  void Clear() {
-    Clear(at(kDoorKey<Function>));
-  }
-
+  /// All functions work again; their counts stay.
   void ClearAll();
 
   /// How often the function was called since the laptop was made.
@@ -57,12 +52,11 @@ class Faults {
  private:
   struct Behaviour {
     std::size_t calls = 0;
-    std::optional<Failure> failure;
+    std::optional<Failure> failure = {};
     std::uint32_t delayMs = 0;
-    std::optional<std::size_t> longestAnswer;
+    std::optional<std::size_t> longestAnswer = {};
   };
   Behaviour& at(const DoorKey& function) { return behaviours_[&function]; }
-  static void Clear(Behaviour& behaviour);
 
   std::map<const DoorKey*, Behaviour> behaviours_;
 };

@@ -4,12 +4,11 @@
 #include <cstdint>
 #include <utility>
 
+#include "sim/system_errors.h"
 #include "sim/text.h"
 
 namespace sim {
 namespace {
-
-constexpr std::uint32_t kFileNotFound = 2, kPathNotFound = 3, kAccessDenied = 5, kAlreadyExists = 183;
 
 /// The form under which a path is kept: backslashes only, none at the end.
 std::wstring Normalised(std::wstring path) {
@@ -64,15 +63,8 @@ void FileSystem::SetReadOnly(const std::wstring& path, bool readOnly) {
 }
 
 void FileSystem::Remove(const std::wstring& path) {
-  const auto gone = Normalised(path);
-  const auto isWithin = [&](const auto& entry) {
-    const auto& name = entry.first;
-    const IgnoreCase before;
-    const auto head = name.substr(0, gone.size());
-    const bool sameHead = !before(head, gone) && !before(gone, head);
-    return sameHead && (name.size() == gone.size() || name[gone.size()] == L'\\');
-  };
-  std::erase_if(entries_, isWithin);
+  const auto gone = Lower(Normalised(path)) + L'\\';
+  std::erase_if(entries_, [&](const auto& entry) { return (Lower(entry.first) + L'\\').starts_with(gone); });
 }
 
 os::PathKind FileSystem::Kind(const std::wstring& path) const {

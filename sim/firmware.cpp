@@ -47,13 +47,6 @@ std::vector<std::uint32_t> Firmware::Writes(std::uint32_t id) const {
   return values;
 }
 
-std::size_t Firmware::Reads(std::uint32_t id) const {
-  const auto reads = [=](const FirmwareRequest& request) {
-    return request.method == FirmwareRequest::Method::Read && request.id == id;
-  };
-  return static_cast<std::size_t>(std::count_if(requests_.begin(), requests_.end(), reads));
-}
-
 std::optional<os::DeviceHandle> Firmware::Door::Open(const std::wstring& path) {
   if (!driverInstalled || Lower(path) != L"\\\\.\\zrvacpi") return std::nullopt;
   return handles_.Open({});

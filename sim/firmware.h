@@ -64,8 +64,6 @@ class Firmware {
   [[nodiscard]] const std::vector<FirmwareRequest>& Requests() const { return requests_; }
   /// The values written to one register, in order.
   [[nodiscard]] std::vector<std::uint32_t> Writes(std::uint32_t id) const;
-  /// How often one register was read.
-  [[nodiscard]] std::size_t Reads(std::uint32_t id) const;
   void ForgetRequests() { requests_.clear(); }
 
   [[nodiscard]] const std::vector<FirmwareVariable>& Variables() const { return variables_; }

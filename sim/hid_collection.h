@@ -25,6 +25,7 @@ struct HidCollection {
 
   std::uint32_t arrivals = 0;  // how often it came back; handles opened before are of no use
 
+  [[nodiscard]] std::wstring FirstId() const { return hardwareIds.empty() ? std::wstring() : hardwareIds[0]; }
   [[nodiscard]] bool Works() const { return plugged && enabled; }
 };
 

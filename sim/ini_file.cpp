@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <cwctype>
 #include <string_view>
-#include <utility>
+
+#include "sim/text.h"
 
 namespace sim {
 namespace {
@@ -18,11 +19,6 @@ std::wstring Trimmed(const std::wstring& text) {
 std::wstring Unquoted(const std::wstring& text) {
   const bool quoted = text.size() >= 2 && text.front() == text.back() && (text[0] == L'"' || text[0] == L'\'');
   return quoted ? text.substr(1, text.size() - 2) : text;
-}
-
-bool SameName(const std::wstring& a, const std::wstring& b) {
-  const auto same = [](wchar_t x, wchar_t y) { return std::towupper(x) == std::towupper(y); };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), same);
 }
 
 std::optional<std::wstring> SectionName(const std::wstring& line) {
@@ -92,7 +88,7 @@ std::wstring IniFile::Text() const {
 std::optional<IniFile::Place> IniFile::FindSection(const std::wstring& section) const {
   const auto isHeading = [&](const std::wstring& line) {
     const auto name = SectionName(line);
-    return name && SameName(*name, section);
+    return name && Lower(*name) == Lower(section);
   };
   const auto heading = std::find_if(lines_.begin(), lines_.end(), isHeading);
   if (heading == lines_.end()) return std::nullopt;
@@ -107,7 +103,7 @@ std::optional<std::size_t> IniFile::FindKey(const std::wstring& section, const s
   if (!place) return std::nullopt;
   for (auto at = place->begin; at < place->end; ++at) {
     const auto name = KeyName(lines_[at]);
-    if (name && SameName(*name, key)) return at;
+    if (name && Lower(*name) == Lower(key)) return at;
   }
   return std::nullopt;
 }

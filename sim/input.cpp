@@ -1,7 +1,5 @@
 #include "sim/input.h"
 
-#include <algorithm>
-
 #include "os/input.h"
 
 namespace sim {
@@ -35,15 +33,11 @@ void Input::PressWinP() {
 
 void Input::Door::Watch(const std::function<void(std::uint32_t)>& onKey) {
   ++watchers_;
-  while (loops_.AwaitWork([this] { return !pending_.empty(); })) {
-    const auto key = pending_.front();
-    pending_.pop_front();
+  loops_.Serve(pending_, longestHoldUpMs_, [&](const Key& key) {
     served_ = &key;
-    const auto start = scheduler_.NowMs();
     onKey(key.virtualKey);
-    longestHoldUpMs_ = std::max(longestHoldUpMs_, scheduler_.NowMs() - start);
     served_ = nullptr;
-  }
+  });
   --watchers_;
 }
 

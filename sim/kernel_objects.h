@@ -17,7 +17,6 @@ class KernelObjects {
 
   static constexpr auto kPowerEvent = L"Global\\NORV PRDXSrv Tessaview Power Event";
   static constexpr auto kSwitchingEvent = L"Global\\NORV PRDXSrv Tessaview Switching Event";
-  static constexpr auto kInstanceMutex = L"Mutex_TessaviewService";
 
   void Add(const std::wstring& name, bool signalled = false) { events_[name] = signalled; }
   void Remove(const std::wstring& name) { events_.erase(name); }

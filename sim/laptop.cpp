@@ -3,12 +3,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "os/threads.h"
-
 namespace sim {
 namespace {
-
-constexpr auto kMainThread = L"main";
 
 Parts* gMachine = nullptr;
 InstalledProgram gProgram;
@@ -72,7 +68,7 @@ bool Laptop::Boot(std::uint64_t settleLimitMs) {
   if (started_) EndProcess();
   started_ = true;
   exitCode_.reset();
-  parts_.scheduler.StartThread(kMainThread, [this] {
+  parts_.scheduler.StartThread(Scheduler::kMainThread, [this] {
     exitCode_ = gProgram.run();
     parts_.scheduler.MarkEnded();  // the process ends with its main thread
   });

@@ -35,7 +35,7 @@ struct InstalledProgram {
 /// There is one at a time. The thread that makes it is the test's thread: only it may use the laptop, and all its parts
 /// are free to use whenever the test's code runs.
 class Laptop {
-  Parts parts_;
+  Parts parts_;  // first, because the references below are to what it holds
 
  public:
   static constexpr auto kCheckTool = Apps::kCheckTool;

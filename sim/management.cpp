@@ -36,10 +36,6 @@ void Management::Complete(std::uint32_t result) {
   if (subscription_) subscription_->events.completed(result);
 }
 
-void Management::Progress() {
-  if (subscription_) subscription_->events.progressed();
-}
-
 void Management::Door::EndProcess() {
   subscription_.reset();
   stopped_.clear();

@@ -19,9 +19,8 @@ class Management {
 
   explicit Management(Scheduler& scheduler) : scheduler_(scheduler) {}
 
-  /// The query ends by itself, or says that it goes on (SetStatus).
+  /// The query ends by itself (SetStatus).
   void Complete(std::uint32_t result);
-  void Progress();
 
   [[nodiscard]] bool IsSubscribed() const { return subscription_.has_value(); }
   /// The query that was asked; empty without a subscription.

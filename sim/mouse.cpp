@@ -30,14 +30,10 @@ void Mouse::Add(std::optional<MouseEvent> kind, Point point, std::function<void(
 
 void Mouse::Door::Watch(const std::function<void(MouseEvent, Point)>& onMouse) {
   ++watchers_;
-  while (loops_.AwaitWork([this] { return !pending_.empty(); })) {
-    const auto event = std::move(pending_.front());
-    pending_.pop_front();
-    const auto start = scheduler_.NowMs();
+  loops_.Serve(pending_, longestHoldUpMs_, [&](const Event& event) {
     if (event.kind) onMouse(*event.kind, event.point);
-    longestHoldUpMs_ = std::max(longestHoldUpMs_, scheduler_.NowMs() - start);
     event.effect();
-  }
+  });
   --watchers_;
 }
 
@@ -152,16 +148,6 @@ void Mouse::CancelDrag() {
       EndDrag();
     });
   });
-  scheduler_.SettleStory();
-}
-
-void Mouse::Click(Point at) {
-  {
-    const Scheduler::Quiet quiet(scheduler_);
-    MoveTo(at);
-    Press();
-    Release();
-  }
   scheduler_.SettleStory();
 }
 

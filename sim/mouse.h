@@ -35,7 +35,6 @@ class Mouse {
   void Glide(os::Point to);
   void Press();
   void Release();
-  void Click(os::Point at);
 
   /// Moves to a window's title bar, or to its right and bottom border, and presses there: each move until Drop or
   /// CancelDrag moves or resizes the window.
@@ -48,7 +47,6 @@ class Mouse {
 
   /// The longest that a watching program held up one event, in milliseconds.
   [[nodiscard]] std::uint64_t LongestHoldUpMs() const { return longestHoldUpMs_; }
-  [[nodiscard]] bool IsWatched() const { return watchers_ > 0; }
 
  private:
   enum class Grip { TitleBar, Border };

@@ -31,12 +31,12 @@
 
 namespace sim {
 
-/// The laptop from inside. Each part is handed those it acts on, which stand above it; those above tell what happens to
-/// them to whoever asked for it.
+/// The laptop from inside. Each part is handed the parts it acts on, which stand above it. Where one above has to act
+/// on one below, the lower part asks to be called, as with Processes::WhenOneEnds.
 ///
-/// A part shows a test what it may do to the laptop, and see of it: that is its class, such as Mouse. What programs
-/// reach through the door, and what ends with their process, is added by the class inside it, such as Mouse::Door. What
-/// the machine does by itself is private to the part.
+/// A part has three faces. Its class, such as Mouse, is what a test may do to it and see of it. The class inside that,
+/// such as Mouse::Door, adds what programs reach through the door, and what ends with their process; tests never get at
+/// it. What the machine does by itself is private.
 struct Parts {
   Parts(std::uint32_t seed, bool interleaving) : scheduler(seed, interleaving) {}
 

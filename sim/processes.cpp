@@ -3,16 +3,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "sim/system_errors.h"
 #include "sim/text.h"
 
 namespace sim {
 namespace {
 
-constexpr std::uint32_t kFileNotFound = 2;       // ERROR_FILE_NOT_FOUND
-constexpr std::uint32_t kAccessDenied = 5;       // ERROR_ACCESS_DENIED
-constexpr std::uint32_t kInvalidHandle = 6;      // ERROR_INVALID_HANDLE
-constexpr std::uint32_t kInvalidParameter = 87;  // ERROR_INVALID_PARAMETER
-constexpr std::uint32_t kStillActive = 259;      // STILL_ACTIVE
+constexpr std::uint32_t kStillActive = 259;  // STILL_ACTIVE
 
 }  // namespace
 

@@ -58,8 +58,7 @@ void Registry::SetQword(const std::wstring& key, const std::wstring& value, std:
 }
 
 void Registry::Remove(const std::wstring& key, const std::wstring& value) {
-  const auto values = keys_.find(key);
-  if (values != keys_.end()) values->second.erase(value);
+  if (const auto values = keys_.find(key); values != keys_.end()) values->second.erase(value);
   watches_.RegistryChanged(key);
 }
 

@@ -21,7 +21,7 @@ thread_local Scheduler::Participant* Scheduler::self_ = nullptr;
 
 Scheduler::Scheduler(std::uint32_t seed, bool interleaving) : generator_(seed), interleaving_(interleaving) {
   participants_.push_back(std::make_unique<Participant>());
-  participants_[0]->name = L"test";
+  participants_[0]->name = kTestThread;
   current_ = self_ = participants_[0].get();
 }
 
@@ -64,6 +64,11 @@ bool Scheduler::WaitUntil(const Condition& ready, std::optional<std::uint64_t> d
 
 void Scheduler::Sleep(std::uint64_t ms) {
   WaitUntil(Never, nowMs_ + ms);
+}
+
+std::optional<std::uint64_t> Scheduler::DeadlineIn(std::uint32_t ms) const {
+  constexpr std::uint32_t kForever = 0xFFFF'FFFF;
+  return ms == kForever ? std::nullopt : std::optional(nowMs_ + ms);
 }
 
 void Scheduler::Checkpoint() {

@@ -50,6 +50,8 @@ class Scheduler {
   bool WaitUntil(const Condition& ready, std::optional<std::uint64_t> deadlineMs = {},
                  Patience patience = Patience::Bounded);
   void Sleep(std::uint64_t ms);
+  /// The end of a wait of `ms` milliseconds; none of one without a limit (INFINITE).
+  [[nodiscard]] std::optional<std::uint64_t> DeadlineIn(std::uint32_t ms) const;
 
   /// A point where a running thread may lose the turn: when the process is ended, when interleaving was asked for, and
   /// when it has run for suspiciously long without time passing (a loop that polls without sleeping).
@@ -64,7 +66,8 @@ class Scheduler {
   /// The id of the calling thread; 0 is the test's.
   [[nodiscard]] static std::uint32_t ThreadId();
 
-  /// The name of the calling thread, "test" for the test's; empty for one that no laptop started.
+  /// The name of the calling thread; empty for one that no laptop started.
+  static constexpr auto kTestThread = L"test", kMainThread = L"main";
   [[nodiscard]] static const std::wstring& ThreadName();
 
   // ---- for the test's thread; without effect on any other ----

@@ -1,5 +1,6 @@
 #include "sim/screen.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace sim {
@@ -69,6 +70,12 @@ std::int32_t Screen::Apply(const os::DisplaySettings& settings) {
   if (names(kSizeFields)) changed.Attach();
   *this = std::move(changed);
   return os::kDisplayChangeSuccessful;
+}
+
+std::int64_t Overlap(const os::Rect& a, const os::Rect& b) {
+  const auto width = std::int64_t{std::min(a.right, b.right)} - std::max(a.left, b.left);
+  const auto height = std::int64_t{std::min(a.bottom, b.bottom)} - std::max(a.top, b.top);
+  return width > 0 && height > 0 ? width * height : 0;
 }
 
 }  // namespace sim

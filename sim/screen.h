@@ -62,4 +62,7 @@ struct Screen {
   std::int32_t Apply(const os::DisplaySettings& settings);
 };
 
+/// How much of two areas is the same, in pixels.
+[[nodiscard]] std::int64_t Overlap(const os::Rect& a, const os::Rect& b);
+
 }  // namespace sim

@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "sim/system_errors.h"
+
 namespace sim {
 namespace {
 
-constexpr std::uint32_t kClassExists = 1410;                                  // ERROR_CLASS_ALREADY_EXISTS
 constexpr std::uint32_t kShortestTimerMs = 10;                                // USER_TIMER_MINIMUM
 constexpr std::uint32_t kClose = 0x0010, kCommand = 0x0111, kTimer = 0x0113;  // WM_CLOSE, WM_COMMAND, WM_TIMER
 
@@ -22,7 +23,7 @@ ServiceWindow::ServiceWindow(Scheduler& scheduler, ThreadLoops& loops, const Fil
 
 os::Status ServiceWindow::Door::RegisterClass(const os::WindowClass& windowClass,
                                               const os::ServiceWindowEvents& events) {
-  if (!held_.classes.emplace(windowClass.name, &events).second) return os::Error{kClassExists};
+  if (!held_.classes.emplace(windowClass.name, &events).second) return os::Error{kClassAlreadyExists};
   return os::Done{};
 }
 

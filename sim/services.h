@@ -13,7 +13,6 @@ class Services {
   static constexpr std::uint32_t kStopped = 1, kRunning = 4;
 
   void Set(const std::wstring& name, std::uint32_t state) { states_[name] = state; }
-  void Remove(const std::wstring& name) { states_.erase(name); }
 
   [[nodiscard]] std::optional<std::uint32_t> State(const std::wstring& name) const {
     const auto found = states_.find(name);

@@ -5,14 +5,11 @@
 #include <string_view>
 #include <utility>
 
+#include "sim/system_errors.h"
+
 namespace sim {
 namespace {
 
-constexpr std::uint32_t kInvalidHandle = 6;          // ERROR_INVALID_HANDLE
-constexpr std::uint32_t kNoToken = 1008;             // ERROR_NO_TOKEN
-constexpr std::uint32_t kFileNotFound = 2;           // ERROR_FILE_NOT_FOUND
-constexpr std::uint32_t kNotAllAssigned = 1300;      // ERROR_NOT_ALL_ASSIGNED
-constexpr std::uint32_t kNoSuchPrivilege = 1313;     // ERROR_NO_SUCH_PRIVILEGE
 constexpr std::uint32_t kLocked = 7, kUnlocked = 8;  // WTS_SESSION_LOCK, WTS_SESSION_UNLOCK
 constexpr const wchar_t* kPrivileges[] = {L"SeCreateTokenPrivilege", L"SeDebugPrivilege",
                                           L"SeSystemEnvironmentPrivilege", L"SeTcbPrivilege"};
@@ -38,14 +35,6 @@ void Sessions::Lock() {
 void Sessions::Unlock() {
   desktop_.CloseAll(kLockScreenClass);
   Tell(kUnlocked);
-}
-
-void Sessions::ShowSecureDesktop() {
-  SwitchDesktop(true);
-}
-
-void Sessions::HideSecureDesktop() {
-  SwitchDesktop(false);
 }
 
 void Sessions::SwitchDesktop(bool secure) {

@@ -41,8 +41,8 @@ class Sessions {
   void Lock();
   void Unlock();
   /// Windows asks for consent, or for a password, on a desktop of its own; then the user's is back.
-  void ShowSecureDesktop();
-  void HideSecureDesktop();
+  void ShowSecureDesktop() { SwitchDesktop(true); }
+  void HideSecureDesktop() { SwitchDesktop(false); }
   [[nodiscard]] bool IsSecureDesktopUp() const { return secureDesktop_; }
   /// The system asks whether the session may end; `reason` is made of the ENDSESSION_ values.
   void End(std::uint32_t reason);

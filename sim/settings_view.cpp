@@ -27,10 +27,6 @@ std::wstring SettingsView::Text(const std::wstring& key) const {
   return IniFile(FileText()).Value(kSection, key).value_or(L"");
 }
 
-bool SettingsView::Has(const std::wstring& key) const {
-  return IniFile(FileText()).Value(kSection, key).has_value();
-}
-
 void SettingsView::Set(const std::wstring& key, const std::wstring& value) {
   IniFile ini(FileText());
   ini.Set(kSection, key, value);
@@ -40,12 +36,6 @@ void SettingsView::Set(const std::wstring& key, const std::wstring& value) {
 void SettingsView::Remove(const std::wstring& key) {
   IniFile ini(FileText());
   ini.Remove(kSection, key);
-  files_.AddTextFile(Path(), ini.Text());
-}
-
-void SettingsView::Create(std::initializer_list<std::pair<const wchar_t*, const wchar_t*>> values) {
-  IniFile ini(L"");
-  for (const auto& [key, value] : values) ini.Set(kSection, key, value);
   files_.AddTextFile(Path(), ini.Text());
 }
 

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <initializer_list>
 #include <string>
-#include <utility>
 
 namespace sim {
 
@@ -20,14 +18,10 @@ class SettingsView {
 
   /// A key's value; empty when file or key is missing.
   [[nodiscard]] std::wstring Text(const std::wstring& key) const;
-  [[nodiscard]] bool Has(const std::wstring& key) const;
 
   /// Writes one key; creates folder and file as needed, and writes read-only files too.
   void Set(const std::wstring& key, const std::wstring& value);
   void Remove(const std::wstring& key);
-
-  /// Makes the file anew, with these keys only.
-  void Create(std::initializer_list<std::pair<const wchar_t*, const wchar_t*>> values);
 
   /// Makes the file refuse, or take, the controller's changes.
   void SetReadOnly(bool readOnly = true);

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <map>
 #include <optional>
+#include <utility>
 
 #include "sim/scheduler.h"
 
@@ -14,11 +17,17 @@ class ThreadLoops {
  public:
   explicit ThreadLoops(Scheduler& scheduler) : scheduler_(scheduler) {}
 
-  /// Waits until the calling thread has something to serve, and returns false when its loop is quit instead.
-  bool AwaitWork(const std::function<bool()>& hasWork) {
-    const auto thread = Scheduler::ThreadId();
-    scheduler_.WaitUntil([&] { return hasWork() || quits_.contains(thread); });
-    return hasWork() || !TakeQuit();
+  /// Hands the calling thread what comes into its queue, one after the other, until its loop is quit. `longestMs` grows
+  /// to the longest that one of them took.
+  template <class Item, class Take>
+  void Serve(std::deque<Item>& queue, std::uint64_t& longestMs, Take take) {
+    while (AwaitWork([&queue] { return !queue.empty(); })) {
+      const auto item = std::move(queue.front());
+      queue.pop_front();
+      const auto start = scheduler_.NowMs();
+      take(item);
+      longestMs = std::max(longestMs, scheduler_.NowMs() - start);
+    }
   }
 
   /// The calling thread's loop ends, with this code, once nothing else is left to serve.
@@ -34,6 +43,13 @@ class ThreadLoops {
   void EndProcess() { quits_.clear(); }
 
  private:
+  /// Waits until the calling thread has something to serve, and returns false when its loop is quit instead.
+  bool AwaitWork(const std::function<bool()>& hasWork) {
+    const auto thread = Scheduler::ThreadId();
+    scheduler_.WaitUntil([&] { return hasWork() || quits_.contains(thread); });
+    return hasWork() || !TakeQuit();
+  }
+
   Scheduler& scheduler_;
   std::map<std::uint32_t, int> quits_;  // by thread
 };

@@ -4,21 +4,28 @@
 #include <array>
 #include <utility>
 
+#include "sim/system_errors.h"
 #include "sim/text.h"
 
 namespace sim {
 namespace {
 
-constexpr std::uint32_t kFileNotFound = 2, kAccessDenied = 5, kInvalidParameter = 87, kNoMoreItems = 259,
-                        kNoSuchNode = 1168;
-
 // The beginning of the report after which the pad moves the cursor, its report id first.
 constexpr std::array<std::uint8_t, 12> kCursorMode{3, 0x00, 0x09, 0xA1, 0x00, 0x00, 0x0F, 0x00, 0x00, 0x00, 0x08, 0x70};
+
+constexpr std::uint8_t kScreenReport = 1, kTouching = 1;
 
 bool TakesReport(const HidCollection& collection, os::BytesView report) {
   if (report.empty() || report.size() != collection.capabilities.outputReportLength) return false;
   const auto& values = collection.outputValues;
   return std::any_of(values.begin(), values.end(), [&](const auto& value) { return value.reportId == report[0]; });
+}
+
+os::Bytes ScreenReport(const HidCollection& screen, std::uint8_t flags) {
+  os::Bytes report(screen.capabilities.inputReportLength);
+  report[0] = kScreenReport;
+  report[1] = flags;
+  return report;
 }
 
 /// What the system checks of a registration before it takes it.
@@ -69,6 +76,38 @@ void TouchController::Plug() {
   }
 }
 
+void TouchController::PlugAfter(std::uint32_t ms) {
+  Unplug();
+  scheduler_.After(ms, [this] { Plug(); });
+}
+
+void TouchController::Contact(int reports) {
+  for (int i = 0; i < reports; ++i) Report(ScreenReport(*touchScreen_, kTouching));
+}
+
+void TouchController::Lift() {
+  Report(ScreenReport(*touchScreen_, 0));
+}
+
+void TouchController::ReportFrom(const HidCollection& collection, os::Bytes report) {
+  os::RawInput input;
+  input.type = os::kRawInputHid;
+  Deliver(collection, std::move(report), input);
+}
+
+void TouchController::Deliver(const HidCollection& collection, os::Bytes report, os::RawInput input) {
+  if (!collection.Works() || !RawInputReaches(collection.capabilities.usagePage)) return;
+  input.device = collection.raw;
+  window_.Post([input, report = std::move(report)](const os::ServiceWindowEvents& events) {
+    auto arrived = input;
+    arrived.report = report;
+    events.rawInput(arrived);
+  });
+  scheduler_.SettleStory();
+}
+
+// ---- The door ----
+
 os::Result<os::HidHandle> TouchController::Door::Open(const std::wstring& path) {
   const auto isIt = [&](const HidCollection& c) { return c.Works() && Lower(c.path) == Lower(path); };
   const auto found = std::find_if(collections_.begin(), collections_.end(), isIt);
@@ -116,16 +155,16 @@ std::vector<std::wstring> TouchController::Door::FirstHardwareIds(os::HidNodesHa
   std::vector<std::wstring> ids;
   const auto* list = nodeLists_.Find(nodes);
   if (list == nullptr) return ids;
-  for (const auto* node : *list) ids.push_back(node->hardwareIds.empty() ? std::wstring() : node->hardwareIds[0]);
+  for (const auto* node : *list) ids.push_back(node->FirstId());
   return ids;
 }
 
 std::uint32_t TouchController::Door::SwitchNode(os::HidNodesHandle nodes, std::size_t index, bool enable) {
   const auto* list = nodeLists_.Find(nodes);
   if (list == nullptr || index >= list->size()) return kNoMoreItems;
-  if (!(*list)[index]->plugged) return kNoSuchNode;
+  if (!(*list)[index]->plugged) return kNotFound;
   auto& node = *(*list)[index];
-  nodeSwitches_.push_back({node.hardwareIds.empty() ? std::wstring() : node.hardwareIds[0], enable});
+  nodeSwitches_.push_back({node.FirstId(), enable});
   const bool comesBack = enable && !node.enabled;
   node.enabled = enable;
   if (comesBack) Arrived(node);

@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "os/hid.h"
@@ -53,9 +54,8 @@ class TouchController {
   /// A finger on the touch screen sends `reports` reports, then it is lifted; the laptop settles after each story.
   void Contact(int reports = 1);
   void Lift();
-  /// The touch screen, or the pad, or any other collection sends one report, as it stands.
-  void Report(os::Bytes report);
-  void PadReport(os::Bytes report);
+  /// The touch screen, or any other collection sends one report, as it stands.
+  void Report(os::Bytes report) { ReportFrom(*touchScreen_, std::move(report)); }
   void ReportFrom(const HidCollection& collection, os::Bytes report);
   /// Like ReportFrom; `input` says what is odd about the record, its device and report are filled in.
   void Deliver(const HidCollection& collection, os::Bytes report, os::RawInput input);

@@ -2,10 +2,11 @@
 
 #include <algorithm>
 
+#include "sim/system_errors.h"
+
 namespace sim {
 namespace {
 
-constexpr std::uint32_t kInvalidHandle = 6;
 constexpr std::uint8_t kSelfDescribingChannel = 11;
 
 bool IsAsAnnounced(const os::TraceEventDescriptor& descriptor) {

@@ -45,9 +45,7 @@ class Ui {
   void Start() { Open(kMainClass); }
   void OpenGuide() { Open(kGuideClass); }
   void OpenVideo() { Open(kVideoClass); }
-  void CloseMain() { Close(kMainClass); }
   void CloseGuide() { Close(kGuideClass); }
-  void CloseVideo() { Close(kVideoClass); }
   /// The process dies with all its windows.
   void Die();
   [[nodiscard]] os::WindowHandle MainWindow() const;

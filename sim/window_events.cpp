@@ -11,11 +11,7 @@ void WindowEvents::Raise(os::WindowEvent event, os::WindowHandle window, std::in
 
 void WindowEvents::Watch(os::WindowEvent first, os::WindowEvent last, const Watcher& watcher) {
   auto& own = subscriptions_.emplace_back(Subscription{first, last});
-  while (loops_.AwaitWork([&own] { return !own.queue.empty(); })) {
-    const auto event = own.queue.front();
-    own.queue.pop_front();
-    watcher(event.event, event.window, event.object);
-  }
+  loops_.Serve(own.queue, own.longestMs, [&](const Event& event) { watcher(event.event, event.window, event.object); });
   subscriptions_.remove_if([&own](const Subscription& each) { return &each == &own; });
 }
 

@@ -34,6 +34,7 @@ class WindowEvents {
   struct Subscription {
     os::WindowEvent first, last;
     std::deque<Event> queue = {};
+    std::uint64_t longestMs = 0;  // nobody asks: these watchers hold nothing up
   };
   ThreadLoops& loops_;
   std::list<Subscription> subscriptions_;  // a list, so that references stay good

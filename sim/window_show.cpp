@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "sim/desktop.h"
+#include "sim/system_errors.h"
 
 namespace sim {
 
@@ -11,9 +12,7 @@ using os::WindowHandle;
 
 namespace {
 
-constexpr std::uint32_t kAccessDenied = 5;            // ERROR_ACCESS_DENIED
-constexpr std::uint32_t kInvalidWindowHandle = 1400;  // ERROR_INVALID_WINDOW_HANDLE
-constexpr std::uint32_t kRestoreToMaximized = 2;      // WPF_RESTORETOMAXIMIZED
+constexpr std::uint32_t kRestoreToMaximized = 2;  // WPF_RESTORETOMAXIMIZED
 constexpr std::uint32_t kWsExToolWindow = 0x80;
 constexpr os::Rect kMinimizedArea = {-32000, -32000, -31840, -31972};
 

@@ -1,4 +1,4 @@
-// What follows a change of the displays: Win+P, docking, folding over, a machine in a shop.
+// What follows a change of the displays: Win+P, docking, folding over.
 
 #include "os/messages.h"
 #include "power/win_p_watch.h"
@@ -9,6 +9,8 @@ namespace {
 
 using namespace support;
 
+constexpr auto kWinPStart = L"[Win + P] -------- Start -------- \n";
+
 TEST(DisplayChange, APanelThatWasMovedOrTurnedComesBackWithoutFlicker) {
   for (const std::uint32_t orientation : {0U, 1U, 2U, 3U}) {
     RunningLaptop laptop({.uiRunning = true});
@@ -16,20 +18,16 @@ TEST(DisplayChange, APanelThatWasMovedOrTurnedComesBackWithoutFlicker) {
     c.Rotate(orientation);
     c.MoveTo(1920, 300);
     laptop.displays.Changed();
-    EXPECT_EQ(c.Area(), (os::Rect{0, 1080, 1920, 1595}));
+    EXPECT_EQ(c.Area(), kCPanel);
     EXPECT_EQ(c.orientation, 3u);
     EXPECT_LE(laptop.displays.SettingsChanges().size(), 2u);
     EXPECT_EQ(LastTold(laptop), L"POWERON");
-
-    ForgetTheStory(laptop);
-    laptop.displays.Changed();
-    EXPECT_TRUE(laptop.displays.SettingsChanges().empty()) << "nothing is wrong";
   }
 }
 
 TEST(DisplayChange, AFullScreenProgramIsNotDisturbed) {
   RunningLaptop laptop;
-  laptop.desktop.OpenInForeground({.className = L"Game", .area = {0, 0, 1920, 1080}, .style = 0x9000'0000});
+  laptop.desktop.OpenInForeground({.className = L"Game", .area = kBPanel, .style = os::kWsPopup | os::kWsVisible});
   laptop.displays.cPanel().MoveTo(1920, 0);
   laptop.displays.Changed();
   EXPECT_TRUE(laptop.displays.SettingsChanges().empty());
@@ -38,41 +36,32 @@ TEST(DisplayChange, AFullScreenProgramIsNotDisturbed) {
 TEST(DisplayChange, AfterAFlipTheBPanelIsSetUprightWhenTheSystemTurnsItLate) {
   RunningLaptop laptop({.uiRunning = true});
   laptop.hotKey.FlipChanged();
-  ForgetTheStory(laptop);
-  laptop.displays.bPanel().Rotate(1);
+  auto& b = laptop.displays.bPanel();
+  b.Rotate(1);
   laptop.displays.Changed();
-  EXPECT_TRUE(laptop.trace.Contains(L"BPanelDisplayOrientation = DMDO_90 \n"));
-  EXPECT_EQ(laptop.displays.bPanel().orientation, 1u) << "as the user holds it";
-  laptop.displays.bPanel().Rotate(0);
+  EXPECT_EQ(b.orientation, 1u) << "as the user holds it";
+  b.Rotate(0);
   laptop.faults.Slow<&os::SendCopyData>(50);  // between the search, which sees it upright, and the work-around
-  laptop.After(25, [&] { laptop.displays.bPanel().Rotate(1); });
+  laptop.After(25, [&] { b.Rotate(1); });
   laptop.displays.Changed();
-  EXPECT_EQ(laptop.displays.bPanel().Area(), (os::Rect{0, 0, 1920, 1080}));
-  EXPECT_EQ(laptop.displays.bPanel().orientation, 0u);
-  EXPECT_TRUE(
-      LogsInOrder(laptop, {L"BPanelDisplayOrientation = DMDO_DEFAULT \n", L"Work around Yoga Orientation Issue \n",
-                           L"B Panel Orientation DMDO_DEFAULT set again \n"}));
+  EXPECT_EQ(b.Area(), kBPanel);
+  EXPECT_EQ(b.orientation, 0u);
 }
 
 TEST(WinP, BringsBackAPanelThatIsOffAndWanted) {
-  using Case = std::tuple<std::uint32_t, const wchar_t*, int>;
-  for (const auto& [status, saved, resets] : {Case{Firmware::kPanelOff, L"On", 2},
-                                              {Firmware::kPanelOff, L"Off", 0},
-                                              {Firmware::kPanelOff | 1, L"On", 0},
-                                              {Firmware::kPanelOn, L"On", 0}}) {
-    SCOPED_TRACE(testing::Message() << status << " " << testing::PrintToString(saved));
-    RunningLaptop laptop({.uiRunning = true});
-    laptop.firmware.SetRegister(Firmware::kPower, status);
-    laptop.settings.Set(L"Tessaview", saved);
-    laptop.displays.Project(Topology::Clone);
-    laptop.input.PressWinP();
-    EXPECT_EQ(laptop.trace.Count(L"[Win + P] -------- Start -------- \n"), 2u) << "for the press and the release";
-    EXPECT_EQ(laptop.trace.Count(L"[Timestamp] ReSetTessaviewMode \n"), static_cast<std::size_t>(resets));
-    if (resets > 0) {
-      EXPECT_EQ(laptop.displays.topology, Topology::Extend);
-      EXPECT_TRUE(laptop.trace.Contains(L"[MoveCPanelMonitorOnePixel] isExtendMode + Win_P_WindowMoveFlag = true"));
-      EXPECT_FALSE(tessaview::ClaimWin_P_WindowMoveFlag());
-      EXPECT_EQ(laptop.displays.cPanel().Area(), (os::Rect{0, 1080, 1920, 1595}));
+  for (const auto status : {Firmware::kPanelOff, Firmware::kPanelOff | 1, Firmware::kPanelOn}) {
+    for (const auto* const saved : {L"On", L"Off"}) {
+      SCOPED_TRACE(testing::Message() << status << " " << testing::PrintToString(saved));
+      const bool comesBack = status == Firmware::kPanelOff && std::wstring(saved) == L"On";
+      RunningLaptop laptop({.saved = saved, .uiRunning = true});
+      laptop.firmware.SetRegister(Firmware::kPower, status);
+      laptop.displays.Project(Topology::Clone);
+      laptop.input.PressWinP();
+      EXPECT_EQ(laptop.trace.Count(kWinPStart), 2u) << "for the press and the release";
+      EXPECT_EQ(laptop.displays.topology, comesBack ? Topology::Extend : Topology::Clone);
+      EXPECT_EQ(laptop.trace.Contains(L"[MoveCPanelMonitorOnePixel] Start Move CPanel"), comesBack);
+      EXPECT_FALSE(tessaview::Win_P_WindowMoveFlag.get());
+      if (comesBack) EXPECT_EQ(laptop.displays.cPanel().Area(), kCPanel);
     }
   }
 }
@@ -96,7 +85,6 @@ TEST(WinP, SeesTheModeInForceWhateverElseLooksAtIt) {
 
 TEST(WinP, NeverHoldsUpTheKeyboard) {
   RunningLaptop laptop;
-  ASSERT_TRUE(laptop.input.IsWatched());
   laptop.firmware.SetRegister(Firmware::kPower, Firmware::kPanelOff);
   laptop.faults.Slow<&os::ChangeDisplayConfiguration>(5000);
   laptop.faults.Slow<&os::Control>(500);
@@ -106,58 +94,35 @@ TEST(WinP, NeverHoldsUpTheKeyboard) {
   }
   EXPECT_TRUE(laptop.Settle());
   EXPECT_EQ(laptop.input.LongestHoldUpMs(), 0u);
-  const auto served = laptop.trace.Count(L"[Win + P] -------- End -------- \n");
+  const auto served = laptop.trace.Count(kWinPStart);
   EXPECT_TRUE(served == 2 || served == 3) << "press and release in turn; a key that is held does no more";
-
-  ForgetTheStory(laptop);
+  laptop.trace.Clear();
   laptop.input.Press('P');  // alone, as in a text
-  EXPECT_EQ(laptop.trace.Count(L"[Win + P] -------- Start -------- \n"), 0u);
-}
-
-TEST(F6, OnBringsThePanelBack) {
-  RunningLaptop laptop({.saved = L"Off", .generation = 1, .uiRunning = true});  // whose C panel is not listed as such
-  laptop.displays.Project(Topology::Clone);
-  laptop.displays.Changed();
-  laptop.events.Signal(sim::KernelObjects::kPowerEvent, false);
-  laptop.hotKey.UseF6(3);
-  EXPECT_TRUE(laptop.firmware.PanelOn());
-  EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"On");
-  EXPECT_EQ(laptop.displays.topology, Topology::Extend);
-  EXPECT_TRUE(laptop.events.Signalled(sim::KernelObjects::kPowerEvent));
-  EXPECT_GT(TimesTold(laptop, L"CLOSEMASK"), 0);
-  EXPECT_EQ(LastTold(laptop), L"POWERON") << "once the displays have changed";
-}
-
-TEST(RetailDemo, ExtendsADuplicatedDesktopAfterThreeMinutes) {
-  RunningLaptop laptop({.uiRunning = true});
-  laptop.services.Set(L"RetailDemo", sim::Services::kRunning);
-  laptop.displays.UserProjects(Topology::Clone);
-  EXPECT_EQ(laptop.window.TimerPeriod(9528), 180'000u);
-  laptop.Advance(170'000);
-  EXPECT_EQ(laptop.displays.topology, Topology::Clone);
-  laptop.Advance(20'000);
-  EXPECT_EQ(laptop.displays.topology, Topology::Extend);
-  EXPECT_EQ(laptop.input.LeftClicks(), 1);
-  EXPECT_FALSE(laptop.window.TimerPeriod(9528));
-  EXPECT_FALSE(laptop.apps.Activations().empty());
+  EXPECT_EQ(laptop.trace.Count(kWinPStart), 0u);
 }
 
 TEST(FullScreen, IsTheWholePrimaryDisplayWithoutACaption) {
-  using Case = std::tuple<const wchar_t*, os::Rect, std::uint32_t, bool>;
-  constexpr std::uint32_t kPopup = 0x9000'0000, kCaptioned = 0x00CF'0000;
+  struct Case {
+    const wchar_t* className = L"Game";
+    os::Rect area = kBPanel;
+    std::uint32_t style = os::kWsPopup | os::kWsVisible;
+    bool full;
+  };
+  Laptop laptop;
   for (const auto& [className, area, style, full] :
-       {Case{L"Game", {0, 0, 1920, 1080}, kPopup, true}, Case{L"Game", {0, 0, 1920, 1080}, kCaptioned, false},
-        Case{L"Game", {0, 0, 1920, 1040}, kPopup, false}, Case{L"Game", {-8, -8, 1928, 1088}, kPopup, true},
-        Case{L"WorkerW", {-8, 0, 1920, 1080}, kPopup, true}, Case{L"#32770", {0, 0, 1920, 1080}, kPopup, true},
-        Case{L"#32770", {100, 0, 2020, 1080}, kPopup, false},
-        Case{L"AcrobatSDIWindow", {100, 100, 200, 200}, kPopup, true},
-        Case{L"Game", {0, 1080, 1920, 1595}, kPopup, false}}) {
-    sim::Laptop laptop;
+       {Case{.full = true},
+        {.style = os::kWsCaption | os::kWsVisible, .full = false},
+        {.area = {0, 0, 1920, 1040}, .full = false},
+        {.area = {-8, -8, 1928, 1088}, .full = true},
+        {.className = L"WorkerW", .area = {-8, 0, 1920, 1080}, .full = true},
+        {.className = L"#32770", .full = true},
+        {.className = L"#32770", .area = {100, 0, 2020, 1080}, .full = false},
+        {.className = L"AcrobatSDIWindow", .area = kAnywhere, .full = true},
+        {.area = kCPanel, .full = false}}) {
     const auto window = laptop.desktop.Open({.className = className, .area = area, .style = style});
     EXPECT_EQ(tessaview::IsFullScreenWindow(window), full)
         << testing::PrintToString(className) << " " << area.left << " " << area.bottom;
   }
-  sim::Laptop laptop;
   EXPECT_FALSE(tessaview::IsFullScreenWindow(laptop.desktop.Shell()));
 }
 

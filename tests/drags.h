@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/two_panels.h"
+#include "tests/support.h"
 
 // What tests of dragged windows share: where they drag, and what the UI was told of it.
 namespace support {
@@ -30,7 +30,7 @@ struct MoverText {
 using MoverTexts = std::vector<MoverText>;
 
 /// The mover's texts since the last call; each names `window` and has nothing in the fields that are not used.
-inline MoverTexts MoverTold(sim::Laptop& laptop, os::WindowHandle window) {
+inline MoverTexts MoverTold(Laptop& laptop, os::WindowHandle window) {
   MoverTexts texts;
   for (const auto& record : laptop.ui.ReceivedTexts()) {
     if (!record.text.starts_with(L"WS") && !record.text.starts_with(L"MSWS")) continue;
@@ -43,20 +43,20 @@ inline MoverTexts MoverTold(sim::Laptop& laptop, os::WindowHandle window) {
 }
 
 /// Their texts alone.
-inline Texts MoverWords(sim::Laptop& laptop, os::WindowHandle window) {
+inline Texts MoverWords(Laptop& laptop, os::WindowHandle window) {
   Texts words;
   for (auto& told : MoverTold(laptop, window)) words.push_back(std::move(told.text));
   return words;
 }
 
 /// Moves the pointer so that the controller sees it there: with each event the system still tells where it was before.
-inline void Reach(sim::Laptop& laptop, os::Point to) {
+inline void Reach(Laptop& laptop, os::Point to) {
   laptop.mouse.MoveTo(to);
   laptop.mouse.MoveTo(to);
 }
 
 /// Grabs a window and drags it until its overlay shows.
-inline void DragOut(sim::Laptop& laptop, os::WindowHandle window, os::Point press, os::Point away) {
+inline void DragOut(Laptop& laptop, os::WindowHandle window, os::Point press, os::Point away) {
   laptop.mouse.Grab(window, press);
   laptop.mouse.MoveTo({press.x + 10, press.y + 10});
   Reach(laptop, away);

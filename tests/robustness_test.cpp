@@ -1,16 +1,19 @@
 // Random faults and random events: whatever happens, the controller lives on, closes what it opened, and keeps the
-// user's choices. One seed is one run; a failure names its seed.
+// user's choices.
 
 #include <iterator>
 #include <random>
 #include <set>
 
+#include "tests/seeds.h"
 #include "tests/spoilt_doors.h"
 #include "tests/support.h"
 
 namespace {
 
 using namespace support;
+
+constexpr Seeds kSeeds{"ROBUSTNESS", 60};
 
 const auto kCommands = WordsOf(
     L"BLSET BLGET GETPROCESSNAME POWERSAVERON POWERSAVEROFF GETFREQUENCY SETFREQUENCY DIED CLOSEQUICKGUIDE ALIVE "
@@ -70,7 +73,7 @@ class RandomLife {
     laptop.touch.Plug();
     laptop.touch.modeSwitch().enabled = true;  // a reset that was cut short leaves it switched off
     laptop.displays.cPanel().Attach();
-    laptop.displays.UserProjects(os::Topology::Extend);
+    laptop.displays.UserProjects(Topology::Extend);
     laptop.sessions.Unlock();
   }
 
@@ -176,8 +179,7 @@ class RandomLife {
   }
 
   void DisturbDisplays() {
-    constexpr os::Topology kChoices[] = {os::Topology::Internal, os::Topology::Clone, os::Topology::Extend,
-                                         os::Topology::External};
+    constexpr Topology kChoices[] = {Topology::Internal, Topology::Clone, Topology::Extend, Topology::External};
     const auto pick = Pick(3);
     if (pick == 0) return laptop.displays.UserProjects(kChoices[Pick(std::size(kChoices))]);
     auto& screen = Pick(2) == 0 ? laptop.displays.bPanel() : laptop.displays.cPanel();
@@ -200,18 +202,17 @@ class RandomLife {
   const std::uint32_t level_;
 
  public:
-  sim::Laptop laptop;
+  Laptop laptop;
 
  private:
   std::set<std::wstring> powers_, levels_;  // what the settings may say by now
 };
 
-class Robustness : public testing::TestWithParam<std::uint32_t> {};
+using Robustness = SeedsTest;
 
 TEST_P(Robustness, SurvivesFaultsAndNoiseAndKeepsTheUsersChoices) {
   constexpr int kEvents = 40, kEventsWhileStarting = 4;
-  for (auto seed = GetParam(); seed < GetParam() + 10; ++seed) {
-    SCOPED_TRACE("seed " + std::to_string(seed));
+  kSeeds.PlayShare(GetParam(), [](unsigned seed) {
     RandomLife life(seed);
     life.SpoilDoors();
     const bool started = life.laptop.Boot();  // it may wait for the touch pad or the desktop
@@ -227,10 +228,9 @@ TEST_P(Robustness, SurvivesFaultsAndNoiseAndKeepsTheUsersChoices) {
     life.ExpectChoicesKept();
     life.ExpectService();
     life.ExpectNothingLeftOpen();
-    if (HasFailure()) break;
-  }
+  });
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, Robustness, testing::Values(1, 11, 21, 31, 41, 51));
+INSTANTIATE_TEST_SUITE_P(Seeds, Robustness, EachShare());
 
 }  // namespace

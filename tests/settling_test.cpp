@@ -1,17 +1,17 @@
 // Whatever happens to the displays, it settles: from many seeds, random sequences of docking, rotation, projection,
-// lid and power events, with display calls that fail or are slow. SETTLING_SEEDS sets how many sequences are played
-// (each test of the suite plays its share), SETTLING_SEED plays a single one.
+// lid and power events, with display calls that fail or are slow.
 
 #include <random>
 
 #include "display/panel_info.h"
+#include "tests/seeds.h"
 #include "tests/support.h"
 
 namespace {
 
 using namespace support;
 
-constexpr unsigned kShares = 4, kSeeds = 120;  // as many as are quick under the sanitizers; more by SETTLING_SEEDS
+constexpr Seeds kSeeds{"SETTLING", 120};  // as many as are quick under the sanitizers
 
 class Sequence {
  public:
@@ -53,7 +53,7 @@ class Sequence {
 
   std::uint32_t Pick(std::size_t choices) { return static_cast<std::uint32_t>(random_() % choices); }
 
-  sim::Screen& CPanel() { return laptop_.displays.cPanel(); }
+  Screen& CPanel() { return laptop_.displays.cPanel(); }
 
   [[nodiscard]] std::size_t Changes() const {
     return laptop_.displays.SettingsChanges().size() + laptop_.displays.ConfigurationChanges().size();
@@ -111,7 +111,7 @@ class Sequence {
     }
   }
 
-  void Turn(sim::Screen& screen) {
+  void Turn(Screen& screen) {
     screen.Rotate(Pick(4));
     laptop_.displays.Changed();
   }
@@ -158,25 +158,20 @@ class Sequence {
   }
 
   std::mt19937 random_;
-  sim::Laptop laptop_;
-  sim::Screen* monitor_ = nullptr;
+  Laptop laptop_;
+  Screen* monitor_ = nullptr;
 };
 
-class Settling : public testing::TestWithParam<unsigned> {};
+using Settling = SeedsTest;
 
 TEST_P(Settling, AfterTheLastEventThePanelIsInItsPlaceAndTheUiKnows) {
-  const auto single = Number("SETTLING_SEED", 0), seeds = Number("SETTLING_SEEDS", kSeeds);
-  for (unsigned seed = GetParam() + 1; seed <= seeds; seed += kShares) {
-    if (single != 0 && seed != single) continue;
-    SCOPED_TRACE(testing::Message() << "replay: SETTLING_SEEDS=" << seed << " SETTLING_SEED=" << seed
-                                    << " build/dev/tests/settling_tests");
+  kSeeds.PlayShare(GetParam(), [](unsigned seed) {
     Sequence sequence(seed);
     sequence.Play();
     sequence.ComeToRest();
-    if (HasFailure()) return;
-  }
+  });
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, Settling, testing::Range(0U, kShares));
+INSTANTIATE_TEST_SUITE_P(Seeds, Settling, EachShare());
 
 }  // namespace

@@ -32,8 +32,9 @@ inline constexpr Door kDoorsOf[] = {
      [](sim::Faults& faults, std::uint32_t ms) { faults.Slow<Functions>(ms); },
      [](sim::Faults& faults, std::size_t size) { faults.Short<Functions>(size); }}...};
 
-// Not among them: what the window itself hangs on, reading the settings (what cannot be read is replaced by its
-// default), and starting a program, whose refusal leaves two handles open on purpose.
+// Left out is what would spoil what is checked in the end: making the window, without which there is no controller;
+// finding and reading the settings, as a value that cannot be read is replaced by its default; starting a program, as
+// a refusal leaves two handles open on purpose. Left out is also what only sets up watches, the watchdog and the trace.
 inline constexpr const auto& kDoors =
     kDoorsOf<&os::OpenDevice, &os::Control, &os::WriteFirmwareVariable, &os::QueryDisplayConfiguration,
              &os::SourceGdiName, &os::QueryTargetName, &os::DesktopMonitors, &os::MonitorDpi, &os::DisplayDeviceName,

@@ -1,20 +1,20 @@
 // Whatever happens while windows are thrown between the panels, it comes to rest: from many seeds, windows of every
 // kind are dragged and moved by commands while they hang, die or are sized, the UI hangs, and the C panel goes and
-// comes. THROWING_SEEDS sets how many sequences are played (each test of the suite plays its share), THROWING_SEED
-// plays a single one.
+// comes.
 
 #include <iterator>
 #include <memory>
 #include <random>
 
 #include "tests/drags.h"
+#include "tests/seeds.h"
 
 namespace {
 
 using namespace support;
 using os::WindowHandle;
 
-constexpr unsigned kShares = 4, kSeeds = 48;  // as many as are quick under the sanitizers; more by THROWING_SEEDS
+constexpr Seeds kSeeds{"THROWING", 48};  // as many as are quick under the sanitizers
 constexpr auto kOffice = L"C:\\Office\\word.exe", kElevated = L"C:\\admin.exe", kPackaged = L"C:\\App\\App.exe";
 
 class Throwing {
@@ -65,7 +65,7 @@ class Throwing {
   // ---- Windows ----
 
   void Open() {
-    const os::Rect place = Pick(2) == 0 ? os::Rect{200, 100, 1200, 800} : kOnCPanel;
+    const os::Rect place = Pick(2) == 0 ? kAnywhere : kOnCPanel;
     const auto open = [&](Window window) {
       window.area = place;
       windows_.push_back(laptop_.desktop.OpenInForeground(std::move(window)));
@@ -234,25 +234,20 @@ class Throwing {
   }
 
   std::mt19937 random_;
-  sim::Laptop laptop_;
+  Laptop laptop_;
   std::vector<WindowHandle> windows_;
 };
 
-class ThrowingWindows : public testing::TestWithParam<unsigned> {};
+using ThrowingWindows = SeedsTest;
 
 TEST_P(ThrowingWindows, ComesToRestWithEveryWindowInSightAndNoOverlayLeft) {
-  const auto single = Number("THROWING_SEED", 0), seeds = Number("THROWING_SEEDS", kSeeds);
-  for (unsigned seed = GetParam() + 1; seed <= seeds; seed += kShares) {
-    if (single != 0 && seed != single) continue;
-    SCOPED_TRACE(testing::Message() << "replay: THROWING_SEEDS=" << seed << " THROWING_SEED=" << seed
-                                    << " build/dev/tests/throwing_tests");
+  kSeeds.PlayShare(GetParam(), [](unsigned seed) {
     Throwing play(seed);
     play.Play();
     play.ComeToRest();
-    if (HasFailure()) return;
-  }
+  });
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, ThrowingWindows, testing::Range(0U, kShares));
+INSTANTIATE_TEST_SUITE_P(Seeds, ThrowingWindows, EachShare());
 
 }  // namespace

@@ -9,78 +9,58 @@ using namespace tessaview;
 using namespace support;
 using sim::Ui;
 
-constexpr UiText kPatient{L"PATIENT", Guide::Misses, Wait::Patient, Keep::Always, ""};
-constexpr UiText kBrief{L"BRIEF", Guide::Misses, Wait::Briefly, Keep::Always, ""};
+using Sender = std::uint32_t (*)(const UiMessage&);
 
 TEST(UiChannel, TheWindowsThatAreOpenDecideWhoGetsAText) {
   struct Case {
-    bool main, guide;
-    UiText text;
-    std::uint32_t result;
-    const wchar_t* receiver;
+    bool main = false, guide = false;
+    const wchar_t* text = L"POWERON";
+    std::uint32_t result = 1;
+    const wchar_t *receiver = nullptr, *timeoutsReceiver = receiver;
   };
-  for (const auto& c :
-       {Case{.main = true, .guide = false, .text = texts::kOpenMask, .result = 1, .receiver = Ui::kMainClass},
-        {.main = true, .guide = true, .text = texts::kPowerOn, .result = 0, .receiver = nullptr},
-        {.main = false, .guide = true, .text = texts::kPowerOn, .result = 1, .receiver = Ui::kGuideClass},
-        {.main = false, .guide = true, .text = texts::kPowerOff, .result = 1, .receiver = Ui::kGuideClass},
-        {.main = false, .guide = true, .text = texts::kUacEntry, .result = 1, .receiver = Ui::kGuideClass},
-        {.main = false, .guide = true, .text = texts::kOpenMask, .result = 1, .receiver = nullptr},
-        {.main = false, .guide = false, .text = texts::kPowerOn, .result = 0, .receiver = nullptr}}) {
-    SCOPED_TRACE(testing::Message() << c.text.name << ", main " << c.main << ", guide " << c.guide);
-    Laptop laptop;
-    laptop.ui.OpenVideo();  // never a receiver
-    if (c.main) laptop.ui.Start();
-    if (c.guide) laptop.ui.OpenGuide();
-    EXPECT_EQ(TellUi(c.text), c.result);
-    ASSERT_EQ(laptop.ui.ReceivedRecords().size(), c.receiver == nullptr ? 0u : 1u);
-    if (c.receiver != nullptr) EXPECT_EQ(laptop.ui.ReceivedRecords()[0].windowClass, c.receiver);
-  }
-}
-
-TEST(UiChannel, EveryTextTravelsInAWholeRecordOfKind102) {
-  Laptop laptop({.uiRunning = true});
-  for (const auto& rest : {std::wstring(), std::wstring(252, L'\u00E4')}) {
-    for (const auto& text : {kPatient, kBrief}) {
-      laptop.ui.ForgetReceived();
-      EXPECT_EQ(TellUi(text, {.text = rest, .point = {-5, 6}}), 1u);
-      ASSERT_EQ(laptop.ui.ReceivedRecords().size(), 1u);
-      EXPECT_EQ(laptop.ui.ReceivedRecords()[0].kind, 102u);
-      EXPECT_EQ(laptop.ui.ReceivedRecords()[0].bytes.size(), 552u);
-      EXPECT_EQ(laptop.ui.ReceivedTexts().at(0).text, text.name + rest);
-      EXPECT_EQ(laptop.ui.ReceivedTexts().at(0).point, (os::Point{-5, 6}));
+  for (const auto& each :
+       {Case{.main = true, .text = L"OPENMASK", .receiver = Ui::kMainClass},
+        Case{.main = true, .guide = true, .result = 0}, Case{.guide = true, .receiver = Ui::kGuideClass},
+        Case{.guide = true, .text = L"POWEROFF", .receiver = Ui::kGuideClass},
+        Case{.guide = true, .text = L"UACENTRY", .timeoutsReceiver = Ui::kGuideClass},
+        Case{.guide = true, .text = L"UACEXIT", .timeoutsReceiver = Ui::kGuideClass},
+        Case{.guide = true, .text = L"OPENMASK"}, Case{.guide = true, .text = L"poweron"}, Case{.result = 0}}) {
+    for (const Sender send : {SendUiText, SendUiTextTimeout}) {
+      SCOPED_TRACE(testing::Message() << each.text << ", main " << each.main << ", guide " << each.guide);
+      Laptop laptop;
+      laptop.ui.OpenVideo();  // never a receiver
+      if (each.main) laptop.ui.Start();
+      if (each.guide) laptop.ui.OpenGuide();
+      EXPECT_EQ(send({.text = each.text}), each.result);
+      const auto* expected = send == SendUiText ? each.receiver : each.timeoutsReceiver;
+      ASSERT_EQ(laptop.ui.ReceivedRecords().size(), expected == nullptr ? 0u : 1u);
+      if (expected != nullptr) EXPECT_EQ(laptop.ui.ReceivedRecords()[0].windowClass, expected);
+      if (expected != nullptr) EXPECT_EQ(laptop.ui.ReceivedRecords()[0].kind, 102u);
     }
   }
 }
 
-/// Sends from a thread of the controller's, as a blocked test could not arrange anything any more.
-struct SendingThread {
-  SendingThread(Laptop& laptop, const UiText& text) {
-    os::StartThread(L"sender", [this, &laptop, text] {
-      result = TellUi(text);
-      returnedAt = laptop.NowMs();
-    });
-  }
-  std::optional<std::uint64_t> returnedAt;
-  std::uint32_t result = 99;
-};
-
 TEST(UiChannel, ABusyUiIsWaitedForAsLongAsTheSenderMay) {
-  using Case = std::tuple<UiText, std::uint32_t, std::uint32_t, bool>;
-  for (const auto& [text, busyMs, returnsAfterMs, taken] : {Case{kPatient, 60, 60, true},
-                                                            {kPatient, 45'000, 45'000, true},
-                                                            {kBrief, 60, 60, true},
-                                                            Case{kBrief, 101, 100, false},
-                                                            {kBrief, 45'000, 100, false}}) {
-    SCOPED_TRACE(testing::Message() << text.name << ", busy for " << busyMs << " ms");
+  struct Case {
+    Sender send;
+    std::uint32_t busyMs, heldUpMs = busyMs;
+    bool isTaken = true;
+  };
+  for (const auto& each : {Case{.send = SendUiText, .busyMs = 45'000}, Case{.send = SendUiTextTimeout, .busyMs = 60},
+                           Case{.send = SendUiTextTimeout, .busyMs = 101, .heldUpMs = 100, .isTaken = false}}) {
+    SCOPED_TRACE(each.busyMs);
     Laptop laptop({.uiRunning = true});
     const auto start = laptop.NowMs();
-    laptop.ui.Busy(busyMs);
-    const SendingThread thread(laptop, text);
+    laptop.ui.Busy(each.busyMs);
+    std::optional<std::uint64_t> returnedAt;
+    // From a thread of the controller's, as a blocked test could not arrange anything any more.
+    os::StartThread(L"sender", [&] {
+      EXPECT_EQ(each.send({.text = L"POWERON"}), 1u);
+      returnedAt = laptop.NowMs();
+    });
     laptop.Settle();
-    EXPECT_EQ(thread.returnedAt, start + returnsAfterMs);
-    EXPECT_EQ(thread.result, 1u);
-    EXPECT_EQ(laptop.ui.Received(), taken ? Texts{text.name} : Texts{});
+    EXPECT_EQ(returnedAt, start + each.heldUpMs);
+    EXPECT_EQ(laptop.ui.Received(), each.isTaken ? Texts{L"POWERON"} : Texts{});
   }
 }
 

@@ -1,4 +1,4 @@
-// The service window's own events: timers, power broadcasts, sessions, the menu and the end.
+// The service window's own events: timers, sessions, the menu and the end.
 
 #include "os/service_window.h"
 #include "tests/support.h"
@@ -7,47 +7,37 @@ namespace {
 
 using namespace support;
 
-class WindowEvents : public testing::Test {
- protected:
-  RunningLaptop laptop{{.uiRunning = true}};
-};
-
-TEST_F(WindowEvents, AskTheUiEveryHourToLookForUpdates) {
+TEST(WindowEvents, AskTheUiEveryHourToLookForUpdates) {
+  RunningLaptop laptop({.uiRunning = true});
   laptop.Advance(3'590'000);
   EXPECT_EQ(TimesTold(laptop, L"CHECKUPDATE"), 0);
-  laptop.Advance(10'000);
-  EXPECT_EQ(TimesTold(laptop, L"CHECKUPDATE"), 1);
-  laptop.Advance(24 * 3'600'000ULL);
-  EXPECT_EQ(TimesTold(laptop, L"CHECKUPDATE"), 25);
-  EXPECT_EQ(laptop.ui.ReceivedRecords().size(), 25U) << "and nothing else";
+  laptop.Advance(10'000 + 24 * 3'600'000ULL);
+  EXPECT_EQ(laptop.ui.Received(), Texts(25, L"CHECKUPDATE"));
 }
 
-TEST(EndOfSession, LeavesATouchPadBehindWhenTheUserGoesOrTheControllerIsToClose) {
-  using Case = std::tuple<std::uint32_t, bool>;
-  for (const auto& [reason, touchPad] : {Case{0x8000'0000, true},  // the user signs out
-                                         {0x1, true},  // files of the controller are in use and shall be replaced
-                                         {0x8000'0001, true},
-                                         {0, false},               // the machine shuts down
-                                         {0x4000'0000, false}}) {  // in a hurry
+TEST(WindowEvents, LeaveATouchPadBehindWhenTheUserGoesOrTheControllerIsToClose) {
+  constexpr std::uint32_t kShutDown = 0, kInAHurry = 0x4000'0000, kCloseApp = 0x1, kSignOut = 0x8000'0000;
+  for (const auto& [reason, touchPad] : {std::pair(kSignOut, true),
+                                         {kCloseApp, true},
+                                         {kSignOut | kCloseApp, true},
+                                         {kShutDown, false},
+                                         {kInAHurry, false}}) {
     SCOPED_TRACE(reason);
-    sim::Laptop laptop;
-    laptop.Boot();
+    RunningLaptop laptop;
     laptop.sessions.End(reason);
     EXPECT_EQ(laptop.touch.InCursorMode(), touchPad);
-    EXPECT_EQ(laptop.touch.OutputReports().size(), touchPad ? 1U : 0U);
     EXPECT_EQ(laptop.ExitCode(), std::nullopt) << "that was only the question";
   }
 }
 
-TEST_F(WindowEvents, EndTheControllerByTheExitItemOnly) {
-  for (const std::uint16_t other : std::initializer_list<std::uint16_t>{0, 1, 103, 106, 0xFFFF})
+TEST(WindowEvents, EndTheControllerByTheExitItemOnly) {
+  constexpr std::uint16_t kAbout = 104, kExit = 105, kAboutBox = 103;
+  RunningLaptop laptop;
+  for (const std::uint16_t other : std::initializer_list<std::uint16_t>{0, 103, 106, 0xFFFF, kAbout})
     laptop.window.PickMenuItem(other);
-  EXPECT_TRUE(laptop.window.Dialogs().empty());
-  laptop.window.PickMenuItem(104);
-  EXPECT_EQ(laptop.window.Dialogs(), std::vector<std::uint16_t>{103}) << "the about box";
+  EXPECT_EQ(laptop.window.Dialogs(), std::vector<std::uint16_t>{kAboutBox});
   EXPECT_EQ(laptop.ExitCode(), std::nullopt);
-
-  laptop.window.PickMenuItem(105);
+  laptop.window.PickMenuItem(kExit);
   EXPECT_EQ(laptop.ExitCode(), 0);
 }
 

@@ -53,6 +53,8 @@ BITES = {
                ["sim/ui.cpp:1: <thread> starts", "sim/ui.cpp:2: 'std::jthread' starts"]),
     "thread after odd literals": ({"src/core/a.cpp": "int n = 3'600'000; char c = '\"'; std::thread t;\n"},
                                   ["src/core/a.cpp:1: 'std::thread' starts"]),
+    "laptop that knows the program": ({"src/core/a.h": H, "sim/a.cpp": '#include "core/a.h"\n'},
+                                      ["sim/a.cpp:1: \"core/a.h\" is no header of the door"]),
     "include beside the file": ({"src/power/a.h": H, "src/power/b.cpp": '#include "a.h"\n'},
                                 ["src/power/b.cpp:1: \"a.h\" is not a file of the tree"]),
     "include upwards": ({"src/core/a.h": H, "src/power/b.cpp": '#include "../core/a.h"\n'},

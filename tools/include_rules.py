@@ -54,6 +54,13 @@ def _resolve(tree, file, path):
     return next((root + path for root in roots if root + path in tree.paths), None)
 
 
+def simulated_laptop_knows_the_door_only(tree):
+    for file in tree.cpp("sim/"):
+        for line, path, quoted in file.includes:
+            if quoted and not re.fullmatch(r"(os|sim)/[^/]+", path):
+                yield file.at(line, f'"{path}" is no header of the door; the simulated laptop does it by its own code')
+
+
 def includes_start_at_a_root(tree):
     for file in tree.cpp():
         for line, path, quoted in file.includes:
@@ -140,6 +147,7 @@ def no_include_circles(tree):
 
 RULES = (
     windows_headers_behind_the_door,
+    simulated_laptop_knows_the_door_only,
     includes_start_at_a_root,
     headers_say_pragma_once,
     includes_go_down_the_layers,

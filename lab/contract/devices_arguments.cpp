@@ -11,7 +11,6 @@
 #include "os/device_io.h"
 #include "os/devices.h"
 #include "os/hid.h"
-#include "os/power.h"
 
 namespace contract {
 namespace {
@@ -39,20 +38,6 @@ TEST(DeviceArguments, AFirmwareVariableIsNamedSpacedAndSized) {
   });
   EXPECT_EQ(os::WriteFirmwareVariable(L"Name", L"{guid}", os::Bytes{9, 0, 0, 0}).error(), 1314U);
   EXPECT_EQ(asked, L"Name{guid}49");
-}
-
-TEST(DeviceArguments, ThePowerStatusIsThatOfTheSourceAndTheSaver) {
-  static BOOL answers;
-  CONTRACT_PATCH(GetSystemPowerStatus, [](auto status) -> BOOL {
-    *status = {255, 2, 3, 1, 4, 5};
-    return SetLastError(ERROR_GEN_FAILURE), answers;
-  });
-  answers = TRUE;
-  const auto status = os::QueryPowerStatus();
-  ASSERT_TRUE(status);
-  EXPECT_TRUE(status->acLineStatus == 255 && status->systemStatusFlag == 1);
-  answers = FALSE;
-  EXPECT_EQ(os::QueryPowerStatus().error(), 31U);
 }
 
 TEST(DeviceArguments, ANodeIsSwitchedForGoodInAllProfiles) {

@@ -1,4 +1,4 @@
-// What the door asks of Windows about power schemes, and of the mouse, where Wine only pretends to serve it.
+// What the door asks of Windows about power schemes, and of hooks, where Wine only pretends to serve it.
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -8,7 +8,6 @@
 
 #include "contract/patched.h"
 #include "os/hooks.h"
-#include "os/input.h"
 #include "os/power.h"
 
 namespace contract {
@@ -55,16 +54,6 @@ TEST(PowerArguments, TheLidsActionIsReadFromTheSchemeForEachSource) {
   EXPECT_EQ(os::LidCloseActionOf({}, true).error(), 87U);
   answer = ERROR_CALL_NOT_IMPLEMENTED;
   EXPECT_EQ(os::ActivePowerScheme().error(), 120U);
-}
-
-TEST(InputArguments, AClickIsAPressAndARelease) {
-  static std::string asked;
-  asked.clear();
-  CONTRACT_PATCH(mouse_event, [](auto flags, auto x, auto y, auto, auto) {
-    asked += std::to_string(flags) + (x == 0 && y == 0 ? " " : "moved ");
-  });
-  os::ClickLeftButton();
-  EXPECT_EQ(asked, "2 4 ");
 }
 
 TEST(HooksArguments, AllProgramsAreWatchedAndWhoCannotWatchReturns) {

@@ -100,23 +100,12 @@ TEST(EventSink, TellsHowTheQueryGoesOn) {
 std::wstring gAsked;
 HRESULT gAnswer;  // of the query
 IUnknown *gSink, *gStubGiven;
-lab::ComObject gLocator, gServices, gApartment, gStub;
+lab::ComObject gServices, gApartment, gStub;
 
-HRESULT WINAPI CreateFake(REFCLSID id, IUnknown*, DWORD where, REFIID interfaceId, void** object) {
-  const bool isLocator = IsEqualCLSID(id, CLSID_WbemLocator) && IsEqualIID(interfaceId, IID_IWbemLocator);
-  const bool isApartment =
-      IsEqualCLSID(id, CLSID_UnsecuredApartment) && IsEqualIID(interfaceId, IID_IUnsecuredApartment);
-  if (!isLocator && !isApartment) return REGDB_E_CLASSNOTREG;
-  gAsked += (isLocator ? L"locator " : L"apartment ") + std::to_wstring(where) + L"|";
-  *object = (isLocator ? gLocator : gApartment).Interface();
-  return S_OK;
-}
-
-HRESULT WINAPI Connect(void*, BSTR nameSpace, BSTR user, BSTR password, BSTR locale, long flags, BSTR authority,
-                       IWbemContext* context, IWbemServices** services) {
-  const bool plain = !user && !password && !locale && flags == 0 && !authority && !context;
-  gAsked += L"connect " + std::wstring(nameSpace, SysStringLen(nameSpace)) + (plain ? L"|" : L" otherwise|");
-  *services = static_cast<IWbemServices*>(gServices.Interface());
+HRESULT WINAPI CreateApartment(REFCLSID id, IUnknown*, DWORD where, REFIID interfaceId, void** object) {
+  if (id != CLSID_UnsecuredApartment || interfaceId != IID_IUnsecuredApartment) return REGDB_E_CLASSNOTREG;
+  gAsked += L"apartment " + std::to_wstring(where) + L"|";
+  *object = gApartment.Interface();
   return S_OK;
 }
 
@@ -144,31 +133,25 @@ HRESULT WINAPI Cancel(void*, IWbemObjectSink* sink) {
 }
 
 TEST(ProcessStopArguments, TheQueryIsAskedThroughAStubAndCancelledWhenItIsClosed) {
-  CONTRACT_PATCH(CoCreateInstance, CreateFake);
-  gLocator = lab::ComObject().With(3, Connect);
+  CONTRACT_PATCH(CoCreateInstance, CreateApartment);
   gServices = lab::ComObject().With(4, Cancel).With(23, Query);
   gApartment = lab::ComObject().With(3, MakeStub);
   gStub = lab::ComObject().With(0, AskStub);
   gAsked.clear();
-  auto locator = os::CreateManagementLocator();
-  ASSERT_TRUE(locator);
-  auto services = os::ConnectToManagement(*locator, L"ROOT\\CIMV2");
-  ASSERT_TRUE(services);
+  os::Management services{os::ManagementHandle{reinterpret_cast<std::uintptr_t>(gServices.Interface())}};
   for (const HRESULT answer : {E_ACCESSDENIED, S_OK}) {
     gAnswer = answer;
-    auto subscription = os::SubscribeToProcessStops(*services, L"SELECT it", kEvents);
+    auto subscription = os::SubscribeToProcessStops(services, L"SELECT it", kEvents);
     EXPECT_EQ(subscription.error(), answer == S_OK ? 0U : 0x80070005U);
     if (!subscription) continue;
     gTold.clear();
     static_cast<IWbemObjectSink*>(gSink)->SetStatus(WBEM_STATUS_PROGRESS, 0, nullptr, nullptr);
     EXPECT_EQ(gTold, "progressed") << "the sink is what the stub stands for";
   }
-  EXPECT_EQ(gAsked,
-            L"locator 1|connect ROOT\\CIMV2|apartment 4|WQL SELECT it 128|apartment 4|WQL SELECT it 128|cancel|");
+  EXPECT_EQ(gAsked, L"apartment 4|WQL SELECT it 128|apartment 4|WQL SELECT it 128|cancel|");
   EXPECT_TRUE(gServices.releases() == 0 && gApartment.releases() == 1 && gStub.releases() == 1);
-  services->reset();
-  locator->reset();
-  EXPECT_TRUE(gServices.releases() == 1 && gLocator.releases() == 1);
+  services.reset();
+  EXPECT_EQ(gServices.releases(), 1);
 }
 
 TEST(ProcessStopArguments, ComIsJoinedAndSecuredForCallsOfTheServices) {

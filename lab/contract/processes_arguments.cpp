@@ -2,7 +2,6 @@
 #include <windows.h>
 
 #include <gtest/gtest.h>
-#include <shellapi.h>
 #include <userenv.h>
 #include <wtsapi32.h>
 
@@ -11,8 +10,6 @@
 #include <utility>
 
 #include "contract/patched.h"
-#include "kit/com_object.h"
-#include "os/first_sign_in.h"
 #include "os/processes.h"
 
 // The cross-compiler's headers lack appmodel.h.
@@ -26,22 +23,16 @@ TEST(ProcessArguments, SessionsComeInTheSystemsOrderAndAreFreed) {
   static WTS_SESSION_INFOW listed[]{
       {0, nullptr, WTSDisconnected}, {2, nullptr, WTSActive}, {65536, nullptr, WTSListen}};
   static void* freed;
-  static BOOL answers;
-  CONTRACT_PATCH(WTSEnumerateSessionsW,
-                 [](HANDLE server, DWORD, DWORD version, WTS_SESSION_INFOW** sessions, DWORD* count) -> BOOL {
-                   *sessions = listed, *count = 3;
-                   return SetLastError(ERROR_ACCESS_DENIED), answers && server == nullptr && version == 1;
-                 });
+  CONTRACT_PATCH(WTSEnumerateSessionsW, [](auto server, auto, auto version, auto sessions, auto count) -> BOOL {
+    *sessions = listed, *count = 3;
+    return server == nullptr && version == 1;
+  });
   CONTRACT_PATCH(WTSFreeMemory, [](auto memory) { freed = memory; });
-  answers = TRUE;
   const auto sessions = os::Sessions();
-  ASSERT_TRUE(sessions);
-  ASSERT_EQ(sessions->size(), 3U);
+  ASSERT_TRUE(sessions && sessions->size() == 3);
   EXPECT_TRUE((*sessions)[1].id == 2 && (*sessions)[1].state == os::kSessionActive);
   EXPECT_TRUE((*sessions)[2].id == 65536 && (*sessions)[2].state == 6);
   EXPECT_EQ(freed, listed);
-  answers = FALSE;
-  EXPECT_EQ(os::Sessions().error(), 5U);
 }
 
 TEST(ProcessArguments, AProgramIsStartedAsTheUserAndNotMore) {
@@ -104,40 +95,6 @@ TEST(ProcessArguments, ForeignRightsThatCannotBeGivenBackEndTheProcess) {
   EXPECT_EQ(ended, 31U);
 }
 
-TEST(ProcessArguments, AnActivationPassesItsArgumentOrNone) {
-  static std::wstring asked;
-  static DWORD where;
-  static auto object = lab::ComObject().With(
-      3, +[](void*, LPCWSTR id, LPCWSTR argument, int options, DWORD*) -> HRESULT {
-        asked = std::wstring(id) + L"|" + (argument != nullptr ? argument : L"none") + std::to_wstring(options);
-        return argument != nullptr ? S_OK : static_cast<HRESULT>(0x80270254);
-      });
-  CONTRACT_PATCH(CoCreateInstance, [](auto, auto, auto context, auto, auto out) -> HRESULT {
-    where = context;
-    return *out = object.Interface(), S_OK;
-  });
-  auto manager = os::CreateActivationManager();
-  ASSERT_TRUE(manager);
-  EXPECT_EQ(where, DWORD{CLSCTX_LOCAL_SERVER});
-  EXPECT_TRUE(os::ActivateApplication(*manager, L"App", L"hide"));
-  EXPECT_EQ(asked, L"App|hide0");
-  EXPECT_EQ(os::ActivateApplication(*manager, L"App", L"").error(), 0x80270254U);
-  EXPECT_EQ(asked, L"App|none0");
-  EXPECT_EQ(object.releases(), 0);
-  manager->reset();
-  EXPECT_EQ(object.releases(), 1);
-}
-
-TEST(ProcessArguments, TheShellIsAskedToOpenNothing) {
-  CONTRACT_PATCH(
-      ShellExecuteW,
-      [](HWND window, LPCWSTR verb, LPCWSTR file, LPCWSTR parameters, LPCWSTR folder, int show) -> HINSTANCE {
-        const bool nothing = !window && !file && !parameters && !folder && std::wcscmp(verb, L"open") == 0;
-        return reinterpret_cast<HINSTANCE>(static_cast<INT_PTR>(nothing && show == SW_SHOW ? 42 : 0));
-      });
-  EXPECT_EQ(os::ShellOpenNothing(), 42);
-}
-
 // ---- Packages, two of whose functions are looked up when the program runs ----
 
 bool gPackaged;
@@ -182,50 +139,6 @@ TEST(PackageArguments, APackagedProgramTellsAllOfItsPackageAndADesktopProgramNot
   ASSERT_TRUE(desktop);
   EXPECT_EQ(desktop->appUserModelId.error(), os::kNoApplication);
   EXPECT_EQ(desktop->fullName + desktop->familyName + desktop->path, L"");
-}
-
-// ---- Windows setup, whose functions are looked up when the program runs ----
-
-BOOL gComplete, gTells;
-void(CALLBACK* gOnCompleted)(void*);
-void *gContext, *gEndedWait;
-int gCompletions;
-
-FARPROC WINAPI FindSetupFunction(HMODULE, LPCSTR name) {
-  void* found = nullptr;
-  const auto is = [=](const char* function) { return std::strcmp(name, function) == 0; };
-  if (is("OOBEComplete"))
-    found = reinterpret_cast<void*>(
-        +[](BOOL* complete) -> BOOL { return *complete = gComplete, SetLastError(ERROR_GEN_FAILURE), gTells; });
-  if (is("RegisterWaitUntilOOBECompleted"))
-    found = reinterpret_cast<void*>(+[](void(CALLBACK * call)(void*), void* context, void** wait) -> BOOL {
-      gOnCompleted = call, gContext = context, *wait = &gContext;
-      return gTells;
-    });
-  if (is("UnregisterWaitUntilOOBECompleted"))
-    found = reinterpret_cast<void*>(+[](void* wait) -> BOOL { return gEndedWait = wait, TRUE; });
-  return reinterpret_cast<FARPROC>(found);
-}
-
-TEST(SetupArguments, SetupIsAskedForWaitedForAndLetGo) {
-  CONTRACT_PATCH(GetProcAddress, FindSetupFunction);
-  gTells = TRUE;
-  for (const BOOL complete : {TRUE, FALSE}) {
-    gComplete = complete;
-    const auto told = os::IsSetupComplete();
-    ASSERT_TRUE(told);
-    EXPECT_EQ(*told, complete != FALSE);
-  }
-  gCompletions = 0;
-  const auto wait = os::WaitForSetup([] { ++gCompletions; });
-  ASSERT_NE(wait, os::SetupWait::None);
-  gOnCompleted(gContext);
-  EXPECT_EQ(gCompletions, 1);
-  os::EndWaitForSetup(wait);
-  EXPECT_EQ(gEndedWait, &gContext);
-  gTells = FALSE;
-  EXPECT_EQ(os::IsSetupComplete().error(), 31U);
-  EXPECT_EQ(os::WaitForSetup([] {}), os::SetupWait::None);
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 
 namespace lab {
 
-/// Fills the B panel with a window in the foreground, as a signed-in user's desktop does, that shows the story's lines
+/// Fills the B panel with a window in the foreground, as a signed-in user's desktop does, that shows the lines
 /// as they come. Lives as long as this process, on a thread of its own. Called again, it brings the window back to the
 /// foreground. True when it is there.
 bool OpenDesktop();

@@ -10,7 +10,7 @@
 
 namespace lab {
 
-/// How long a story or a test waits for something that the controller should do. Generous: a busy machine is no
+/// How long a test waits for something that the controller should do. Generous: a busy machine is no
 /// failure.
 inline constexpr std::chrono::milliseconds kPatience{10000};
 

@@ -8,7 +8,7 @@ namespace lab {
 
 enum PackageState : std::uint32_t { kPackageMissing = 0, kPackageInstalled = 1 };
 
-/// What the laptop is like where Wine cannot be told: shared by the story or test, which sets it, and the import patch,
+/// What the laptop is like where Wine cannot be told: shared by the test, which sets it, and the import patch,
 /// which answers from it. Words, read and written whole.
 struct LaptopState {
   std::uint32_t topology;       // DISPLAYCONFIG_TOPOLOGY_*: 1 internal, 2 clone, 4 extend, 8 external

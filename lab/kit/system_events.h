@@ -2,7 +2,7 @@
 
 namespace lab {
 
-/// What Windows would tell the controller, and Wine does not. The story or test says that it happened; the import
+/// What Windows would tell the controller, and Wine does not. The test says that it happened; the import
 /// patch, in the controller, tells it as Windows would.
 enum class SystemEvent {
   UiEnded,        // the process of the UI's program

@@ -1,4 +1,4 @@
-// Long pauses. Nobody watches a story for five minutes.
+// Long pauses. Nobody watches a test for five minutes.
 #include <windows.h>
 
 #include "patch/patched_calls.h"

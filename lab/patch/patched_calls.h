@@ -21,7 +21,7 @@ std::array<Redirection, 3> EventLogCalls();
 std::array<Redirection, 1> SetupCalls();
 std::array<Redirection, 1> DesktopCalls();
 
-/// Tells the story or test a line, when one listens: "trace …", "usage …" or "patch …".
+/// Tells the test a line, when one listens: "trace …", "usage …" or "patch …".
 void Report(const std::wstring& line);
 
 }  // namespace lab::patch

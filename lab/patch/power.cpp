@@ -1,6 +1,6 @@
 // Power. Wine tells the source of the machine the lab runs on, and takes registrations for power settings without ever
 // telling anything: here both are the laptop's, and a registration hears the current value first, as on Windows. What
-// changes later the story or test tells by itself.
+// changes later the test tells by itself.
 #include <windows.h>
 
 #include <array>

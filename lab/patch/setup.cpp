@@ -1,5 +1,5 @@
 // Windows' first setup. Wine lacks its functions, which programs look up when they run: here setup is over, or ends
-// when the story says so.
+// when the test says so.
 #include <windows.h>
 
 #include <cstring>

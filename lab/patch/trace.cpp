@@ -1,5 +1,5 @@
 // Event tracing. Wine registers providers and drops every event, and no session can enable one: here a session listens
-// from the start, at the most detailed level, and each event's text goes to the story.
+// from the start, at the most detailed level, and each event's text goes to the test.
 #include <windows.h>
 
 #include <evntprov.h>

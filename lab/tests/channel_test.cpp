@@ -54,11 +54,9 @@ bool SendRecord(std::uint64_t kind, const std::vector<std::uint8_t>& record) {
 TEST_F(Channel, RecordsOfAWrongSizeAreDropped) {
   StartController();
   Happens(L"records of all kinds come");
-  std::vector<std::uint8_t> blGet;  // as far as the text goes, a command that would be answered
-  for (const char letter : std::string("BLGET")) blGet.insert(blGet.end(), {static_cast<std::uint8_t>(letter), 0});
   for (const std::uint64_t kind : {0, 101, 102, 104, 105}) {
     for (const std::size_t size : {0, 1, 10, 551, 553, 1559, 1561, 70000}) {
-      auto record = blGet;
+      std::vector<std::uint8_t> record{'B', 0, 'L', 0, 'G', 0, 'E', 0, 'T', 0};  // would be answered
       record.resize(size);
       ASSERT_TRUE(SendRecord(kind, record)) << "kind " << kind << ", " << size << " bytes";
     }
@@ -66,8 +64,7 @@ TEST_F(Channel, RecordsOfAWrongSizeAreDropped) {
   ASSERT_TRUE(SendCommand(std::wstring(259, L'x'))) << "the longest text";
   ASSERT_TRUE(SendRecord(102, std::vector<std::uint8_t>(552, 0xFF))) << "a text without an end";
   ASSERT_TRUE(SendCommand(L"BLGET"));
-  EXPECT_TRUE(UiIsTold(L"BLSET 45"));
-  EXPECT_EQ(UiTalk(), std::vector<std::wstring>{L"received BLSET 45"}) << "the one answer";
+  EXPECT_EQ(UiWords(L"BLSET", 1), std::vector<std::wstring>{L"BLSET"}) << "the one answer";
 }
 
 TEST_F(Channel, TenThousandCommandsLeaveNothingBehind) {

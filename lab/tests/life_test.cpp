@@ -1,4 +1,6 @@
 // When the UI is launched beyond the day, and when it is not.
+#include <algorithm>
+
 #include "kit/system_events.h"
 #include "tests/lab_test.h"
 
@@ -31,30 +33,43 @@ TEST_F(Life, TheUiIsLaunchedWhenSetupEndsLate) {
 
 class Watchdog : public LabTest {
  protected:
-  /// The UI's process ends, after the UI has told the controller that it runs, and this.
-  void KillUiAfter(const std::wstring& command) {
-    StartController();
-    ASSERT_TRUE(Patched(L"process stops are watched") && Traced(L"[wWinMain] wmiEndProcess END"));
+  /// The UI tells the controller that it is ready.
+  void SayAlive() {
+    Happens(L"the UI says that it is ready");
     ASSERT_TRUE(StandInUi::Send(L"ALIVE"));
     ASSERT_TRUE(Traced(L"AppActivationMgr->ActivateApplication Sucessed")) << "the UI is there already";
-    ASSERT_TRUE(StandInUi::Send(command));
+  }
+
+  void KillUi() {
     Happens(L"the UI is killed");
     laptop.KillUi();
     ASSERT_TRUE(Traced(L" ******* NorvTessaview.exe process be killed *******"));
   }
 
-  [[nodiscard]] bool IsLaunchedAgain() const { return !UiTalk().empty(); }
+  [[nodiscard]] bool IsLaunchedAgain() const {
+    const auto talk = UiTalk();
+    return std::any_of(talk.begin(), talk.end(), [](const auto& line) { return line.starts_with(L"activated"); });
+  }
 };
 
-TEST_F(Watchdog, AUiThatSaidItIsGoneIsLeftAlone) {
-  KillUiAfter(L"DIED");
+TEST_F(Watchdog, AUiThatSaidItIsGoneIsLeftAloneUntilItIsReadyAgain) {
+  StartController();
+  SayAlive();
+  ASSERT_TRUE(StandInUi::Send(L"DIED"));
+  KillUi();
   EXPECT_TRUE(Traced(L"******* Launch NorvTessaview.exe again , RetryCount = 3 *******"));
   EXPECT_FALSE(IsLaunchedAgain());
+  ASSERT_TRUE(laptop.ui.Start());
+  SayAlive();
+  KillUi();
+  EXPECT_TRUE(UiIsLaunched() && Used(L"UI_EXIST_WITH_CHECKING_TIMES_*") && StandInUi::IsThere());
 }
 
 TEST_F(Watchdog, WithoutItsPackageThereIsNothingToLaunch) {
+  StartController();
+  SayAlive();
   state.packageCheck = kPackageMissing;
-  KillUiAfter(L"BLGET");
+  KillUi();
   EXPECT_TRUE(Used(L"NOT_EXIST_UWP"));
   EXPECT_FALSE(IsLaunchedAgain());
   EXPECT_FALSE(laptop.trace.Contains(L"******* Launch NorvTessaview.exe again*"));

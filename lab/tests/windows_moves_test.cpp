@@ -16,10 +16,6 @@ bool Command(const std::wstring& text, const AppWindow& window, const os::Rect& 
   return SendCommand(text, {.handle = window.number(), .rect = rect});
 }
 
-bool HasExtendedStyle(HWND window, LONG_PTR style) {
-  return (GetWindowLongPtrW(window, GWL_EXSTYLE) & style) != 0;
-}
-
 class WindowsMoved : public LabTest {
  protected:
   /// A controller that may move windows: the panel is on and the UI ready.
@@ -55,7 +51,7 @@ TEST_F(WindowsMoved, AUiThatHangsHoldsUpNoThrow) {
   Happens(L"a window is thrown down");
   EXPECT_TRUE(BeginThrow(laptop, notes, kThrowDown));
   EXPECT_TRUE(Pointer::Drop(notes) && notes.Fills(Panel::C));
-  EXPECT_TRUE(UiTalk().empty());
+  EXPECT_TRUE(UiWords(L"WSPRESS", 0).empty());
   StandInUi::Wake();
   EXPECT_EQ(UiWords(L"WSPRESS", 2).back(), L"WSPRESS") << "it hears that no overlay is wanted any more";
 }
@@ -91,32 +87,12 @@ TEST_F(WindowsMoved, TheNavigatorMovesAndMinimizesWhatIsOnTheCPanel) {
   EXPECT_EQ(onB.State(), ShowState::Normal);
 }
 
-TEST_F(WindowsMoved, TheNavigatorShowsWindowsAsItIsAsked) {
-  StartMover();
-  const AppWindow notes(L"Notes");
-  const struct {
-    std::wstring command;
-    ShowState wanted;
-  } steps[]{{L"SHOWMIN", ShowState::Minimized},          {L"SHOWRESTORE", ShowState::Normal},
-            {L"APPNAVIMAXIMIZED", ShowState::Maximized}, {L"APPNAVINORMAL", ShowState::Normal},
-            {L"SHOWMIN", ShowState::Minimized},          {L"APPNAVIRESTORE", ShowState::Normal}};
-  for (const auto& [command, wanted] : steps) {
-    ASSERT_TRUE(Command(command, notes));
-    EXPECT_EQ(notes.State(), wanted) << command;
-  }
-  notes.Show(SW_HIDE);
-  ASSERT_TRUE(Command(L"APPNAVISHOW", notes));
-  EXPECT_EQ(notes.State(), ShowState::Normal);
-  ASSERT_TRUE(Command(L"SETTOPMOST", notes));
-  EXPECT_TRUE(HasExtendedStyle(notes.handle(), WS_EX_TOPMOST));
-  ASSERT_TRUE(Command(L"SETNOTOPMOST", notes));
-  EXPECT_FALSE(HasExtendedStyle(notes.handle(), WS_EX_TOPMOST));
-}
-
 TEST_F(WindowsMoved, NothingOnTheCPanelTakesTheFocusFromAFullScreen) {
   StartMover();
   const AppWindow notes(AppOptions{.title = L"Notes", .area = kOnCPanel}), onB(L"On B");
-  const auto keepsOut = [](const AppWindow& window) { return HasExtendedStyle(window.handle(), WS_EX_NOACTIVATE); };
+  const auto keepsOut = [](const AppWindow& window) {
+    return (GetWindowLongPtrW(window.handle(), GWL_EXSTYLE) & WS_EX_NOACTIVATE) != 0;
+  };
   {
     const AppWindow film(AppOptions{.title = L"Film", .area = {0, 0, 1920, 1080}, .bare = true});
     EXPECT_TRUE(Eventually([&] { return keepsOut(notes); }));
@@ -124,13 +100,6 @@ TEST_F(WindowsMoved, NothingOnTheCPanelTakesTheFocusFromAFullScreen) {
   }
   EXPECT_TRUE(onB.BringToFront());
   EXPECT_TRUE(Eventually([&] { return !keepsOut(notes); }));
-}
-
-TEST_F(WindowsMoved, ThePointerIsBroughtToTheMiddle) {
-  StartMover();
-  Pointer::MoveTo({900, 1300});
-  ASSERT_TRUE(SendCommand(L"SETCURSORCENTER"));
-  EXPECT_TRUE(Traced(L"Thread IS in RECT CursorPos x = 960, y = 540"));
 }
 
 // Six seconds: the patience that programs are given.

@@ -10,7 +10,8 @@ namespace os {
 /// Any thread. An exception must not leave `body`.
 bool StartThread(const wchar_t* name, std::function<void()> body);
 
-/// TEMP
+/// Proves on the simulated laptop that the caller is the controller's main thread, or a test's own: any other ends the
+/// program with a message that names it. Does nothing on Windows. For what belongs to the main thread alone.
 void ExpectMainThread();
 
 /// A lock that may be held across door calls (CRITICAL_SECTION); the same thread may take it more than once.

@@ -34,19 +34,9 @@ TEST_F(DesktopContract, AWindowIsFoundByItsClassAndTitle) {
   EXPECT_EQ(os::ForegroundWindow(), window);
   EXPECT_EQ(os::WindowClassName(window), kClass);
   EXPECT_NE(os::ProcessImagePath(os::WindowProcessId(window)), L"");
-  EXPECT_EQ(os::RootWindow(window), window);
-  const auto area = os::WindowRect(window);
-  EXPECT_TRUE(area.right > area.left && area.bottom > area.top);
-  EXPECT_NE(os::WindowStyle(window), 0U);
+  EXPECT_EQ(os::FindTopWindow(nullptr, kTitle), window) << "whatever its class";
   world::CloseWindow();
   EXPECT_EQ(os::FindTopWindow(kClass), WindowHandle::None);
-  for (const auto gone : {window, WindowHandle::None}) {
-    EXPECT_EQ(os::WindowClassName(gone), L"");
-    EXPECT_EQ(os::WindowProcessId(gone), 0U);
-    EXPECT_EQ(os::RootWindow(gone), WindowHandle::None);
-    EXPECT_EQ(os::WindowRect(gone), os::Rect{});
-    EXPECT_EQ(os::WindowStyle(gone), 0U);
-  }
 }
 
 TEST_F(DesktopContract, TheDesktopsWindowCoversThePrimaryDisplayAtLeast) {
@@ -65,13 +55,10 @@ TEST_F(DesktopContract, ChildrenAndDialogsBelongToTheirWindow) {
   EXPECT_EQ(os::FindChildWindow(window, kClass), WindowHandle::None);
   EXPECT_EQ(os::FindChildWindow(child, world::kChildClass), WindowHandle::None);
   EXPECT_EQ(os::FindTopWindow(world::kChildClass), WindowHandle::None) << "not a top window";
-  const struct {
-    WindowHandle window, root, rootOwner;
-  } family[]{{window, window, window}, {child, window, window}, {dialog, dialog, window}};
-  for (const auto& each : family) {
-    EXPECT_EQ(os::RootWindow(each.window), each.root);
-    EXPECT_EQ(os::RootOwner(each.window), each.rootOwner);
-    EXPECT_EQ(os::WindowProcessId(each.window), os::WindowProcessId(window));
+  for (const auto each : {window, child, dialog}) {
+    EXPECT_EQ(os::RootWindow(each), each == dialog ? dialog : window);
+    EXPECT_EQ(os::RootOwner(each), window);
+    EXPECT_EQ(os::WindowProcessId(each), os::WindowProcessId(window));
   }
 
   const auto all = os::TopWindows();
@@ -92,7 +79,6 @@ TEST_F(DesktopContract, ChildrenAndDialogsBelongToTheirWindow) {
 TEST_F(DesktopContract, AWindowIsReadAsItIsUntilItIsGone) {
   const auto window = world::OpenWindow(kClass, kTitle);
   const auto dialog = world::OpenDialog();
-  EXPECT_EQ(os::FindTopWindow(nullptr, kTitle), window) << "whatever its class";
   EXPECT_TRUE(os::IsWindow(window));
   EXPECT_EQ(os::WindowTitle(window), kTitle);
   constexpr auto kLooks = os::kWsCaption | os::kWsMaximizeBox | os::kWsVisible | os::kWsPopup;
@@ -101,8 +87,10 @@ TEST_F(DesktopContract, AWindowIsReadAsItIsUntilItIsGone) {
   world::CloseWindow();
   for (const auto gone : {window, WindowHandle::None}) {
     EXPECT_FALSE(os::IsWindow(gone) || os::IsWindowVisible(gone) || os::IsWindowMinimized(gone));
-    EXPECT_EQ(os::WindowTitle(gone), L"");
-    EXPECT_EQ(os::WindowExtendedStyle(gone), 0U);
+    EXPECT_EQ(os::WindowTitle(gone) + os::WindowClassName(gone), L"");
+    EXPECT_EQ(os::WindowStyle(gone) | os::WindowExtendedStyle(gone) | os::WindowProcessId(gone), 0U);
+    EXPECT_EQ(os::RootWindow(gone), WindowHandle::None);
+    EXPECT_EQ(os::WindowRect(gone), os::Rect{});
     EXPECT_FALSE(os::ShowWindow(gone, ShowCommand::Show) || os::AnswersWithin(gone, 100) || os::AskToClose(gone, 100));
     EXPECT_EQ(os::MoveWindow(gone, 0, 0, 100, 100).error(), kInvalidWindow);
     EXPECT_EQ(os::GetPlacement(gone).error(), kInvalidWindow);
@@ -117,23 +105,19 @@ TEST_F(DesktopContract, AWindowIsReadAsItIsUntilItIsGone) {
 
 TEST_F(WindowControlContract, AWindowIsShownAsAskedAndRemembersHowItWas) {
   constexpr auto kVisible = os::kWsVisible, kMinimized = os::kWsMinimize, kMaximized = os::kWsMaximize;
-  const struct {
-    ShowCommand command;
-    bool wasVisible;
-    std::uint32_t state;
-  } steps[]{{ShowCommand::ShowMaximized, true, kVisible | kMaximized},
-            {ShowCommand::Minimize, true, kVisible | kMinimized},
-            {ShowCommand::Restore, true, kVisible | kMaximized},
-            {ShowCommand::ShowNormal, true, kVisible},
-            {ShowCommand::ShowMinimized, true, kVisible | kMinimized},
-            {ShowCommand::Restore, true, kVisible},
-            {ShowCommand::Hide, true, 0},
-            {ShowCommand::Hide, false, 0},
-            {ShowCommand::Show, false, kVisible}};
   const auto window = world::OpenWindow(kClass, kTitle);
   const auto before = os::WindowRect(window);
-  for (const auto& [command, wasVisible, state] : steps) {
+  for (const auto& [command, state] : {std::pair(ShowCommand::ShowMaximized, kVisible | kMaximized),
+                                       {ShowCommand::Minimize, kVisible | kMinimized},
+                                       {ShowCommand::Restore, kVisible | kMaximized},
+                                       {ShowCommand::ShowNormal, kVisible},
+                                       {ShowCommand::ShowMinimized, kVisible | kMinimized},
+                                       {ShowCommand::Restore, kVisible},
+                                       {ShowCommand::Hide, 0U},
+                                       {ShowCommand::Hide, 0U},
+                                       {ShowCommand::Show, kVisible}}) {
     SCOPED_TRACE(static_cast<int>(command));
+    const bool wasVisible = os::IsWindowVisible(window);
     EXPECT_EQ(static_cast<bool>(os::ShowWindow(window, command)), wasVisible);
     EXPECT_EQ(os::WindowStyle(window) & (kVisible | kMinimized | kMaximized), state);
     EXPECT_EQ(os::IsWindowMinimized(window), state == (kVisible | kMinimized));
@@ -164,28 +148,22 @@ TEST_F(WindowControlContract, APlacementHoldsTheNormalPlaceWhateverIsShown) {
   EXPECT_EQ(placement->showCmd, ShowCommand::ShowNormal);
   EXPECT_EQ(placement->rcNormalPosition, os::WindowRect(window));
   const os::Rect onB{300, 200, 900, 700}, onC{100, 1150, 700, 1500};
-  const struct {
-    os::Rect normal;
-    ShowCommand shown;
-    std::uint32_t state;
-    std::int32_t top;  // of the panel that it then lies on
-  } places[]{{onC, ShowCommand::ShowMaximized, os::kWsMaximize, 1080},
-             {onB, ShowCommand::ShowMinimized, os::kWsMinimize, 0},
-             {onB, ShowCommand::ShowMaximized, os::kWsMaximize, 0},
-             {onC, ShowCommand::ShowNormal, 0, 1080},
-             {onC, ShowCommand::ShowMaximized, os::kWsMaximize, 1080}};
-  for (const auto& [normal, shown, state, top] : places) {
+  for (const auto& [normal, shown] : {std::pair(onC, ShowCommand::ShowMaximized),
+                                      {onB, ShowCommand::ShowMinimized},
+                                      {onB, ShowCommand::ShowMaximized},
+                                      {onC, ShowCommand::ShowNormal},
+                                      {onC, ShowCommand::ShowMaximized}}) {
     placement->rcNormalPosition = normal;
     placement->showCmd = shown;
     EXPECT_TRUE(os::SetPlacement(window, *placement));
-    EXPECT_EQ(os::WindowStyle(window) & (os::kWsMaximize | os::kWsMinimize), state);
+    const auto style = os::WindowStyle(window);
+    EXPECT_EQ((style & os::kWsMaximize) != 0, shown == ShowCommand::ShowMaximized);
+    EXPECT_EQ((style & os::kWsMinimize) != 0, shown == ShowCommand::ShowMinimized);
     const auto now = os::GetPlacement(window);
     ASSERT_TRUE(now);
     EXPECT_TRUE(now->rcNormalPosition == normal && now->showCmd == shown);
-    if (state == os::kWsMinimize) continue;
-    const auto middle = MiddleOf(window);
-    EXPECT_EQ(middle.y >= 1080, top == 1080);
-    if (state == 0) EXPECT_EQ(os::WindowRect(window), normal);
+    if (shown != ShowCommand::ShowMinimized) EXPECT_EQ(MiddleOf(window).y >= 1080, normal == onC);
+    if (shown == ShowCommand::ShowNormal) EXPECT_EQ(os::WindowRect(window), normal);
   }
   EXPECT_TRUE(os::ShowWindow(window, ShowCommand::Restore));
   EXPECT_EQ(os::WindowRect(window), onC);

@@ -11,21 +11,11 @@ using os::PathKind;
 TEST_F(FilesContract, APathIsAFileAFolderOrMissing) {
   const auto folder = world::Folder(), file = folder + L"\\a.txt";
   world::WriteFile(file, "text");
-  const struct {
-    std::wstring path;
-    PathKind kind;
-  } cases[]{
-      {folder, PathKind::Directory},
-      {folder + L"\\", PathKind::Directory},
-      {file, PathKind::File},
-      {folder + L"\\A.TXT", PathKind::File},
-      {folder + L"/a.txt", PathKind::File},
-      {folder + L"\\b", PathKind::Missing},
-      {file + L"\\", PathKind::Missing},
-      {folder + L"\\b\\a.txt", PathKind::Missing},
-      {L"", PathKind::Missing},
-  };
-  for (const auto& each : cases) EXPECT_EQ(os::QueryPath(each.path), each.kind) << testing::PrintToString(each.path);
+  for (const auto& path : {folder, folder + L"\\"}) EXPECT_EQ(os::QueryPath(path), PathKind::Directory);
+  for (const auto& path : {file, folder + L"\\A.TXT", folder + L"/a.txt"})
+    EXPECT_EQ(os::QueryPath(path), PathKind::File);
+  for (const auto& path : {folder + L"\\b", file + L"\\", folder + L"\\b\\a.txt", std::wstring()})
+    EXPECT_EQ(os::QueryPath(path), PathKind::Missing) << testing::PrintToString(path);
 }
 
 TEST_F(FilesContract, AFolderIsMadeInAFolder) {
@@ -43,22 +33,13 @@ TEST_F(FilesContract, ACopyReplacesItsTargetUnlessThatRefuses) {
   world::WriteFile(from, "new");
   world::WriteFile(to, "old and longer");
   (void)os::CreateFolder(folder + L"\\sub");
-  const struct {
-    std::wstring from, to;
-    std::uint32_t error;
-  } cases[]{
-      {from, to, 0},
-      {from, folder + L"\\fresh", 0},
-      {folder + L"\\none", to, 2},        // ERROR_FILE_NOT_FOUND
-      {folder + L"\\none\\from", to, 3},  // ERROR_PATH_NOT_FOUND
-      {from, folder + L"\\none\\to", 3},  //
-      {folder + L"\\sub", to, 5},         // ERROR_ACCESS_DENIED
-      {from, folder + L"\\sub", 5},       //
-  };
-  for (const auto& each : cases) {
-    EXPECT_EQ(os::OverwriteByCopy(each.from, each.to).error(), each.error)
-        << testing::PrintToString(each.from) << " to " << testing::PrintToString(each.to);
-  }
+  constexpr std::uint32_t kFileNotFound = 2, kPathNotFound = 3, kAccessDenied = 5;
+  EXPECT_TRUE(os::OverwriteByCopy(from, to) && os::OverwriteByCopy(from, folder + L"\\fresh"));
+  EXPECT_EQ(os::OverwriteByCopy(folder + L"\\none", to).error(), kFileNotFound);
+  EXPECT_EQ(os::OverwriteByCopy(folder + L"\\none\\from", to).error(), kPathNotFound);
+  EXPECT_EQ(os::OverwriteByCopy(from, folder + L"\\none\\to").error(), kPathNotFound);
+  EXPECT_EQ(os::OverwriteByCopy(folder + L"\\sub", to).error(), kAccessDenied);
+  EXPECT_EQ(os::OverwriteByCopy(from, folder + L"\\sub").error(), kAccessDenied);
   EXPECT_EQ(world::FileText(folder + L"\\fresh"), "new");
   EXPECT_EQ(world::FileText(to), "new");
 }
@@ -104,40 +85,29 @@ class SettingsContract : public Contract {
 
 TEST_F(SettingsContract, AValueIsReadAsTextAndAsANumber) {
   constexpr std::uint32_t kNone = 77;
-  const auto minus = [](std::uint32_t number) { return 0U - number; };
-  const struct {
+  struct Value {
     std::string line;
-    std::wstring text;
-    std::uint32_t number;
-  } cases[]{
-      {"Key=116", L"116", 116},
-      {" kEY  = 116 \t", L"116", 116},
-      {"Key=\"116\"", L"116", 116},
-      {"Key='1 2'", L"1 2", 1},
-      {"Key=\" 5\"", L" 5", 5},
-      {"Key=12abc", L"12abc", 12},
-      {"Key=abc", L"abc", 0},
-      {"Key=-3", L"-3", minus(3)},
-      {"Key=+3", L"+3", 3},
-      {"Key=0x1aZ", L"0x1aZ", 26},
-      {"Key=", L"", kNone},
-      {";Key=1", L"none", kNone},
-      {"Other=1", L"none", kNone},
-      {"Key=1\r\nKey=2", L"1", 1},
-      {"Key=4294967295", L"4294967295", 0xFFFFFFFF},
-      {"Key=a;b", L"a;b", 0},
-      {"Key=\"a", L"\"a", 0},
-      {"Key = a = b", L"a = b", 0},
-      {"[Else]\r\nKey=1", L"none", kNone},
+    std::wstring text = L"none";
+    std::uint32_t number = kNone;
   };
-  for (const auto& each : cases) {
+  for (const auto& each :
+       {Value{.line = " kEY  = 116 \t", .text = L"116", .number = 116},
+        Value{.line = "Key=\"116\"", .text = L"116", .number = 116},
+        Value{.line = "Key='1 2'", .text = L"1 2", .number = 1},
+        Value{.line = "Key=\" 5\"", .text = L" 5", .number = 5},
+        Value{.line = "Key=12abc", .text = L"12abc", .number = 12},
+        Value{.line = "Key=-3", .text = L"-3", .number = 0U - 3}, Value{.line = "Key=+3", .text = L"+3", .number = 3},
+        Value{.line = "Key=0x1aZ", .text = L"0x1aZ", .number = 26},
+        Value{.line = "Key=4294967295", .text = L"4294967295", .number = 0xFFFFFFFF},
+        Value{.line = "Key=1\r\nKey=2", .text = L"1", .number = 1},
+        Value{.line = "Key=a;b", .text = L"a;b", .number = 0}, Value{.line = "Key=\"a", .text = L"\"a", .number = 0},
+        Value{.line = "Key = a = b", .text = L"a = b", .number = 0}, Value{.line = "Key=", .text = L""},
+        Value{.line = ";Key=1"}, Value{.line = "Other=1"}, Value{.line = "[Else]\r\nKey=1"}}) {
     Write("[First]\r\nKey=9\r\n[Section]\r\n" + each.line + "\r\n");
     EXPECT_EQ(os::ReadProfileText(path(), L"section", L"Key", L"none"), each.text) << each.line;
     EXPECT_EQ(os::ReadProfileNumber(path(), L"section", L"Key", kNone), each.number) << each.line;
   }
-  const auto missing = world::Folder() + L"\\none.ini";
-  EXPECT_EQ(os::ReadProfileText(missing, L"Section", L"Key", L"none"), L"none");
-  EXPECT_EQ(os::ReadProfileNumber(missing, L"Section", L"Key", kNone), kNone);
+  EXPECT_EQ(os::ReadProfileText(world::Folder() + L"\\none.ini", L"Section", L"Key", L"none"), L"none");
   Write("[Section]\r\nKey=" + std::string(300, 'x'));
   EXPECT_EQ(os::ReadProfileText(path(), L"Section", L"Key", L"").size(), 259U);
 }

@@ -23,26 +23,22 @@ os::Bytes Utf16(const std::wstring& text) {
 
 TEST_F(RegistryContract, ATextEndsAtItsNulOrAtTheValuesEnd) {
   using namespace std::string_literals;
-  const struct {
-    const char* what;
-    world::RegistryValue stored;
-    std::optional<std::wstring> text;
-  } cases[]{
-      {"terminated", {world::kText, Utf16(L"Panel\0"s)}, L"Panel"},
-      {"not terminated", {world::kText, Utf16(L"Panel")}, L"Panel"},
-      {"two texts", {world::kText, Utf16(L"one\0two\0"s)}, L"one"},
-      {"empty", {world::kText, Utf16(L"\0"s)}, L""},
-      {"nothing at all", {world::kText, {}}, L""},
-      {"fills the buffer", {world::kText, Utf16(L"nineteen characters\0"s)}, L"nineteen characters"},
-      {"fills the buffer without a NUL", {world::kText, Utf16(L"twenty characters ok")}, L"twenty characters ok"},
-      {"larger than the buffer", {world::kText, Utf16(L"twenty characters ok\0"s)}, {}},
-      {"binary", {world::kBinary, Utf16(L"Panel\0"s)}, {}},
-      {"a number", {world::kDword, {1, 0, 0, 0}}, {}},
+  const auto read = [](std::uint32_t type, const os::Bytes& bytes) {
+    world::SetRegistryValue(kKey, L"Id", {type, bytes});
+    return os::ReadRegistryText(kKey, L"Id", kRoom);
   };
-  for (const auto& each : cases) {
-    world::SetRegistryValue(kKey, L"Id", each.stored);
-    EXPECT_EQ(os::ReadRegistryText(kKey, L"Id", kRoom), each.text) << each.what;
+  for (const auto& [stored, text] : {std::pair(L"Panel\0"s, L"Panel"),
+                                     {L"Panel"s, L"Panel"},
+                                     {L"one\0two\0"s, L"one"},
+                                     {L"\0"s, L""},
+                                     {L""s, L""},
+                                     {L"nineteen characters\0"s, L"nineteen characters"},  // fills the buffer
+                                     {L"twenty characters ok"s, L"twenty characters ok"}}) {
+    EXPECT_EQ(read(world::kText, Utf16(stored)), text) << testing::PrintToString(stored);
   }
+  EXPECT_EQ(read(world::kText, Utf16(L"twenty characters ok\0"s)), std::nullopt) << "larger than the buffer";
+  EXPECT_EQ(read(world::kBinary, Utf16(L"Panel\0"s)), std::nullopt);
+  EXPECT_EQ(read(world::kDword, {1, 0, 0, 0}), std::nullopt);
   EXPECT_EQ(os::ReadRegistryText(kKey, L"NoSuchValue", kRoom), std::nullopt);
   EXPECT_EQ(os::ReadRegistryText(L"SOFTWARE\\NORV\\NoSuchKey", L"Id", kRoom), std::nullopt);
 }

@@ -25,7 +25,7 @@ enum class RecordKind : std::uint64_t {
 ///        528    16  rect    four signed 32-bit numbers: left, top, right, bottom
 ///        544     8  point   two signed 32-bit numbers: x, y
 struct UiMessage {
-  std::wstring text;
+  std::wstring text = {};
   std::uint64_t handle = 0;
   os::Rect rect = {};
   os::Point point = {};

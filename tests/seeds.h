@@ -1,0 +1,43 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+
+// One runner for whatever is played from many seeds. One seed is one run, and a failure names its seed.
+namespace support {
+
+/// The seeds from 1 on, played in shares, one for each test of a suite: so they run in parallel. The environment says
+/// how many seeds there are (NAME_SEEDS), and may choose a single one (NAME_SEED).
+struct Seeds {
+  static constexpr unsigned kShares = 4;
+
+  const char* name;  // in capitals
+  unsigned count;    // unless the environment says otherwise
+
+  /// Plays one share, up to the first seed that fails.
+  template <class Play>
+  void PlayShare(unsigned share, Play play) const {
+    const auto single = Number("_SEED", 0), last = Number("_SEEDS", count);
+    for (unsigned seed = share + 1; seed <= last && !testing::Test::HasFailure(); seed += kShares) {
+      if (single != 0 && seed != single) continue;
+      SCOPED_TRACE(testing::Message() << "replay: " << name << "_SEEDS=" << seed << " " << name << "_SEED=" << seed);
+      play(seed);
+    }
+  }
+
+ private:
+  [[nodiscard]] unsigned Number(const char* suffix, unsigned otherwise) const {
+    const char* const text = std::getenv((name + std::string(suffix)).c_str());
+    return text == nullptr ? otherwise : static_cast<unsigned>(std::strtoul(text, nullptr, 10));
+  }
+};
+
+/// A suite of seeds: one test for each share.
+using SeedsTest = testing::TestWithParam<unsigned>;
+inline auto EachShare() {
+  return testing::Range(0U, Seeds::kShares);
+}
+
+}  // namespace support
