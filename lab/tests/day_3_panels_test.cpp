@@ -103,6 +103,7 @@ TEST_F(Day, TheCPanelThatAnotherProgramMovedOrTurnedIsPutBack) {
             Traced(putBack),
         L"turned back");
   const bool isServed = laptop.WaitForController();
+  laptop.trace.WaitUntilQuiet(std::chrono::milliseconds(300));  // a change of displays has an aftermath
   const auto served = laptop.trace.Mark();
   Check(isServed && laptop.WaitForController() && IsCPanelInPlace() &&
             !laptop.trace.Contains(check + L"isWrong*", served),

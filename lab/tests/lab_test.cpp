@@ -117,12 +117,12 @@ void Morning::TearDown() {
 }
 
 void Day::SetUp() {
-  if (laptop.controller.IsRunning()) {
-    ASSERT_TRUE(laptop.WaitForController());
-    return;
+  if (!laptop.controller.IsRunning()) {
+    LabTest::SetUp();
+    StartController();
+    Controller::PostTouchPadStatus(true);
   }
-  LabTest::SetUp();
-  StartController();
+  ASSERT_TRUE(laptop.WaitForController());
 }
 
 std::wstring Day::ToLevelOnMains() {

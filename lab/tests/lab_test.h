@@ -74,7 +74,7 @@ class Morning : public LabTest {
 };
 
 /// A chapter of the day: it goes on where the one before ended, with the same controller and UI; on a clean laptop when
-/// that left none. It expects, and leaves, the laptop on mains, unfolded, extended and with the C panel on.
+/// that left none. It expects, and leaves, the laptop on mains, unfolded, extended, with touch pad and C panel on.
 class Day : public Morning {
  protected:
   void SetUp() override;
