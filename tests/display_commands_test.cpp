@@ -87,15 +87,4 @@ TEST(Resolution, IsAppliedToTheCPanelAlone) {
   }
 }
 
-TEST(Resolution, NeedsAPanelWhoseSettingsCanBeRead) {
-  RunningLaptop laptop;
-  laptop.faults.Fail<&os::CurrentDisplaySettings>();
-  laptop.ui.Send(L"SETRESOLUTION", {.point = {1280, 343}});
-  laptop.faults.ClearAll();
-  laptop.displays.cPanel().Unplug();
-  laptop.ui.Send(L"GETFREQUENCY");  // the panels are looked for again
-  laptop.ui.Send(L"SETRESOLUTION", {.point = {1280, 343}});
-  EXPECT_TRUE(laptop.displays.SettingsChanges().empty());
-}
-
 }  // namespace

@@ -44,7 +44,7 @@ TEST_F(FileCopy, OverwritesTheOutputWithTheRightsOfTheUser) {
 
 TEST_F(FileCopy, ThatCannotBeMadeIsReported) {
   constexpr auto kNoUser = L"[COPYDATA] COPYWALLPAPER, there is no user to copy for. \n";
-  using Arrange = void (*)(Laptop & laptop);
+  using Arrange = void (*)(Laptop&);
   for (const auto& [line, arrange] :
        {std::pair<const wchar_t*, Arrange>{kNoUser, [](Laptop& l) { l.faults.Fail<&os::SessionUserToken>(); }},
         {kNoUser, [](Laptop& l) { l.faults.Fail<&os::Impersonate>(); }},

@@ -93,13 +93,4 @@ TEST(Lid, WhatClosingItDoesIsToldToSecondGenerationFirmware) {
   }
 }
 
-TEST(Lid, ASchemeThatCannotBeReadChangesNothing) {
-  RunningLaptop laptop;
-  laptop.faults.Fail<&os::ActivePowerScheme>({.times = 1});
-  laptop.faults.Fail<&os::LidCloseActionOf>();
-  laptop.power.Unplug();
-  laptop.power.Plug();
-  EXPECT_TRUE(laptop.firmware.Writes(Firmware::kLidCloseAction).empty());
-}
-
 }  // namespace

@@ -34,11 +34,12 @@ void Reset(Laptop& laptop, Topology topology) {
 TEST(ModeReset, IsDecidedByTheMonitorsAndTheProjectionMode) {
   // The last byte of the C panel's identification makes its key; each generation of machines knows one, both the last.
   constexpr std::uint8_t kOfG2 = 0x26, kOfG1 = 0x82, kOfBoth = 0x8B;
-  using Arrange = void (*)(Laptop & laptop);
-  constexpr Arrange kBoth = [](auto&) {}, kOneOfTwo = [](auto&l) { l.faults.template Short<&os::MonitorDevices>(1); },
-                    kOnlyB = [](auto&l) { l.displays.cPanel().Unplug(); },
-                    kOnlyC = [](auto&l) { l.displays.bPanel().Unplug(); },
-                    kNone = [](auto&l) { l.displays.RemoveAll(); };
+  using Arrange = void (*)(Laptop&);
+  constexpr Arrange kBoth = [](Laptop&) {};
+  constexpr Arrange kOneOfTwo = [](Laptop& l) { l.faults.Short<&os::MonitorDevices>(1); };
+  constexpr Arrange kOnlyB = [](Laptop& l) { l.displays.cPanel().Unplug(); };
+  constexpr Arrange kOnlyC = [](Laptop& l) { l.displays.bPanel().Unplug(); };
+  constexpr Arrange kNone = [](Laptop& l) { l.displays.RemoveAll(); };
   struct Case {
     Arrange monitors = kBoth;
     int generation = 2;

@@ -90,19 +90,6 @@ TEST(PanelMoves, WhatRefusesOrIsGoneOrHangsIsLeftAfterAFewTries) {
   EXPECT_FALSE(RetryWithShowWindow(os::WindowHandle::None, os::ShowCommand::ShowNormal));
 }
 
-TEST(PanelMoves, NothingGoesToAnAbsentPanel) {
-  LaptopInUse laptop;
-  const auto window = laptop.desktop.Open({});
-  laptop.displays.cPanel().Unplug();
-  laptop.displays.Changed();
-  EXPECT_EQ(MoveWindowtoCPanel(window, Pause::Short), kMoveDone);
-  laptop.displays.cPanel().Plug();
-  laptop.displays.bPanel().Detach();
-  laptop.displays.Changed();
-  EXPECT_EQ(MoveWindowtoBPanel(window, false), kMoveDone);
-  EXPECT_TRUE(laptop.desktop.Journal(window).empty());
-}
-
 TEST(PanelMoves, CompanionsThatAreOpenComeToTheCPanelWithADisplayChange) {
   LaptopInUse laptop;
   const auto keys = laptop.desktop.Open({.title = L"NORV Digit Keys"});
@@ -147,20 +134,6 @@ TEST(RectMoves, RestoreMoveTwiceAndMaximise) {
   EXPECT_EQ(laptop.Area(window), kBPanel);
   const std::wstring down = L"move 100 1100 600 400", up = L"move 10 10 600 400";
   EXPECT_EQ(laptop.desktop.Journal(window), (Texts{L"show 9", down, down, L"show 1", up, up, L"show 3"}));
-}
-
-TEST(RectMoves, TellWhatFailed) {
-  constexpr std::uint32_t kAllFailed = kShowFailed | kFirstMoveFailed | kSecondMoveFailed;
-  LaptopInUse laptop;
-  const auto refusing = laptop.desktop.Open({.refusesMoves = true}), gone = laptop.desktop.Open({});
-  const auto hung = laptop.desktop.Open({.responsive = false});
-  laptop.desktop.Close(gone);
-  EXPECT_EQ(MoveWindowByRect(refusing, {0, 0, 100, 100}, false), kFirstMoveFailed | kSecondMoveFailed);
-  EXPECT_EQ(MoveWindowByRect(hung, {0, 0, 100, 100}, true), kAllFailed);
-  EXPECT_EQ(MoveWindowByRect(gone, {0, 0, 100, 100}, false), kAllFailed);
-  laptop.faults.Fail<&os::MoveWindow>({.times = 10});
-  EXPECT_EQ(MoveWindowByRect(laptop.desktop.Open({}), {0, 0, 100, 100}, false), kFirstMoveFailed);
-  EXPECT_TRUE(laptop.desktop.Journal(hung).empty());
 }
 
 TEST(TaskGroup, IsMovedBackIntoTheBPanelAtTheRightAndAtTheBottom) {

@@ -24,34 +24,25 @@ void Check() {
 TEST(Placement, IsPutRightInOneChangeThatNamesWhatItChanges) {
   struct Case {
     const char* what;
-    void (*arrange)(Screen& b, Screen& c);
-    std::uint32_t fields;
+    os::Point at = {0, 1080};
+    std::uint32_t width = 1920, orientation = 3, bHeight = 1080, fields = kPosition | kTurn;
     os::Rect after = kCPanel;
   };
   for (const auto& each :
-       {Case{.what = "right", .arrange = [](Screen&, Screen&) {}, .fields = kNoChange},
-        Case{.what = "ten off", .arrange = [](Screen&, Screen&c) { c.MoveTo(10, 1080); }, .fields = kPosition | kTurn},
-        Case{.what = "half a pixel",
-        .arrange = [](Screen&, Screen&c) { c.width = 1919; },
-        .fields = kNoChange,
-        .after = {0, 1080, 1919, 1595}},
-        Case{.what = "narrow",
-        .arrange = [](Screen&, Screen&c) { c.width = 1280; },
-        .fields = kPosition | kTurn,
-        .after = {320, 1080, 1600, 1595}},
-        Case{.what = "upright",
-        .arrange = [](Screen&, Screen&c) { c.Rotate(0); },
-        .fields = kPosition | kTurn | kSize,
-        .after = {702, 1080, 2622, 1595}},
-        Case{.what = "upside down", .arrange = [](Screen&, Screen&c) { c.Rotate(1); }, .fields = kPosition | kTurn},
-        Case{.what = "a lower B panel",
-        .arrange = [](Screen&b, Screen&) { b.height = 900; },
-        .fields = kPosition | kTurn,
-        .after = {0, 900, 1920, 1415}}}) {
+       {Case{.what = "right", .fields = kNoChange}, Case{.what = "ten pixels off", .at = {10, 1080}},
+        Case{.what = "half a pixel off", .width = 1919, .fields = kNoChange, .after = {0, 1080, 1919, 1595}},
+        Case{.what = "narrow", .width = 1280, .after = {320, 1080, 1600, 1595}},
+        Case{
+            .what = "upright", .orientation = 0, .fields = kPosition | kTurn | kSize, .after = {702, 1080, 2622, 1595}},
+        Case{.what = "upside down", .orientation = 1},
+        Case{.what = "a lower B panel", .bHeight = 900, .after = {0, 900, 1920, 1415}}}) {
     SCOPED_TRACE(each.what);
     Laptop laptop;
     auto& c = laptop.displays.cPanel();
-    each.arrange(laptop.displays.bPanel(), c);
+    laptop.displays.bPanel().height = each.bHeight;
+    c.width = each.width;
+    c.MoveTo(each.at.x, each.at.y);
+    c.Rotate(each.orientation);
     Check();
     const auto& changes = laptop.displays.SettingsChanges();
     EXPECT_EQ(changes.size(), each.fields == kNoChange ? 0U : 1U);

@@ -121,27 +121,6 @@ TEST(PanelSearch, ScalesPositionsByTheSmallestScaleAndSizesByTheirOwn) {
   }
 }
 
-TEST(PanelSearch, LeavesZeroWhatItCannotRead) {
-  struct Trouble {
-    void (*fail)(sim::Faults& faults);
-    PanelsFound found = PanelsFound::Both;
-    PanelRect settings = {}, monitor = {};  // of the B panel
-  };
-  for (const auto& trouble :
-       {Trouble{.fail = [](auto& f) { f.template Fail<&os::QueryDisplayConfiguration>(); }, .found = PanelsFound::None},
-        {.fail = [](auto& f) { f.template Fail<&os::QueryTargetName>(); }, .found = PanelsFound::None},
-        {.fail = [](auto& f) { f.template Fail<&os::SourceGdiName>(); }},
-        {.fail = [](auto& f) { f.template Fail<&os::DesktopMonitors>(); }, .settings = kBAtTop},
-        {.fail = [](auto& f) { f.template Fail<&os::DisplayDeviceName>(); }, .monitor = kBAtTop},
-        {.fail = [](auto& f) { f.template Fail<&os::CurrentDisplaySettings>({.times = 1}); }, .monitor = kBAtTop}}) {
-    Laptop laptop;
-    trouble.fail(laptop.faults);
-    EXPECT_EQ(EnumDisplayDevice(), trouble.found);
-    EXPECT_EQ(gPanelDisplayInfo().bPanel.SettingsView(), trouble.settings);
-    EXPECT_EQ(MonitorView(gPanelDisplayInfo().bPanel), trouble.monitor);
-  }
-}
-
 /// Several threads refresh at once while the system is slow and the panel comes and goes: each refresh is whole.
 TEST(PanelGeometry, IsRefreshedByOneThreadAtATime) {
   for (std::uint32_t seed = 1; seed <= 20; ++seed) {

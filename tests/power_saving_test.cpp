@@ -9,7 +9,7 @@ namespace {
 
 using namespace support;
 using os::PowerSetting;
-using Step = void (*)(sim::Power& power);
+using Step = void (*)(sim::Power&);
 
 constexpr Step kUnplug = [](sim::Power&power) { power.Unplug(); }, kPlug = [](sim::Power&power) { power.Plug(); };
 constexpr Step kSaverOn = [](sim::Power&power) { power.BatterySaver(true); },

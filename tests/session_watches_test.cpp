@@ -20,7 +20,7 @@ TEST(PackageWatch, LaunchesAUiThatHasJustBeenInstalled) {
 }
 
 TEST(PackageWatch, RefreshesThePanelsAndLeavesTheRestAlone) {
-  using Change = void (*)(Laptop & laptop);
+  using Change = void (*)(Laptop&);
   for (const Change change : {Change{[](auto& laptop) { laptop.apps.RemoveUi(); }},
                               Change{[](auto& laptop) { laptop.ui.OpenGuide(), laptop.apps.InstallUi(); }},
                               Change{[](auto& laptop) { laptop.ui.Start(), laptop.apps.InstallUi(); }}}) {

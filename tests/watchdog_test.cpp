@@ -105,7 +105,7 @@ TEST(Watchdog, GoesByPartsOfTheNameAndTakesOneProcessAfterTheOther) {
 }
 
 TEST(Watchdog, TellsDebuggersWhatCouldNotBeSetUp) {
-  using Spoil = void (*)(sim::Faults & faults);
+  using Spoil = void (*)(sim::Faults&);
   for (const auto& [spoil, text] :
        {std::pair<Spoil, const wchar_t*>{[](auto& f) { f.template Fail<&os::JoinComMultithreaded>(); },
                                          L"Failed to initialize COM library\n"},

@@ -39,17 +39,6 @@ TEST(WholeLaptop, AWorkingDay) {
   laptop.power.Plug();
   EXPECT_EQ(laptop.firmware.Backlight(), 127U);
 
-  // A document is thrown down to the panel, and fetched back by the UI's arrow.
-  const auto document = laptop.desktop.OpenInForeground({.title = L"Report", .area = {300, 200, 1100, 700}});
-  laptop.mouse.Grab(document, {500, 210});
-  laptop.mouse.Glide({700, 400});
-  laptop.mouse.Glide({575, 310});
-  laptop.mouse.Drop();
-  EXPECT_GE(laptop.Area(document).top, 1080);
-  laptop.ui.Send(L"TOUCH", {.point = {900, 1300}});
-  laptop.ui.Send(L"UP");
-  EXPECT_LT(laptop.Area(document).top, 1080);
-
   // A monitor is docked, and gone again.
   auto& monitor = laptop.displays.AddMonitor({.plugged = false, .attached = false, .x = 1920});
   laptop.displays.Dock(monitor);
@@ -71,7 +60,6 @@ TEST(WholeLaptop, AWorkingDay) {
   laptop.hotKey.UseF6(2);
   EXPECT_TRUE(laptop.touch.InCursorMode());
   EXPECT_FALSE(laptop.firmware.PanelOn());
-  EXPECT_EQ(laptop.mouse.LongestHoldUpMs(), 0U);
 }
 
 TEST(WholeLaptop, InAShopItComesBackByItself) {
