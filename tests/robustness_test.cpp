@@ -8,6 +8,7 @@
 #include "tests/seeds.h"
 #include "tests/spoilt_doors.h"
 #include "tests/support.h"
+#include "uilink/commands/ui_commands.h"
 
 namespace {
 
@@ -15,10 +16,12 @@ using namespace support;
 
 constexpr Seeds kSeeds{"ROBUSTNESS", 60};
 
-const auto kCommands = WordsOf(
-    L"BLSET BLGET GETPROCESSNAME POWERSAVERON POWERSAVEROFF GETFREQUENCY SETFREQUENCY DIED CLOSEQUICKGUIDE ALIVE "
-    L"SETRESOLUTION SETTOUCHPAD VERSION=9.9 BLOCKACTIONMENU blget COPYWALLPAPER TOUCH UP DOWN HOME NAVWINUP "
-    L"TASKGROUPLAUNCHAPPS VIEWCLOSE SETCURSORCENTER WALLPAPER=C:\\a.jpg");
+/// Each command of the controller's, some as a UI may get them wrong.
+std::vector<std::wstring> CommandTexts() {
+  std::vector<std::wstring> texts{L"blget", L"VERSION=9.9", L"WALLPAPER=C:\\a.jpg"};
+  for (const auto& command : tessaview::UiCommands()) texts.emplace_back(command.text);
+  return texts;
+}
 
 /// One laptop's random life.
 class RandomLife {
@@ -118,13 +121,13 @@ class RandomLife {
   }
 
   void SendCommand() {
-    const std::wstring text = kCommands[Pick(std::size(kCommands))];
-    if (text == L"COPYWALLPAPER") return laptop.ui.SendFileCopy(text, L"C:\\a.jpg", L"C:\\b.jpg");
+    if (Pick(commands_.size()) == 0) return laptop.ui.SendFileCopy(L"COPYWALLPAPER", L"C:\\a.jpg", L"C:\\b.jpg");
+    const auto text = commands_[Pick(commands_.size())];
     const auto percent = static_cast<std::int32_t>(4 + Pick(97));
     if (text == L"BLSET") levels_.insert(std::to_wstring(percent * 2555 / 1000));
-    const auto isOfWindow = text == L"VIEWCLOSE" || text == L"TASKGROUPLAUNCHAPPS";
-    laptop.ui.Send(text, {.handle = isOfWindow ? static_cast<std::uint64_t>(OpenWindow()) : 0,
-                          .percent = isOfWindow ? std::nullopt : std::optional(percent),
+    const bool isLevel = text == L"BLSET";
+    laptop.ui.Send(text, {.handle = isLevel ? 0 : static_cast<std::uint64_t>(OpenWindow()),
+                          .percent = isLevel ? std::optional(percent) : std::nullopt,
                           .rect = {100, 100, 2500, 900},
                           .point = {static_cast<std::int32_t>(Pick(3000)), 60}});
   }
@@ -145,7 +148,8 @@ class RandomLife {
     constexpr std::size_t kSizes[] = {0, 1, 16, 519, 551, 552, 553, 1559, 1560, 1561, 5000};
     constexpr std::uint64_t kKinds[] = {0, 101, 102, 103, 104, ~std::uint64_t{0}};
     auto bytes = Noise(6000);
-    const std::wstring start = kCommands[1 + Pick(std::size(kCommands) - 1)];  // no BLSET with a random level
+    auto start = commands_[Pick(commands_.size())];
+    if (start == L"BLSET") start = L"BLGET";  // its level would be a random one
     for (std::size_t i = 0; i < start.size() && 2 * i + 1 < bytes.size() && bytes[0] != 0; ++i) {
       bytes[2 * i] = static_cast<std::uint8_t>(start[i]);
       bytes[2 * i + 1] = 0;
@@ -198,6 +202,7 @@ class RandomLife {
   }
 
   std::mt19937 random_;
+  const std::vector<std::wstring> commands_ = CommandTexts();
   const std::wstring saved_;
   const std::uint32_t level_;
 

@@ -8,6 +8,7 @@
 
 #include "tests/drags.h"
 #include "tests/seeds.h"
+#include "uilink/commands/command.h"
 
 namespace {
 
@@ -149,12 +150,15 @@ class Throwing {
   }
 
   void Command() {
-    static const auto kTexts = WordsOf(
-        L"UP DOWN TOUCH VIEWWINUP VIEWRECALL VIEWCLOSE HOME NAVWINUP LAUNCHMOVETOC TASKGROUPLAUNCHAPPS "
-        L"TASKGROUPLAUNCHAPPSMAX SYSAPPNAVIGATORMOVEUP SYSAPPNAVIGATORMOVEDOWN SHOWMIN SHOWRESTORE APPNAVINORMAL "
-        L"APPNAVIMAXIMIZED SETTOPMOST SETCURSORCENTER");
+    static const auto commands = [] {
+      std::vector<tessaview::UiCommand> all;
+      for (const auto& rows : {tessaview::MoveCommands(), tessaview::WindowCommands()}) {
+        all.insert(all.end(), rows.begin(), rows.end());
+      }
+      return all;
+    }();
     const auto left = Between(0, 1800), top = Between(0, 1000);
-    laptop_.ui.Send(kTexts[Pick(std::size(kTexts))],
+    laptop_.ui.Send(std::wstring(commands[Pick(commands.size())].text),
                     {.handle = static_cast<std::uint64_t>(Any()),
                      .rect = {left, top, left + Between(100, 2500), top + Between(100, 1200)},
                      .point = {Between(0, 1900), Between(0, 1590)}});
