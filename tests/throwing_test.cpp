@@ -3,6 +3,7 @@
 // comes.
 
 #include <iterator>
+#include <map>
 #include <memory>
 #include <random>
 
@@ -106,6 +107,14 @@ class Throwing {
     return open;
   }
 
+  /// How often the controller has placed a window.
+  [[nodiscard]] std::ptrdiff_t TimesPlaced(WindowHandle window) const {
+    const auto journal = laptop_.desktop.Journal(window);
+    return std::count_if(journal.begin(), journal.end(), [](const std::wstring& entry) {
+      return entry.starts_with(L"place ") || entry.starts_with(L"move ");
+    });
+  }
+
   WindowHandle Any() { return windows_[Pick(windows_.size())]; }
 
   // ---- What happens ----
@@ -144,6 +153,7 @@ class Throwing {
         mouse.Glide({press.x + Between(-far, far), press.y + Between(-40, far)});
       }
       if (Pick(6) == 0) mouse.CancelDrag();
+      placedWhenDragged_[window] = TimesPlaced(window);  // a throw begins with the drop
       mouse.Drop();
     }
     Pick(2) == 0 ? laptop_.Advance(Pick(600)) : static_cast<void>(laptop_.Settle());
@@ -196,7 +206,7 @@ class Throwing {
     if (what == 1) return laptop_.ui.Busy(300);
     if (found == nullptr) return;
     if (what == 2) return laptop_.desktop.Close(window);
-    if (what == 3) laptop_.desktop.Drag(window, {300, 200, 900, 600});
+    if (what == 3) laptop_.desktop.Drag(window, {300, 200, 900, 600});  // in sight
     if (what == 4) found->responsive = false;
     if (what == 5) found->busyUntilMs = laptop_.NowMs() + 700, laptop_.After(700, [] {});
   }
@@ -208,8 +218,8 @@ class Throwing {
       return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
     };
     for (const auto& [handle, window] : Opened()) {
-      // Where the user drags a window that the controller never touched is the user's own affair.
-      if (!window->IsUp() || laptop_.desktop.Journal(handle).empty()) continue;
+      // Where the user drags a window that the controller has not placed since is the user's own affair.
+      if (!window->IsUp() || TimesPlaced(handle) == placedWhenDragged_[handle]) continue;
       EXPECT_TRUE(meet(window->area, kBPanel) || meet(window->area, kCPanel));
     }
   }
@@ -240,6 +250,7 @@ class Throwing {
   std::mt19937 random_;
   Laptop laptop_;
   std::vector<WindowHandle> windows_;
+  std::map<WindowHandle, std::ptrdiff_t> placedWhenDragged_;  // by the controller, when the user dragged it last
 };
 
 using ThrowingWindows = SeedsTest;
