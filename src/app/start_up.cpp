@@ -123,8 +123,9 @@ void ShutDown(const PowerNotifications& notifications) {
 
 }  // namespace
 
-// The order is a contract: what follows relies on what stands before, and the log is read by it. Waits on the way hold
-// up the message loop, and what is sent to the window meanwhile is served once that runs.
+// The order is a contract: what follows relies on what stands before, and the log is read by it. Until the message loop
+// runs, what is posted to the window waits. What is sent to it waits too, or is served while start-up itself waits for
+// another program's answer.
 int RunController() {
   ReadFactoryIds();
   Log(L" ******* Start TessaviewService ******* \n");
@@ -132,7 +133,6 @@ int RunController() {
   CheckTouchScreenHid();
 
   // One instance per session, and its window.
-
   const auto title = os::LoadResourceText(kTitleText);
   const auto className = os::LoadResourceText(kClassText);
   (void)RegisterWindowClass(className);

@@ -9,7 +9,8 @@
 namespace tessaview {
 namespace {
 
-/// The application's window inside a frame; that of a suspended application is a top-level one with the frame's title.
+/// The application's window inside a frame; while the application is suspended, the top-level one with the frame's
+/// title.
 os::WindowHandle CoreWindowOf(os::WindowHandle frame) {
   const auto child = os::FindChildWindow(frame, kCoreWindowClass);
   const auto title = os::WindowTitle(frame);
@@ -17,14 +18,13 @@ os::WindowHandle CoreWindowOf(os::WindowHandle frame) {
   return os::FindTopWindow(kCoreWindowClass, title.c_str());
 }
 
-}  // namespace
-
-std::optional<std::wstring> ExecutableOfWindow(os::WindowHandle window) {
+/// At most 259 characters; empty when it cannot be told.
+std::wstring ExecutableOf(os::WindowHandle window) {
   const bool isFrame = os::WindowClassName(window) == kFrameClass;
-  auto path = os::ProcessImagePath(os::WindowProcessId(isFrame ? CoreWindowOf(window) : window));
-  if (path.empty()) return std::nullopt;
-  return path;
+  return os::ProcessImagePath(os::WindowProcessId(isFrame ? CoreWindowOf(window) : window));
 }
+
+}  // namespace
 
 std::wstring ProgramName(const std::wstring& path) {
   const auto file = path.substr(path.rfind(L'\\') + 1);
@@ -33,7 +33,7 @@ std::wstring ProgramName(const std::wstring& path) {
 
 std::wstring ApplicationLabel(os::WindowHandle window) {
   constexpr wchar_t kLastNarrow = 0xFF;
-  auto label = ProgramName(ExecutableOfWindow(window).value_or(L""));
+  auto label = ProgramName(ExecutableOf(window));
   std::replace_if(
       label.begin(), label.end(), [](wchar_t character) { return character > kLastNarrow; }, L'?');
   return label;

@@ -73,15 +73,15 @@ class Shared<T, false> final : State {
     return std::exchange(value_, std::move(value));
   }
 
-  /// What `read(const T&)` makes of the value, and a change of its parts by `change(T&)`: both run under the lock and
-  /// must not call the operating system.
+  /// Ask returns what `read(const T&)` returns; Update changes parts of the value by `change(T&)`. Both run under the
+  /// lock and must not call the operating system.
   template <class Read>
-  [[nodiscard]] auto ask(Read read) const {
+  [[nodiscard]] auto Ask(Read read) const {
     const std::lock_guard hold(mutex_);
     return read(value_);
   }
   template <class Change>
-  void update(Change change) {
+  void Update(Change change) {
     const std::lock_guard hold(mutex_);
     change(value_);
   }
@@ -93,8 +93,8 @@ class Shared<T, false> final : State {
   T value_;
 };
 
-/// A value that several threads take steps with, one at a time: a step may call the operating system, but must not wait
-/// for another program.
+/// A value that several threads change, one step at a time. A step may call the operating system, but must not wait for
+/// another program.
 template <class T>
 class Guarded final : State {
  public:

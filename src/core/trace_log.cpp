@@ -1,7 +1,5 @@
 #include "core/trace_log.h"
 
-#include <string>
-
 #include "core/state.h"
 #include "core/trace_events.h"
 #include "os/trace.h"

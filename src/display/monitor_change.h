@@ -7,7 +7,8 @@ namespace tessaview {
 
 enum class Turn { Keep, To270 };
 
-/// What shall become of a display. Without a size it keeps the one it has, exchanged when it is turned by a quarter; a
+/// What shall become of a display. Width and height are those of the display as it is built: they are exchanged when it
+/// stands turned by a quarter afterwards. 0 x 0 keeps its size, exchanged when this change turns it by a quarter. A
 /// position of (0, 0) does not move it.
 struct MonitorChange {
   std::int32_t width = 0, height = 0, x = 0, y = 0;

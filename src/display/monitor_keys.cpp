@@ -1,8 +1,7 @@
 #include "display/monitor_keys.h"
 
-#include <algorithm>
 #include <cwchar>
-#include <span>
+#include <iterator>
 
 #include "core/numbers.h"
 #include "core/text.h"

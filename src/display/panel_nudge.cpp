@@ -46,7 +46,7 @@ void MoveUntilTaken(const std::wstring& gdiName, const MonitorChange& change, co
   }
 }
 
-/// By the time alone: whether the last change was taken does not count.
+/// Goes by the time alone, whether the last change was taken or not.
 void TellOutcome(std::uint64_t elapsedMs) {
   Log(L"[MoveCPanelMonitorOnePixel] Time : %d ", elapsedMs);
   if (elapsedMs <= kBudgetMs) {

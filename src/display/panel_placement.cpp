@@ -23,8 +23,8 @@ std::int32_t CentredBelow(const PanelRect& b, const PanelRect& c) {
   return b.X + (b.Width - c.Width) / 2;
 }
 
-/// Compares with the height alone, while a repair goes to the B panel's bottom edge: they agree while the B panel is at
-/// the top.
+/// Compares the C panel's top with the B panel's height. A repair moves it to the B panel's bottom edge, which is the
+/// same while the B panel lies at the top of the desktop.
 bool IsMisplaced(const Geometry& at) {
   return at.c.X != CentredBelow(at.b, at.c) || at.c.Y != at.b.Height;
 }

@@ -95,7 +95,7 @@ std::int32_t Divide(std::int32_t pixels, float scale) {
   return TruncateToInt32(static_cast<float>(pixels) / scale);
 }
 
-/// Positions are divided by the smallest scale, sizes by the monitor's own: the readers of this view count on that.
+/// Positions are divided by the smallest scale, sizes by the monitor's own: whoever reads them in the log counts on it.
 void FillMonitorView(PanelInfo& panel, const MonitorEntry& entry, float minScale) {
   const auto& rc = entry.monitor.monitor;
   panel.monitor = entry.monitor.handle;
@@ -177,11 +177,11 @@ PanelRect gCPanel() {
 }
 
 std::optional<PanelRect> FoundBPanel() {
-  return gPanels.ask([](const PanelDisplayInfo& panels) { return PlaceOf(panels.bPanel); });
+  return gPanels.Ask([](const PanelDisplayInfo& panels) { return PlaceOf(panels.bPanel); });
 }
 
 std::optional<PanelRect> FoundCPanel() {
-  return gPanels.ask([](const PanelDisplayInfo& panels) { return PlaceOf(panels.cPanel); });
+  return gPanels.Ask([](const PanelDisplayInfo& panels) { return PlaceOf(panels.cPanel); });
 }
 
 void ReadFactoryIds() {

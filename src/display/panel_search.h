@@ -10,8 +10,8 @@ namespace tessaview {
 enum class PanelsFound { None = 0, Both = 1, OnlyB = 2, OnlyC = 3 };
 
 /// Searches the active display paths for the panels and publishes what it found as `gPanelDisplayInfo`. The panels are
-/// told apart by the factory's hardware ids alone: not by connector, size or order. Takes no lock. Any thread;
-/// milliseconds.
+/// told apart by the factory's hardware ids alone: not by connector, size or order. InitialDisplay lets one caller
+/// search at a time; here they may overlap. Any thread; milliseconds.
 PanelsFound EnumDisplayDevice();
 
 /// Publishes what the factory says of the panels, before any search. Any thread; microseconds.
@@ -25,7 +25,7 @@ void ReadFactoryIds();
 [[nodiscard]] PanelRect gBPanel();
 [[nodiscard]] PanelRect gCPanel();
 
-/// The same for panels that were found, whatever their size; nothing for those that were not.
+/// The same, but nothing for a panel that was not found. A panel that was found may have no area.
 [[nodiscard]] std::optional<PanelRect> FoundBPanel();
 [[nodiscard]] std::optional<PanelRect> FoundCPanel();
 

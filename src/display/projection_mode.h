@@ -4,7 +4,7 @@
 
 namespace tessaview {
 
-/// The projection mode (the user's Win+P choice) as last queried; none of these while it is none of the four. Any
+/// The projection mode (the user's Win+P choice) as QueryWinPMode found it last; at most one of these is true. Any
 /// thread.
 [[nodiscard]] bool isInternalMode();  // PC screen only
 [[nodiscard]] bool isCloneMode();     // Duplicate
@@ -14,7 +14,7 @@ namespace tessaview {
 /// The topology that the system's configuration database has in force; None when it cannot be read. Any thread.
 [[nodiscard]] os::Topology CurrentTopology();
 
-/// Asks the system for the projection mode. Any thread; milliseconds.
+/// Asks the system for the projection mode, and notes it. Any thread; milliseconds.
 void QueryWinPMode();
 
 }  // namespace tessaview

@@ -1,6 +1,6 @@
 #pragma once
 
-// Windows' out-of-box setup. Until it is over the UI is never launched.
+// Windows' out-of-box setup. Until it is over, start-up and the package watch do not launch the UI.
 namespace tessaview {
 
 /// Whether setup is over. Any thread.

@@ -7,6 +7,7 @@
 namespace tessaview {
 namespace {
 
+constexpr const wchar_t* kStartedByService = L"FromTessaviewService";
 constexpr std::int64_t kHighestShellError = 32;  // ShellExecuteW answers more on success
 
 void ShellOpenInstead() {

@@ -5,7 +5,6 @@
 namespace tessaview {
 
 inline constexpr const wchar_t* kUiAppUserModelId = L"7C31A0D4.TessaviewMaster_h2kq9vx81tmwe!7C31A0D4.TessaviewMaster";
-inline constexpr const wchar_t* kStartedByService = L"FromTessaviewService";
 
 /// Activates a packaged application; an empty `argument` passes none. An empty id activates nothing. Joins the calling
 /// thread to COM and leaves it so: to be called on a thread of its own. Blocks for seconds at worst.

@@ -23,7 +23,7 @@ constexpr int kMostLaunches = 20;
 constexpr std::uint32_t kDesktopPauseMs = 500;
 constexpr std::uint32_t kLaunchPauseMs = 2000;
 
-/// With no window at all the desktop is not there either; behind the lock screen's picture it is.
+/// Behind the lock screen's picture the desktop is there; with no window in the foreground at all it is not.
 bool IsDesktopReady() {
   const auto seen = WhatIsInForeground();
   return seen == Foreground::Desktop || seen == Foreground::LockScreen;
@@ -37,7 +37,7 @@ bool IsOpen(const wchar_t* className) {
   return os::FindTopWindow(className) != os::WindowHandle::None;
 }
 
-/// Launches the UI until its main window shows, or its guide or video window does its work. Returns the launches made.
+/// Launches the UI until its main window shows, or its guide or video in place of that. Returns the launches made.
 int LaunchUntilShown() {
   int launches = 0;
   if (IsOpen(kUiMainClass)) return launches;
@@ -64,8 +64,8 @@ void ReportLaunches(int launches) {
 
 Shared<bool> gLaunchPhaseReached, gLaunchPhaseBegun;
 
-/// The launch phase takes both: start-up come far enough, and Windows' setup over. Whichever comes last begins it, on
-/// its own thread.
+/// The launch phase needs two things: start-up has come far enough, and Windows' setup is over. The later of the two
+/// begins it, on its thread.
 void LaunchUIOnce() {
   if (!gLaunchPhaseReached.get() || !isOOBEComplete()) return;
   if (!gLaunchPhaseBegun.exchange(true)) LaunchUIAtStart();

@@ -6,8 +6,7 @@
 
 namespace os {
 
-/// The id of a message known by name to every process of the session (RegisterWindowMessageW). May be called during
-/// static initialisation.
+/// The id of a message known by name to every process of the session (RegisterWindowMessageW). Any thread.
 [[nodiscard]] std::uint32_t RegisterMessage(const wchar_t* name);
 
 /// Posts a message without waiting (PostMessageW). False when the window is gone or its queue is full. Any thread.

@@ -47,7 +47,8 @@ struct WindowClass {
 Status RegisterServiceWindowClass(const WindowClass& windowClass, const ServiceWindowEvents& events);
 
 /// Creates the hidden top-level window: WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, no parent, never shown (CreateWindowExW).
-/// None when it cannot be created. Its messages arrive on the calling thread, once that runs the message loop.
+/// None when it cannot be created. Its messages arrive on the calling thread: once that runs the message loop, and
+/// those that are sent also while it waits for the answer of another window.
 [[nodiscard]] WindowHandle CreateServiceWindow(const std::wstring& className, const std::wstring& title);
 
 /// Makes the process see every monitor's own scale (SetProcessDpiAwareness, PROCESS_PER_MONITOR_DPI_AWARE).

@@ -15,10 +15,10 @@ namespace tessaview {
 /// A level as the panel may be driven: never darker than 10, never above 255.
 [[nodiscard]] std::uint32_t DrivableLevel(std::uint32_t level);
 
-/// True for levels that battery saver does not leave as they are.
+/// True for a level that battery saver would dim.
 [[nodiscard]] bool IsBright(std::uint32_t level);
 
-/// The level to apply on battery: the user's, and capped while battery saver may dim the panel.
+/// The level to apply on battery: the user's, capped while battery saver is on and may dim the panel.
 [[nodiscard]] std::uint32_t BatteryLevel(const Settings& settings);
 
 /// The backlight's present level, 0..255; full brightness when it cannot be read.

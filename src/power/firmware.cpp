@@ -38,7 +38,7 @@ std::uint32_t ResultOf(os::BytesView reply) {
 
 std::optional<std::uint32_t> Send(const FirmwareSequence& firmware, const os::Bytes& request) {
   if (!firmware) return std::nullopt;
-  const auto reply = os::Control(firmware.device(), kControlCode, request, kReplySize);
+  const auto reply = os::Control(firmware.Device(), kControlCode, request, kReplySize);
   if (!reply) return std::nullopt;
   return ResultOf(*reply);
 }

@@ -26,7 +26,7 @@ class FirmwareSequence {
  public:
   FirmwareSequence();
   explicit operator bool() const { return static_cast<bool>(device_); }
-  [[nodiscard]] const os::Device& device() const { return device_; }
+  [[nodiscard]] const os::Device& Device() const { return device_; }
 
  private:
   os::Device device_;

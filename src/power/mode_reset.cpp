@@ -20,7 +20,7 @@
 namespace tessaview {
 namespace {
 
-os::Lock gResetLock;  // the main thread and the Win+P watch both come here
+os::Lock gResetLock;  // the main thread and "Win+P" both come here
 
 /// The two names of the C panel among the stored configurations.
 struct CPanelKeys {
@@ -38,7 +38,7 @@ struct Situation {
   std::vector<std::wstring> monitors;  // short keys of the monitors present
   CPanelKeys cPanel;
   bool hasCPanelKey = false;
-  bool onlyOneDevice = false;  // of a single listed monitor: no second device is present either
+  bool onlyOneDevice = false;  // one monitor is listed, and one monitor device is present
   bool internal = false, clone = false, extend = false, external = false;
 
   [[nodiscard]] bool None() const { return monitors.empty(); }

@@ -6,7 +6,8 @@ namespace tessaview {
 [[nodiscard]] bool isTessaviewPowerOn();
 
 /// Refreshes panels and projection mode, then tells the UI "POWERON" or "POWEROFF": on means chosen on, extended and
-/// landscape. Without a recorded choice nothing is sent. Blocks for up to about 3 seconds while the C panel appears.
+/// landscape. Without a recorded choice nothing is sent. Blocks for up to about 3 seconds while the C panel appears,
+/// and until the UI has taken the text.
 void Update_UI_Status();
 
 /// Refreshes panels and projection mode, then tells the UI "CLOSEMASK" if the panel is to be shown. Blocks likewise.

@@ -6,7 +6,6 @@
 #include "power/settings_file.h"
 
 namespace tessaview {
-
 namespace {
 
 Shared<Settings> gNow;
@@ -25,7 +24,7 @@ void LoadSettings() {
   const auto backlight = ReadSettingNumber(kBacklightKey, kDefaultBacklight);
   const auto backlightDC = ReadSettingNumber(kBacklightDCKey, kDefaultBacklight);
   const auto powerSaving = ReadSettingNumber(kPowerSavingKey, 1);
-  gNow.update([&](Settings& settings) {
+  gNow.Update([&](Settings& settings) {
     settings.UserBacklightValue = backlight;
     settings.UserBacklightValueDC = backlightDC;
     settings.PowerSaving = powerSaving;
@@ -33,21 +32,21 @@ void LoadSettings() {
 }
 
 void NotePowerSource(std::uint32_t acLineStatus, std::uint32_t batterySaverOn) {
-  gNow.update([&](Settings& settings) {
+  gNow.Update([&](Settings& settings) {
     settings.acLineStatus = acLineStatus;
     settings.batterySaverOn = batterySaverOn;
   });
 }
 
 void StorePowerSaving(bool wanted) {
-  gNow.update([&](Settings& settings) { settings.PowerSaving = wanted ? 1 : 0; });
+  gNow.Update([&](Settings& settings) { settings.PowerSaving = wanted ? 1 : 0; });
   WriteSetting(kPowerSavingKey, wanted ? L"1" : L"0");
 }
 
 void StoreBacklight(std::int32_t level) {
   const bool onMains = gNow.get().acLineStatus == kOnMains;
   WriteSetting(onMains ? kBacklightKey : kBacklightDCKey, std::to_wstring(level).c_str());
-  gNow.update([&](Settings& settings) {
+  gNow.Update([&](Settings& settings) {
     (onMains ? settings.UserBacklightValue : settings.UserBacklightValueDC) = static_cast<std::uint32_t>(level);
   });
 }

@@ -43,7 +43,7 @@ bool ClaimWin_P_WindowMoveFlag() {
 }
 
 void StartWinPWatch() {
-  // A press and its release may wait; more would come of a key that is held, and only do the same again.
+  // A press and its release may wait. A key that is held repeats its press; the repetitions would do the same again.
   constexpr std::uint32_t kMostWaiting = 2;
   const auto pressed = std::make_shared<os::Semaphore>(kMostWaiting);
   os::StartThread(L"Win+P", [pressed] {

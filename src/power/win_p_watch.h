@@ -2,13 +2,13 @@
 
 namespace tessaview {
 
-/// Whether a one-pixel move of the C panel is owed, now that the display change after Win+P has come; whoever asks is
-/// to make it. Any thread.
+/// Whether the C panel is owed a move by one pixel after a Win+P. Who is told so makes the move; it is told once. Any
+/// thread.
 [[nodiscard]] bool ClaimWin_P_WindowMoveFlag();
 
-/// Watches the keyboard for Win+P on a thread of its own. Both press and release of P with the left Windows key down
-/// bring a C panel back that is off although the user wants it on, one after the other on a further thread: the
-/// keyboard is never held up by it.
+/// Watches the keyboard for Win+P on a thread of its own, which hands each press and each release of P with the left
+/// Windows key down to a second thread, so that the keyboard is never held up. The second thread brings a C panel back
+/// that is off although the user wants it on.
 void StartWinPWatch();
 
 }  // namespace tessaview

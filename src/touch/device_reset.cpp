@@ -14,22 +14,24 @@ namespace {
 constexpr const wchar_t* kControllerCollection = L"HID\\VEN_GDX&DEV_1515&Col06";
 constexpr std::uint32_t kSearchPauseMs = 1000;
 
-os::Status ChangeNode(const wchar_t* hardwareId, bool enable) {
+/// Enables or disables the device node whose first hardware id is the controller's, spelt exactly so.
+os::Status ChangeControllerNode(bool enable) {
   const auto nodes = os::OpenHidNodes();
   if (!nodes) return os::Error{nodes.error()};
   const auto ids = os::FirstHardwareIds(*nodes);
-  const auto found = std::find(ids.begin(), ids.end(), hardwareId);
+  const auto found = std::find(ids.begin(), ids.end(), kControllerCollection);
   if (found == ids.end()) return os::Done{};
   return os::EnableHidNode(*nodes, static_cast<std::size_t>(found - ids.begin()), enable);
 }
 
-}  // namespace
-
-bool SetHidDeviceEnabled(const wchar_t* hardwareId, bool enable) {
-  const auto changed = ChangeNode(hardwareId, enable);
+/// A node that is not there counts as done. False, with a log line, when the system refuses.
+bool SetControllerEnabled(bool enable) {
+  const auto changed = ChangeControllerNode(enable);
   if (!changed) Log(L"SetupDiGetClassDevs error = %d (0x%X) \n", changed.error(), changed.error());
   return static_cast<bool>(changed);
 }
+
+}  // namespace
 
 void ResetTouchDevices() {
   if (!UnregisterCPanelRawInput()) {
@@ -38,12 +40,12 @@ void ResetTouchDevices() {
   }
   Log(L"UnRegisterRawInputDevice Success \n");
 
-  if (SetHidDeviceEnabled(kControllerCollection, false)) {
+  if (SetControllerEnabled(false)) {
     Log(L"Dissable Device Success\n");
   } else {
     Log(L"Dissable Device Fail\n");
   }
-  if (!SetHidDeviceEnabled(kControllerCollection, true)) {
+  if (!SetControllerEnabled(true)) {
     Log(L"Enable Device Fail\n");
     return;
   }

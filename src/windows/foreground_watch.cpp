@@ -36,7 +36,8 @@ bool IsIgnored(os::WindowHandle window, os::WindowHandle root) {
 
 void Follow(const Seen& now) {
   const bool isAsBefore = now == gLastSeen.exchange(now);
-  if (isAsBefore && (now.isFullScreen || !IsInNoActivateMode())) return;  // what could not be taken back is tried again
+  // A window that hung when the mode was left still has the style, so leaving is tried again.
+  if (isAsBefore && (now.isFullScreen || !IsInNoActivateMode())) return;
   if (now.isFullScreen) {
     Log(L"[Full Screen] Is fullscreen window, NoActivate Mode. \n");
     EnterNoActivateMode();

@@ -8,8 +8,8 @@ namespace tessaview {
 /// on the C panel are kept from being activated.
 void StartForegroundWatch();
 
-/// What the watch does with an event; only a new foreground window and a window that moved count, and not the pointer
-/// or a caret that moved. On the watch's thread.
+/// What the watch does with an event. A new window in the foreground counts, and a window that moved; a moved pointer
+/// or caret does not. On the watch's thread.
 void OnForegroundEvent(os::WindowEvent event, std::int32_t object);
 
 }  // namespace tessaview

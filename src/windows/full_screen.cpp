@@ -17,7 +17,7 @@ bool Covers(const os::Rect& window, const os::Rect& desktop) {
          window.bottom >= desktop.bottom;
 }
 
-/// Sticks out on one side and fills the rest.
+/// Whether a window fills the primary display and sticks out of it on at least one side.
 bool SticksOut(const os::Rect& window, const os::Rect& desktop, const os::Size& screen) {
   if (window.left > desktop.left || window.top > desktop.top) return false;
   const bool fills = window.right >= screen.width && window.bottom >= screen.height;

@@ -15,9 +15,9 @@
 namespace tessaview {
 namespace {
 
-os::Lock gModeLock;  // the watch follows the foreground, and the end of the controller leaves the mode
+os::Lock gModeLock;  // "foreground" enters and leaves the mode; the end of the controller leaves it too
 
-/// Those that were given the style.
+/// The windows that were given the style.
 Shared<std::vector<os::WindowHandle>> NoActivateWindows;
 
 bool KeepsActivation(os::WindowHandle window) {
@@ -26,7 +26,7 @@ bool KeepsActivation(os::WindowHandle window) {
 }
 
 void Remember(os::WindowHandle window) {
-  NoActivateWindows.update([window](auto& windows) { windows.push_back(window); });
+  NoActivateWindows.Update([window](auto& windows) { windows.push_back(window); });
 }
 
 void AddNoActivate(os::WindowHandle window) {

@@ -34,7 +34,7 @@ os::WindowPlacement PlacementOf(os::WindowHandle window) {
   return placement ? *placement : os::WindowPlacement{};
 }
 
-/// Minimised and placed on the other panel, a window is maximised there. Nothing is retried.
+/// Minimises a window, places it on the other panel and maximises it there. Nothing is retried.
 void PlaceMaximized(os::WindowHandle window, os::WindowPlacement placement, Pause pause, bool keepMinimized) {
   placement.showCmd = ShowCommand::ShowMaximized;
   const auto show = [window](ShowCommand command) { Show(window, command); };
@@ -75,7 +75,7 @@ os::Rect Whole(const PanelRect& panel) {
 
 std::int32_t MoveWindowtoBPanel(os::WindowHandle window, bool keepMinimized) {
   if (Hangs(window)) return kMoveFailed;
-  const auto info = gPanelDisplayInfo();  // now: finding out whether a window hangs takes seconds
+  const auto info = gPanelDisplayInfo();  // asked after Hangs, which can take seconds
   const auto panel = info.bPanel.SettingsView();
   if (!panel.HasArea()) return kMoveDone;
   if (!HasMaximizeBox(window)) {

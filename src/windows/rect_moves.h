@@ -16,7 +16,7 @@ inline constexpr std::uint32_t kShowFailed = 1, kFirstMoveFailed = 2, kSecondMov
 
 /// Restores a window and puts it at a rectangle of the desktop, less the height of the taskbar when both lie in the B
 /// panel; maximises it there if asked. Returns the bits above, all of them for a window that hangs. Any thread; blocks
-/// for 20 seconds at most.
+/// for 20 seconds at most, and for 5 more when the program hangs.
 std::uint32_t MoveWindowByRect(os::WindowHandle window, const PanelRect& rect, bool maximizeAfter);
 
 /// Puts a window of a task group at the rectangle that the UI chose; if it then sticks out of the B panel at the right

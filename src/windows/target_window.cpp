@@ -15,8 +15,7 @@ namespace {
 struct Target {
   os::WindowHandle gCurrentWindow = os::WindowHandle::None;  // the window under the last touch (its root)
   os::WindowHandle PreviousForegroundWindow = os::WindowHandle::None;
-  bool isResendPending = false;  // the target was taken from the user's eyes, or is about to be: the next touch on it
-                                 // announces it again
+  bool isResendPending = false;  // a touch hit no movable window: the target's next touch takes it as the target anew
 };
 
 MainThreadOnly<Target> gTarget;

@@ -21,12 +21,8 @@ constexpr std::wstring_view kUiClassPart = L"NorvTessaview";
 constexpr std::wstring_view kDesktopClasses[] = {L"WorkerW", L"Progman"};
 
 constexpr std::wstring_view kShellClasses[] = {
-    kTaskbarClass,
-    kSecondaryTaskbarClass,
-    kCoreWindowClass,
-    L"TaskListThumbnailWnd",
-    L"Shell_InputSwitchTopLevelWindow",
-    L"NotifyIconOverflowWindow",
+    kTaskbarClass,           L"Shell_SecondaryTrayWnd",          kCoreWindowClass,
+    L"TaskListThumbnailWnd", L"Shell_InputSwitchTopLevelWindow", L"NotifyIconOverflowWindow",
 };
 
 bool IsOneOf(std::span<const std::wstring_view> names, std::wstring_view name) {

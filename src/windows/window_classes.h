@@ -1,28 +1,31 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "os/types.h"
 
 namespace tessaview {
 
-/// The frame around a packaged application, and the application's own window inside it. A suspended application's own
-/// window is a top-level one.
+/// The frame around a packaged application, and the application's own window. That lies inside the frame; while the
+/// application is suspended, it is a top-level window.
 inline constexpr const wchar_t* kFrameClass = L"ApplicationFrameWindow";
 inline constexpr const wchar_t* kCoreWindowClass = L"Windows.UI.Core.CoreWindow";
 
-/// The shell's taskbars: that of the primary display, and those of the others.
+/// The shell's taskbar on the primary display.
 inline constexpr const wchar_t* kTaskbarClass = L"Shell_TrayWnd";
-inline constexpr const wchar_t* kSecondaryTaskbarClass = L"Shell_SecondaryTrayWnd";
 
-// Who is asked of what: the target of a move may be neither of the UI nor of the shell; HOME and NAVWINUP also leave
-// out the edge; so does the no-activate mode, with frames.
+// Which windows are left out where:
+//
+//                      the UI's   the shell's   the edge   companions   frames
+//   target of a move      x            x                       x
+//   HOME                  x            x            x
+//   NAVWINUP              x            x            x          x
+//   no-activate mode      x            x            x          x           x
 
-/// Whether a window, whose class name is given, is one of the UI's.
+/// Whether a window is one of the UI's. Its class name is handed in, here and below.
 [[nodiscard]] bool IsUiWindow(os::WindowHandle window, std::wstring_view className);
 
-/// Whether a window is part of the shell, not of an application: desktop, taskbars, and what pops up from them.
+/// Whether a window belongs to the shell: desktop, taskbars, and what pops up from them.
 [[nodiscard]] bool IsShellWindow(os::WindowHandle window, std::wstring_view className);
 
 /// Whether a class is that of the surface which the shell shows at the screen's edges.

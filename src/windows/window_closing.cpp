@@ -30,7 +30,7 @@ struct Closing {
   bool isHidden;
 };
 
-/// The process to end in the end: that of the application inside a frame, but only of one that is really inside it.
+/// The process to end if need be: for a frame that of the application inside it, none while that is suspended.
 std::uint32_t ProcessOf(os::WindowHandle window, const std::wstring& className) {
   const bool isFrame = className == kFrameClass;
   return os::WindowProcessId(isFrame ? os::FindChildWindow(window, kCoreWindowClass) : window);

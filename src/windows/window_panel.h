@@ -4,7 +4,8 @@
 
 namespace tessaview {
 
-/// Whether a window lies on a panel, for the most part or nearest to it. False while the panel is absent. Any thread.
+/// Whether most of a window lies on a panel; for a window that lies on no display, whether the panel is the nearest.
+/// False while the panel is absent. Any thread.
 [[nodiscard]] bool IsOnBPanel(os::WindowHandle window);
 [[nodiscard]] bool IsOnCPanel(os::WindowHandle window);
 

@@ -8,7 +8,7 @@ namespace tessaview {
 struct WindowValidity {
   bool isValid = false;
   bool isUIWindowHit = false;     // it is one of the UI's
-  bool isSameAsPrevious = false;  // it is valid, and the target already
+  bool isSameAsPrevious = false;  // it is valid and already the target
 };
 
 /// Checks a window: applications' windows may be moved; those of the UI, of its companions and of the shell may not.

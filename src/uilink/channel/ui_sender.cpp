@@ -27,7 +27,7 @@ void DropStale(Queue& queue) {
 
 std::optional<PostedText> TakeNext() {
   std::optional<PostedText> next;
-  gQueue.update([&](Queue& queue) {
+  gQueue.Update([&](Queue& queue) {
     if (queue.empty()) return;
     next = std::move(queue.front());
     queue.pop_front();
@@ -50,7 +50,7 @@ void StartUiSender() {
 void PostUiText(PostedText text) {
   const auto posted = gPosted.get();
   if (posted == nullptr) return;
-  gQueue.update([&](Queue& queue) {
+  gQueue.Update([&](Queue& queue) {
     queue.push_back(std::move(text));
     if (queue.size() > kMostWaiting) DropStale(queue);
   });

@@ -15,9 +15,9 @@ struct PostedText {
 /// Starts the thread that sends what is posted, in the order it was posted.
 void StartUiSender();
 
-/// Hands a text to the sender. When 64 texts wait already, the oldest among them that may go stale is dropped; texts to
-/// be kept are always taken, and come at the pace of a hand. Lost before the sender was started. Any thread;
-/// microseconds.
+/// Hands a text to the sender. When more than 64 texts wait, the oldest of them that may go stale is dropped. Texts to
+/// be kept are never dropped: they come no faster than a hand moves. A text is lost before the sender was started. Any
+/// thread; microseconds.
 void PostUiText(PostedText text);
 
 }  // namespace tessaview

@@ -11,7 +11,7 @@
 namespace tessaview {
 namespace {
 
-/// Tells the UI when battery saver is in force and the panel is bright all the same.
+/// Tells the UI when battery saver is on and may dim the panel, and the panel is bright all the same.
 void WarnIfBrightWhileSaving() {
   if (!gPowerSavingEnabled() || !CheckCurrentMode()) return;
   const auto level = ReadBacklight();
@@ -52,7 +52,6 @@ constexpr UiCommand kBacklightCommands[] = {
     {L"POWERSAVERON", Match::Exact, AllowPowerSaving, L"[Power Saving] UI Battery Saver On \n",
      "battery saver may dim the panel from now on; applies the battery's level again"},
     {L"POWERSAVEROFF", Match::Exact, ForbidPowerSaving, L"[Power Saving] PWN retrun to user setting \n",
-
      "battery saver may not dim the panel any more; applies the battery's level again"},
 };
 

@@ -8,7 +8,7 @@
 namespace tessaview {
 namespace {
 
-/// Lets the calling thread act as the active user while it lives, if the process runs as the system account. Any other
+/// While one of these lives, its thread acts as the active user, if the process runs as the system account. Any other
 /// account acts for itself.
 class ActingAsUser {
  public:
@@ -51,7 +51,6 @@ void CopyWallpaper(const FileCopyMessage& message) {
 
 constexpr FileCopyCommand kCommand{
     L"COPYWALLPAPER", Match::Exact, CopyWallpaper, L"[COPYDATA] COPYWALLPAPER. \n",
-
     "input path, output path; copies the input over the output with the active user's rights"};
 
 }  // namespace

@@ -46,7 +46,7 @@ void SetBPanelUprightAgain() {
   os::ChangeDisplaySettings(panel.gdiDeviceName, *mode, os::kCdsUpdateRegistry | os::kCdsGlobal);
 }
 
-/// A machine that is folded over and back may come back with displays turned as they were.
+/// After a machine was folded over and back, its displays may still be stored or set as turned.
 void MendOrientationAfterFlip() {
   if (!gFlipInfoValid()) return;
   const auto panel = gPanelDisplayInfo().bPanel;

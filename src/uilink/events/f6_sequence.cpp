@@ -16,7 +16,7 @@ namespace {
 constexpr std::uint32_t kModes = 3;
 constexpr std::int64_t kPanelOff = 2, kPanelOn = 3;  // what the component may want at the end of a sequence
 
-/// The sequence of presses under way, and what was reported of the touch pad meanwhile or before.
+/// The sequence of presses under way, and the touch pad's state as it was reported last.
 struct Sequence {
   bool gF6PanelOn = false;           // the C panel counted as on when the sequence began
   std::uint32_t gF6SwitchCount = 0;  // presses so far

@@ -5,7 +5,7 @@
 namespace tessaview {
 
 /// Follows a notification of the hot-key component; `wParam` says which (an F6 press, the end of an F6 sequence, a
-/// flip), `lParam` more of it. Main thread; blocks for up to about 3 seconds while displays settle.
+/// flip), `lParam` more of it. Main thread; can take seconds.
 void OnHotKey(std::uint64_t wParam, std::int64_t lParam);
 
 /// Follows a report of the touch pad's status (`wParam` 3; other messages are not reports): `lParam` 0 disabled,

@@ -8,12 +8,13 @@
 namespace tessaview {
 namespace {
 
+/// Neither the sign-in nor the lock screen is in the foreground.
 bool IsUserAtDesktop() {
   const auto seen = WhatIsInForeground();
   return seen == Foreground::Desktop || seen == Foreground::Nothing;
 }
 
-/// The timer may have come already when it was stopped, and be served yet.
+/// A message of the timer may still lie in the queue after the timer was stopped; it counts only while this is true.
 MainThreadOnly<bool> gMaskWaits;
 
 }  // namespace

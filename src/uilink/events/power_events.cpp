@@ -26,7 +26,7 @@ constexpr std::uint32_t kMainsPower = 0, kBatteryPower = 1;                   //
 constexpr std::uint32_t kLidClosed = 0, kLidOpened = 1;                       // GUID_LIDSWITCH_STATE_CHANGE
 constexpr std::uint32_t kDisplayOff = 0, kDisplayOn = 1, kDisplayDimmed = 2;  // GUID_CONSOLE_DISPLAY_STATE
 
-/// The registration itself delivers the current lid and display state; that first notification of each is no change.
+/// The registration itself delivers the state of lid and display; this first notification of each is no change.
 struct FirstNotifications {
   bool lidOpen = false, displayOn = false;  // still to come
 };

@@ -109,7 +109,7 @@ void Choose(os::WindowHandle window) {
 }
 
 void Arm(MoverPanel panel, os::WindowHandle window) {
-  const bool isMSHanlde = IsMSApp(window);  // before the pointer is tracked, which takes it as given
+  const bool isMSHanlde = IsMSApp(window);  // can take 100 ms, so before the step and not in it
   Log(L"[Window Mover] isMSHanlde : %d \n", isMSHanlde);
   Take([&](WindowMover& mover) {
     if (!isActionMenuBlocked()) mover.Arm(panel, isMSHanlde);
@@ -134,7 +134,7 @@ void OnMoveSizeEnd() {
 
 void OnMoveSize(os::WindowEvent event, os::WindowHandle window) {
   if (event == os::WindowEvent::MoveSizeStart && CanUiShowOverlay()) OnMoveSizeStart(window);
-  // A drag that began has an end, whatever became of UI and panel meanwhile.
+  // A drag that armed the mover must end it, even if UI or panel have gone meanwhile.
   if (event == os::WindowEvent::MoveSizeEnd && (IsMoverArmed() || CanUiShowOverlay())) OnMoveSizeEnd();
 }
 

@@ -20,8 +20,8 @@ struct MoverRect {
   friend bool operator==(const MoverRect&, const MoverRect&) = default;
 };
 
-/// The panel that a drag began on. The overlay on the B panel sends a window down, at once or the slower way ("pin"),
-/// the one on the C panel sends it up.
+/// The panel that a drag began on. From the B panel a window is sent down, at once or the slower way ("pin"); from the
+/// C panel it is sent up.
 enum class MoverPanel : std::uint8_t { B, C };
 
 /// The areas that a window can be dropped on.

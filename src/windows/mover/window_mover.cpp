@@ -10,7 +10,7 @@ namespace {
 constexpr int kShowDistance = 51;             // pixels in x or y
 constexpr int kTapDistance = 20;              // less than that in x and y
 constexpr std::uint64_t kTapMs = 300;         // shorter than that
-constexpr std::uint64_t kTapCommandMs = 500;  // a tap counts as a drag so soon after UP or DOWN
+constexpr std::uint64_t kTapCommandMs = 500;  // so soon after UP or DOWN, a tap counts as a drag
 constexpr int kTakeDownOffset = 36;           // pixels below the press
 
 std::int64_t Distance(std::int32_t a, std::int32_t b) {
@@ -109,7 +109,7 @@ MoverOutcome WindowMover::DragEnded() {
   return {.texts = {TakeDown()}, .thrown = {}};
 }
 
-/// The end of the drag takes the overlay down too, but it may not come: the window may be gone by then.
+/// The end of the drag takes the overlay down too, but it never comes when the window goes while it is dragged.
 MoverOutcome WindowMover::Disarm() {
   MoverOutcome outcome;
   if (WindowMoverUIEnable()) outcome.texts.push_back(TakeDown());

@@ -16,13 +16,13 @@ namespace tessaview {
 ///
 ///     Idle -> Armed -> Moving -> Shown
 ///
-/// While the overlay is shown, the pointer may hover over one of its areas. Every state ends in Idle: when the button is
-/// released, and when the drag ends.
+/// While the overlay is shown, the pointer may hover over one of its areas. Every state goes back to Idle when the
+/// button is released, and when the drag ends.
 // clang-format on
 enum class MoverState : std::uint8_t {
   Idle,
   Armed,   // a window that may be thrown is being dragged
-  Moving,  // and is moved, not sized: all four of its edges have changed
+  Moving,  // the window is moved, not sized: all four of its edges have changed
   Shown,   // the UI shows the overlay
 };
 
@@ -61,8 +61,8 @@ struct MoverOutcome {
 };
 
 /// Lets the user throw a window to the other panel: follows the drag of a window and tells the UI when to show its
-/// overlay and what is hovered. It decides by what it is handed, and logs; the caller feeds it, and does what comes
-/// out. One step at a time.
+/// overlay and what is hovered. It decides by what it is handed alone, and logs; the caller carries the outcome out.
+/// One step at a time.
 class WindowMover {
  public:
   [[nodiscard]] bool IsArmed() const { return state_ != MoverState::Idle; }
