@@ -15,7 +15,7 @@ constexpr const wchar_t* kControllerCollection = L"HID\\VEN_GDX&DEV_1515&Col06";
 constexpr std::uint32_t kSearchPauseMs = 1000;
 
 /// Enables or disables the device node whose first hardware id is the controller's, spelt exactly so.
-os::Status ChangeControllerNode(bool enable) {
+os::Status ChangeHidNode(bool enable) {
   const auto nodes = os::OpenHidNodes();
   if (!nodes) return os::Error{nodes.error()};
   const auto ids = os::FirstHardwareIds(*nodes);
@@ -25,8 +25,8 @@ os::Status ChangeControllerNode(bool enable) {
 }
 
 /// A node that is not there counts as done. False, with a log line, when the system refuses.
-bool SetControllerEnabled(bool enable) {
-  const auto changed = ChangeControllerNode(enable);
+bool SetHidDeviceEnabled(bool enable) {
+  const auto changed = ChangeHidNode(enable);
   if (!changed) Log(L"SetupDiGetClassDevs error = %d (0x%X) \n", changed.error(), changed.error());
   return static_cast<bool>(changed);
 }
@@ -40,12 +40,12 @@ void ResetTouchDevices() {
   }
   Log(L"UnRegisterRawInputDevice Success \n");
 
-  if (SetControllerEnabled(false)) {
+  if (SetHidDeviceEnabled(false)) {
     Log(L"Dissable Device Success\n");
   } else {
     Log(L"Dissable Device Fail\n");
   }
-  if (!SetControllerEnabled(true)) {
+  if (!SetHidDeviceEnabled(true)) {
     Log(L"Enable Device Fail\n");
     return;
   }

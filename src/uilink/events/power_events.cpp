@@ -28,7 +28,7 @@ constexpr std::uint32_t kDisplayOff = 0, kDisplayOn = 1, kDisplayDimmed = 2;  //
 
 /// The registration itself delivers the state of lid and display; this first notification of each is no change.
 struct FirstNotifications {
-  bool lidOpen = false, displayOn = false;  // still to come
+  bool gFirstLidOpenPending = false, gFirstDisplayOnPending = false;  // still to come
 };
 
 MainThreadOnly<FirstNotifications> gPending;
@@ -67,7 +67,7 @@ void ComeBack() {
 
 void OnLidOpened() {
   Log(L"[DisplayChange] NB Open \n");
-  if (!std::exchange(gPending->lidOpen, false)) {
+  if (!std::exchange(gPending->gFirstLidOpenPending, false)) {
     LidOpenMoveCPanelMonitorOnePixel(gSettings().acLineStatus != kOnBattery);
   }
   ComeBack();
@@ -101,7 +101,7 @@ void LayDesktopOutAgain() {
 
 void OnDisplayOn() {
   Log(L"The display is on \n");
-  if (!std::exchange(gPending->displayOn, false)) LayDesktopOutAgain();
+  if (!std::exchange(gPending->gFirstDisplayOnPending, false)) LayDesktopOutAgain();
   ComeBack();
 }
 
@@ -121,7 +121,7 @@ void OnLidCloseAction(std::uint32_t action) {
 }  // namespace
 
 void ExpectFirstNotifications() {
-  *gPending = {.lidOpen = true, .displayOn = true};
+  *gPending = {.gFirstLidOpenPending = true, .gFirstDisplayOnPending = true};
 }
 
 void OnPowerBroadcast(std::uint32_t event) {
