@@ -2,6 +2,9 @@
 
 #include <cstring>
 #include <string_view>
+#include <utility>
+
+#include "tests/contract/world.h"
 
 namespace contract {
 namespace {
@@ -19,10 +22,9 @@ void Note(std::uint64_t kindOrMessage, std::uint64_t wParam, std::int64_t lParam
   InterlockedIncrement(&journal->count);
 }
 
-/// Until the contracts say that it no longer hangs.
-void Hang() {
-  auto* const journal = SharedJournal();
-  for (journal->hangs = 1; journal->hangs != 0;) Sleep(5);
+HWND Open(const wchar_t* className, const wchar_t* title, DWORD style, const RECT& at, HWND parentOrOwner) {
+  return CreateWindowExW(0, className, title, style | WS_VISIBLE, at.left, at.top, at.right - at.left,
+                         at.bottom - at.top, parentOrOwner, nullptr, GetModuleHandleW(nullptr), nullptr);
 }
 
 LRESULT AnswerOf(HWND window) {
@@ -30,29 +32,18 @@ LRESULT AnswerOf(HWND window) {
 }
 
 LRESULT Serve(HWND window, Request request, LPARAM parameter) {
-  const HINSTANCE program = GetModuleHandleW(nullptr);
+  auto* const journal = SharedJournal();
   switch (request) {
     case Request::Hang:
-      Hang();
-      return 0;
-    case Request::OpenChild: {
-      WNDCLASSW childClass{};
-      childClass.lpfnWndProc = DefWindowProcW;
-      childClass.hInstance = program;
-      childClass.lpszClassName = kOtherChild;
-      RegisterClassW(&childClass);
-      return AnswerOf(CreateWindowExW(0, kOtherChild, L"", WS_CHILD | WS_VISIBLE, 20, 20, 150, 100, window, nullptr,
-                                      program, nullptr));
-    }
-    case Request::OpenDialog: {
-      std::array<wchar_t, 64> className{};
-      GetClassNameW(window, className.data(), static_cast<int>(className.size()));
-      return AnswerOf(CreateWindowExW(0, className.data(), L"A dialog", WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE,
-                                      600, 150, 300, 200, window, nullptr, program, nullptr));
-    }
+      for (journal->hangs = 1; journal->hangs != 0;) Sleep(5);
+      break;
+    case Request::OpenChild:
+      return AnswerOf(Open(world::kChildClass, L"", WS_CHILD, {20, 20, 170, 120}, window));
+    case Request::OpenDialog:
+      return AnswerOf(
+          Open(world::kClass, L"A dialog", WS_POPUP | WS_CAPTION | WS_SYSMENU, {600, 150, 900, 350}, window));
     case Request::Raise:
       NotifyWinEvent(LOWORD(parameter), window, static_cast<SHORT>(HIWORD(parameter)), CHILDID_SELF);
-      return 0;
   }
   return 0;
 }
@@ -72,15 +63,15 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPar
   return 0;
 }
 
-int ServeWindow(const wchar_t* className, const wchar_t* title) {
-  WNDCLASSW windowClass{};
-  windowClass.lpfnWndProc = OnMessage;
-  windowClass.hInstance = GetModuleHandleW(nullptr);
-  windowClass.lpszClassName = className;
-  RegisterClassW(&windowClass);
-  const HWND window = CreateWindowExW(0, className, title, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 100, 100, 400, 300,
-                                      nullptr, nullptr, windowClass.hInstance, nullptr);
-  SetForegroundWindow(window);
+int ServeWindow() {
+  for (const auto& [name, procedure] : {std::pair(world::kClass, &OnMessage), {world::kChildClass, &DefWindowProcW}}) {
+    WNDCLASSW windowClass{};
+    windowClass.lpfnWndProc = procedure;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.lpszClassName = name;
+    RegisterClassW(&windowClass);
+  }
+  SetForegroundWindow(Open(world::kClass, world::kTitle, WS_OVERLAPPEDWINDOW, {100, 100, 500, 400}, nullptr));
   MSG message{};
   while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
   return 0;
@@ -106,7 +97,7 @@ std::optional<int> RunAsOtherProgram(int count, wchar_t** arguments) {
   constexpr DWORD kLastingMs = 2000;
   const std::wstring_view what = count > 1 ? arguments[1] : L"";
   if (what == L"--exit" && count == 3) return static_cast<int>(std::wcstoul(arguments[2], nullptr, 10));
-  if (what == L"--window" && count == 4) return ServeWindow(arguments[2], arguments[3]);
+  if (what == L"--window" && count == 2) return ServeWindow();
   if (what != L"--last") return {};
   Sleep(kLastingMs);
   return 0;

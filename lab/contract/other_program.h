@@ -31,14 +31,13 @@ struct WindowJournal {
 [[nodiscard]] UINT RequestMessage();
 enum class Request : WPARAM {
   Hang,        // until `hangs` of the journal is 0 again; posted
-  OpenChild,   // inside the window, of class kOtherChild; answered with its handle
+  OpenChild,   // inside the window, of class world::kChildClass; answered with its handle
   OpenDialog,  // owned by the window, beside it; answered with its handle
   Raise,       // the WinEvent in the low word of lParam, of the object in its high word
 };
-inline constexpr wchar_t kOtherChild[] = L"ContractChild";
 
 /// The exit code of a start as the other program; nothing when the arguments say that this one is the contracts'.
-///     --exit CODE · --last (2 seconds) · --window CLASS TITLE
+///     --exit CODE · --last (2 seconds) · --window
 [[nodiscard]] std::optional<int> RunAsOtherProgram(int count, wchar_t** arguments);
 
 }  // namespace contract

@@ -16,22 +16,16 @@ namespace {
 using MessageContract = Contract;
 using ServiceWindowContract = Contract;
 using os::WindowHandle;
-using world::Told;
+using world::kTitle, world::Told;
 
-constexpr auto kClass = L"ContractWindow";
-constexpr auto kTitle = L"A window of another program";
 constexpr std::uint32_t kCommand = 0x0111;  // WM_COMMAND
 
-TEST_F(MessageContract, AMessageNameHasOneId) {
+TEST_F(MessageContract, AnotherProgramGetsWhatItIsSentInOrder) {
   const auto id = os::RegisterMessage(L"Contract Message");
   EXPECT_TRUE(id >= 0xC000 && id <= 0xFFFF);
   EXPECT_EQ(os::RegisterMessage(L"contract MESSAGE"), id);
   EXPECT_NE(os::RegisterMessage(L"Another Message"), id);
-}
-
-TEST_F(MessageContract, AnotherProgramGetsWhatItIsSentInOrder) {
-  const auto id = os::RegisterMessage(L"Contract Message");
-  const auto window = world::OpenWindow(kClass, kTitle);
+  const auto window = world::OpenWindow();
   const os::Bytes record{0, 1, 0, 255}, large(1008, 0x11);
   EXPECT_TRUE(os::PostToWindow(window, id, 0x1'0000'0001, -2));
   EXPECT_EQ(world::ToldToWindow(1), (std::vector<Told>{{id, 0x1'0000'0001, -2}}));
@@ -47,14 +41,12 @@ TEST_F(MessageContract, AnotherProgramGetsWhatItIsSentInOrder) {
 }
 
 TEST_F(MessageContract, ABusyReceiverIsWaitedForOnlySoLong) {
-  static WindowHandle window;
-  window = world::OpenWindow(kClass, kTitle);
-  world::Run([] {
-    static std::atomic<bool> woken;
-    woken = false;
+  const auto window = world::OpenWindow();
+  world::Run([window] {
+    std::atomic<bool> woken = false;
     world::Hang();
     EXPECT_FALSE(os::SendCopyDataTimeout(window, 1, os::Bytes{1}, 100));
-    os::StartThread(L"waker", [] {
+    os::StartThread(L"waker", [&woken] {
       os::Sleep(50);
       woken = true;
       world::Wake();
@@ -67,7 +59,7 @@ TEST_F(MessageContract, ABusyReceiverIsWaitedForOnlySoLong) {
 }
 
 TEST_F(MessageContract, AGoneWindowTakesNothing) {
-  const auto gone = world::OpenWindow(kClass, kTitle);
+  const auto gone = world::OpenWindow();
   world::CloseWindow();
   EXPECT_FALSE(os::PostToWindow(gone, kCommand, 0, 0));
   EXPECT_TRUE(os::PostToWindow(WindowHandle::None, kCommand, 0, 0)) << "goes to the calling thread itself, and nowhere";
@@ -102,15 +94,15 @@ os::ServiceWindowEvents Events() {
           .touchPadStatusMessage = os::RegisterMessage(L"Contract Touch Pad"),
           .hotKey = [](auto wParam, auto lParam) { Hear("hotKey", wParam, lParam); },
           .touchPadStatus = [](auto wParam, auto lParam) { Hear("touchPad", wParam, lParam); },
-          .displayChange = [] { Hear("displayChange", 0); },
+          .displayChange = [] {},
           .copyData = [](auto kind, auto record) { Hear("copyData", kind, static_cast<std::int64_t>(record.size())); },
-          .rawInput = [](const auto&) { Hear("rawInput", 0); },
+          .rawInput = [](const auto&) {},
           .command = [](auto id) { Hear("command", id); },
           .timer = OnTimer,
-          .powerBroadcast = [](auto event) { Hear("power", event); },
-          .powerSetting = [](auto, auto value) { Hear("setting", value); },
-          .sessionChange = [](auto event) { Hear("session", event); },
-          .queryEndSession = [](auto reason) { Hear("end", reason); },
+          .powerBroadcast = [](auto) {},
+          .powerSetting = [](auto, auto) {},
+          .sessionChange = [](auto) {},
+          .queryEndSession = [](auto) {},
           .destroy =
               [] {
                 Hear("destroy", 0);
@@ -119,20 +111,17 @@ os::ServiceWindowEvents Events() {
 }
 
 TEST_F(ServiceWindowContract, TheLoopServesMessagesThenTimersUntilTheWindowEnds) {
-  static os::ServiceWindowEvents events;
-  events = Events();
+  static const auto events = Events();
   gHeard.clear();
   world::Run([] {
-    static int times = 0;  // a class stays registered as long as the process
-    const auto name = L"ContractService" + std::to_wstring(++times);
-    const auto* const className = name.c_str();
-    EXPECT_EQ(os::CreateServiceWindow(className, kTitle), WindowHandle::None) << "no such class";
-    EXPECT_TRUE(os::RegisterServiceWindowClass({className, 0, 0, 0}, events));
-    EXPECT_EQ(os::RegisterServiceWindowClass({className, 0, 0, 0}, events).error(), 1410U)
+    constexpr auto kService = L"ContractService";
+    EXPECT_EQ(os::CreateServiceWindow(kService, kTitle), WindowHandle::None) << "no such class";
+    EXPECT_TRUE(os::RegisterServiceWindowClass({kService, 0, 0, 0}, events));
+    EXPECT_EQ(os::RegisterServiceWindowClass({kService, 0, 0, 0}, events).error(), 1410U)
         << "ERROR_CLASS_ALREADY_EXISTS";
-    gWindow = os::CreateServiceWindow(className, kTitle);
+    gWindow = os::CreateServiceWindow(kService, kTitle);
     ASSERT_NE(gWindow, WindowHandle::None);
-    EXPECT_EQ(os::FindTopWindow(className, kTitle), gWindow);
+    EXPECT_EQ(os::FindTopWindow(kService, kTitle), gWindow);
     EXPECT_EQ(os::ProcessImagePath(os::WindowProcessId(gWindow)), os::OwnProgramPath());
     EXPECT_NE(os::ForegroundWindow(), gWindow) << "never shown";
     os::AllowMessage(gWindow, os::kCopyDataMessage);
@@ -149,15 +138,12 @@ TEST_F(ServiceWindowContract, TheLoopServesMessagesThenTimersUntilTheWindowEnds)
 
     EXPECT_EQ(os::RunMessageLoop(gWindow, 0), 3);
     EXPECT_FALSE(os::PostToWindow(gWindow, events.hotKeyMessage, 0, 0));
-    EXPECT_EQ(os::FindTopWindow(className), WindowHandle::None);
+    EXPECT_EQ(os::FindTopWindow(kService), WindowHandle::None);
   });
-  EXPECT_EQ(gHeard, (std::vector<std::string>{"copyData 9 3", "hotKey 107 -1", "touchPad 1 0", "command 104 0",
-                                              "timer 5 0", "timer 5 0", "timer 6 0", "destroy 0 0"}));
-}
-
-TEST_F(ServiceWindowContract, AProgramHasItsTextsAndNoOthers) {
   EXPECT_EQ(os::LoadResourceText(tessaview::kTitleText), L"TessaviewServiceTitle");
   EXPECT_EQ(os::LoadResourceText(9999), L"");
+  EXPECT_EQ(gHeard, (std::vector<std::string>{"copyData 9 3", "hotKey 107 -1", "touchPad 1 0", "command 104 0",
+                                              "timer 5 0", "timer 5 0", "timer 6 0", "destroy 0 0"}));
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // The world of the contracts as a simulated laptop.
 #include <memory>
 
+#include "os/files.h"
+#include "os/services.h"
 #include "os/threads.h"
 #include "sim/laptop.h"
 #include "tests/contract/world.h"
@@ -20,10 +22,14 @@ sim::Window& OpenedWindow() {
 
 }  // namespace
 
+const std::uint32_t kUserSession = 1;
+
 void Begin() {
   gLaptop = std::make_unique<sim::Laptop>();
   gLaptop->sessions.missingPrivileges = {L"SeCreateTokenPrivilege"};
   gLaptop->files.AddFolder(Folder());
+  gLaptop->files.SetProductNames(os::OwnProgramPath(), {L"Tessaview controller"});
+  gLaptop->services.Set(kFirmwareService, os::kServiceRunning);
   gTold.clear();
 }
 
@@ -69,17 +75,13 @@ std::string FileText(const std::wstring& path) {
   return {content.begin(), content.end()};
 }
 
-bool SetReadOnly(const std::wstring& path) {
-  gLaptop->files.SetReadOnly(path);
-  return true;
-}
-
 void AnswerShort(std::size_t bytes) {
   gLaptop->firmware.replyBytes = bytes;
 }
 
 void RemoveFirmwareDriver() {
   gLaptop->firmware.driverInstalled = false;
+  gLaptop->services.Set(kFirmwareService, 1);
 }
 
 void UnplugTouch() {
@@ -98,16 +100,7 @@ bool IsSignalled(const wchar_t* name) {
   return gLaptop->events.Signalled(name);
 }
 
-std::wstring ServiceIn(std::uint32_t state) {
-  gLaptop->services.Set(L"Contract", state);
-  return L"Contract";
-}
-
-std::uint32_t UserSession() {
-  return 1;
-}
-
-Launch Exits(std::uint32_t code) {
+Launch ExitsWith(std::uint32_t code) {
   gLaptop->processes[L"contract.exe"] = {.exitCode = code};
   return {kProgram, L""};
 }
@@ -117,13 +110,8 @@ Launch Lasts() {
   return {kProgram, L""};
 }
 
-std::wstring NamedProgram() {
-  gLaptop->files.SetProductNames(kProgram, {L"Tessaview controller"});
-  return kProgram;
-}
-
-os::WindowHandle OpenWindow(const wchar_t* className, const wchar_t* title) {
-  sim::Window window{.className = className, .title = title, .program = kProgram, .area = {100, 100, 500, 400}};
+os::WindowHandle OpenWindow() {
+  sim::Window window{.className = kClass, .title = kTitle, .program = kProgram, .area = {100, 100, 500, 400}};
   window.copyData = [](std::uint64_t kind, os::BytesView record) {
     ToldToWindow(0);  // what was posted before
     gTold.push_back({.kindOrMessage = kind, .record = {record.begin(), record.end()}});
@@ -142,7 +130,7 @@ os::WindowHandle OpenChild() {
 }
 
 os::WindowHandle OpenDialog() {
-  return gLaptop->desktop.Open({.className = L"ContractWindow",
+  return gLaptop->desktop.Open({.className = kClass,
                                 .title = L"A dialog",
                                 .program = kProgram,
                                 .area = {600, 150, 900, 350},
@@ -173,23 +161,13 @@ std::vector<Told> ToldToWindow(std::size_t /*count*/) {
   return gTold;
 }
 
-void Press(std::uint32_t virtualKey) {
-  gLaptop->input.Press(virtualKey);
+void Stroke(std::uint32_t virtualKey, bool down) {
+  down ? gLaptop->input.Press(virtualKey) : gLaptop->input.Release(virtualKey);
 }
 
-void Release(std::uint32_t virtualKey) {
-  gLaptop->input.Release(virtualKey);
-}
-
-void MovePointer(os::Point to) {
+void ClickAt(os::Point to) {
   gLaptop->mouse.MoveTo(to);
-}
-
-void PressButton() {
   gLaptop->mouse.Press();
-}
-
-void ReleaseButton() {
   gLaptop->mouse.Release();
 }
 
