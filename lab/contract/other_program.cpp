@@ -1,6 +1,8 @@
 #include "contract/other_program.h"
 
-#include <cstring>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
 #include <string_view>
 #include <utility>
 
@@ -8,19 +10,6 @@
 
 namespace contract {
 namespace {
-
-void Note(std::uint64_t kindOrMessage, std::uint64_t wParam, std::int64_t lParam, const COPYDATASTRUCT* data) {
-  auto* const journal = SharedJournal();
-  const auto at = static_cast<std::size_t>(journal->count);
-  if (at >= kToldMost) return;
-  auto& entry = journal->entries[at];
-  entry = {kindOrMessage, wParam, lParam, 0, {}};
-  if (data != nullptr && data->cbData <= entry.bytes.size()) {
-    entry.size = data->cbData;
-    if (data->cbData != 0) std::memcpy(entry.bytes.data(), data->lpData, data->cbData);
-  }
-  InterlockedIncrement(&journal->count);
-}
 
 HWND Open(const wchar_t* className, const wchar_t* title, DWORD style, const RECT& at, HWND parentOrOwner) {
   return CreateWindowExW(0, className, title, style | WS_VISIBLE, at.left, at.top, at.right - at.left,
@@ -32,10 +21,9 @@ LRESULT AnswerOf(HWND window) {
 }
 
 LRESULT Serve(HWND window, Request request, LPARAM parameter) {
-  auto* const journal = SharedJournal();
   switch (request) {
     case Request::Hang:
-      for (journal->hangs = 1; journal->hangs != 0;) Sleep(5);
+      WaitForSingleObject(OpenEventW(SYNCHRONIZE, FALSE, kWake), INFINITE);
       break;
     case Request::OpenChild:
       return AnswerOf(Open(world::kChildClass, L"", WS_CHILD, {20, 20, 170, 120}, window));
@@ -49,18 +37,9 @@ LRESULT Serve(HWND window, Request request, LPARAM parameter) {
 }
 
 LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  constexpr UINT kFirstRegistered = 0xC000;
   if (message == RequestMessage()) return Serve(window, static_cast<Request>(wParam), lParam);
-  if (message == WM_COPYDATA) {
-    Note(wParam, 0, 0, reinterpret_cast<const COPYDATASTRUCT*>(lParam));
-  } else if (message >= kFirstRegistered) {
-    Note(message, wParam, lParam, nullptr);
-  } else if (message == WM_DESTROY) {
-    if (GetWindow(window, GW_OWNER) == nullptr) PostQuitMessage(0);
-  } else {
-    return DefWindowProcW(window, message, wParam, lParam);
-  }
-  return 0;
+  if (message == WM_DESTROY && GetWindow(window, GW_OWNER) == nullptr) PostQuitMessage(0);
+  return DefWindowProcW(window, message, wParam, lParam);
 }
 
 int ServeWindow() {
@@ -79,28 +58,20 @@ int ServeWindow() {
 
 }  // namespace
 
-WindowJournal* SharedJournal() {
-  static auto* const journal = [] {
-    const HANDLE memory = CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(WindowJournal),
-                                             L"TessaviewContractJournal");
-    return static_cast<WindowJournal*>(MapViewOfFile(memory, FILE_MAP_ALL_ACCESS, 0, 0, sizeof(WindowJournal)));
-  }();
-  return journal;
-}
-
 UINT RequestMessage() {
   static const UINT message = RegisterWindowMessageW(L"Tessaview Contract Request");
   return message;
 }
 
-std::optional<int> RunAsOtherProgram(int count, wchar_t** arguments) {
-  constexpr DWORD kLastingMs = 2000;
-  const std::wstring_view what = count > 1 ? arguments[1] : L"";
-  if (what == L"--exit" && count == 3) return static_cast<int>(std::wcstoul(arguments[2], nullptr, 10));
-  if (what == L"--window" && count == 2) return ServeWindow();
-  if (what != L"--last") return {};
-  Sleep(kLastingMs);
-  return 0;
-}
-
 }  // namespace contract
+
+/// As the other program: --exit CODE · --last (2 seconds) · --window
+int main(int count, char** arguments) {
+  constexpr DWORD kLastingMs = 2000;
+  const std::string_view what = count > 1 ? arguments[1] : "";
+  if (what == "--exit") return std::atoi(arguments[2]);
+  if (what == "--window") return contract::ServeWindow();
+  if (what == "--last") return Sleep(kLastingMs), 0;
+  testing::InitGoogleTest(&count, arguments);
+  return RUN_ALL_TESTS();
+}

@@ -135,17 +135,11 @@ bool IsSignalled(const wchar_t* name) {
   return signalled;
 }
 
-Launch ExitsWith(std::uint32_t code) {
-  return {os::OwnProgramPath(), L"contract_tests --exit " + std::to_wstring(code)};
-}
-
-Launch Lasts() {
-  return {os::OwnProgramPath(), L"contract_tests --last"};
+Launch OtherProgram(std::optional<std::uint32_t> exitCode) {
+  return {os::OwnProgramPath(), L"contract_tests " + (exitCode ? L"--exit " + std::to_wstring(*exitCode) : L"--last")};
 }
 
 os::WindowHandle OpenWindow() {
-  contract::SharedJournal()->count = 0;
-  contract::SharedJournal()->hangs = 0;
   gOther = lab::ChildProcess::Start(os::OwnProgramPath(), L"--window");
   const auto isThere = [&] { return (gWindow = FindWindowW(kClass, kTitle)) != nullptr; };
   EXPECT_TRUE(lab::Eventually([&] { return isThere() && GetForegroundWindow() == gWindow; }));
@@ -169,27 +163,14 @@ void CloseWindow() {
   EXPECT_TRUE(lab::Eventually([] { return IsWindow(gWindow) == FALSE; }));
 }
 
+/// What is sent to it comes in order.
 void Hang() {
-  PostMessageW(gWindow, contract::RequestMessage(), static_cast<WPARAM>(contract::Request::Hang), 0);
-  EXPECT_TRUE(lab::Eventually([] { return contract::SharedJournal()->hangs != 0; }));
+  MakeEvent(contract::kWake);
+  SendNotifyMessageW(gWindow, contract::RequestMessage(), static_cast<WPARAM>(contract::Request::Hang), 0);
 }
 
 void Wake() {
-  contract::SharedJournal()->hangs = 0;
-}
-
-std::vector<Told> ToldToWindow(std::size_t count) {
-  const auto* const journal = contract::SharedJournal();
-  EXPECT_TRUE(lab::Eventually([&] { return static_cast<std::size_t>(journal->count) >= count; }));
-  std::vector<Told> told;
-  for (std::size_t i = 0; i < static_cast<std::size_t>(journal->count); ++i) {
-    const auto& entry = journal->entries[i];
-    told.push_back({entry.kindOrMessage,
-                    entry.wParam,
-                    entry.lParam,
-                    {entry.bytes.begin(), entry.bytes.begin() + static_cast<std::ptrdiff_t>(entry.size)}});
-  }
-  return told;
+  SetEvent(gEvents.back());
 }
 
 void Stroke(std::uint32_t virtualKey, bool down) {

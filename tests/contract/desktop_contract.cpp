@@ -11,7 +11,6 @@ namespace contract {
 namespace {
 
 using DesktopContract = Contract;
-using WindowControlContract = Contract;
 using os::ShowCommand;
 using os::WindowHandle;
 using world::kClass, world::kTitle;
@@ -26,7 +25,7 @@ bool CoversPrimaryDisplay(WindowHandle window) {
   return area.left <= 0 && area.top <= 0 && area.right >= 1920 && area.bottom >= 1080;
 }
 
-TEST_F(DesktopContract, AWindowIsFoundByItsClassAndTitle) {
+TEST_F(DesktopContract, AWindowIsFoundByItsClassAndTitleOnTheDesktop) {
   EXPECT_EQ(os::FindTopWindow(kClass), WindowHandle::None);
   const auto window = world::OpenWindow();
   EXPECT_EQ(os::FindTopWindow(L"CONTRACTwindow", L"a window of ANOTHER program"), window) << "without regard to case";
@@ -37,9 +36,6 @@ TEST_F(DesktopContract, AWindowIsFoundByItsClassAndTitle) {
   EXPECT_EQ(os::FindTopWindow(nullptr, kTitle), window) << "whatever its class";
   world::CloseWindow();
   EXPECT_EQ(os::FindTopWindow(kClass), WindowHandle::None);
-}
-
-TEST_F(DesktopContract, TheDesktopsWindowCoversThePrimaryDisplayAtLeast) {
   EXPECT_EQ(os::InputDesktopName(), L"Default");
   EXPECT_EQ(os::PrimaryScreenSize(), (os::Size{1920, 1080}));
   EXPECT_TRUE(CoversPrimaryDisplay(os::DesktopWindow()));
@@ -97,7 +93,7 @@ TEST_F(DesktopContract, AWindowIsReadAsItIsUntilItIsGone) {
 
 // ---- Changing windows ----
 
-TEST_F(WindowControlContract, AWindowIsShownAsAskedAndRemembersHowItWas) {
+TEST_F(DesktopContract, AWindowIsShownAsAskedAndRemembersHowItWas) {
   constexpr auto kVisible = os::kWsVisible, kMinimized = os::kWsMinimize, kMaximized = os::kWsMaximize;
   const auto window = world::OpenWindow();
   const auto before = os::WindowRect(window);
@@ -119,7 +115,7 @@ TEST_F(WindowControlContract, AWindowIsShownAsAskedAndRemembersHowItWas) {
   }
 }
 
-TEST_F(WindowControlContract, AWindowGoesWhereItIsMovedAndLiesOnThatMonitor) {
+TEST_F(DesktopContract, AWindowGoesWhereItIsMovedAndLiesOnThatMonitor) {
   const auto window = world::OpenWindow();
   for (const auto& monitor : os::DesktopMonitors()) {
     const auto& at = monitor.monitor;
@@ -131,7 +127,7 @@ TEST_F(WindowControlContract, AWindowGoesWhereItIsMovedAndLiesOnThatMonitor) {
   }
 }
 
-TEST_F(WindowControlContract, APlacementHoldsTheNormalPlaceWhateverIsShown) {
+TEST_F(DesktopContract, APlacementHoldsTheNormalPlaceWhateverIsShown) {
   const auto window = world::OpenWindow();
   auto placement = os::GetPlacement(window);
   ASSERT_TRUE(placement && placement->showCmd == ShowCommand::ShowNormal);
@@ -157,19 +153,19 @@ TEST_F(WindowControlContract, APlacementHoldsTheNormalPlaceWhateverIsShown) {
   EXPECT_EQ(os::WindowRect(window), onC);
 }
 
-TEST_F(WindowControlContract, TopmostAndExtendedStyleStay) {
+TEST_F(DesktopContract, TopmostAndExtendedStyleStay) {
   constexpr std::uint32_t kTopmost = 8;  // WS_EX_TOPMOST
   const auto window = world::OpenWindow();
   for (const bool topmost : {true, false}) {
     EXPECT_TRUE(os::SetTopmost(window, topmost));
     EXPECT_EQ(os::WindowExtendedStyle(window) & kTopmost, topmost ? kTopmost : 0);
   }
-  const auto style = os::WindowExtendedStyle(window);
-  os::SetWindowExtendedStyle(window, style | os::kWsExNoActivate);
-  EXPECT_EQ(os::WindowExtendedStyle(window), style | os::kWsExNoActivate);
+  const auto wanted = os::WindowExtendedStyle(window) | os::kWsExNoActivate;
+  os::SetWindowExtendedStyle(window, wanted);
+  EXPECT_EQ(os::WindowExtendedStyle(window), wanted);
 }
 
-TEST_F(WindowControlContract, AHungProgramGivesNoAnswer) {
+TEST_F(DesktopContract, AHungProgramGivesNoAnswer) {
   const auto window = world::OpenWindow();
   world::Run([window] {
     EXPECT_TRUE(os::AnswersWithin(window, 10'000));
@@ -180,7 +176,7 @@ TEST_F(WindowControlContract, AHungProgramGivesNoAnswer) {
   });
 }
 
-TEST_F(WindowControlContract, AWellProgramCloses) {
+TEST_F(DesktopContract, AWellProgramCloses) {
   const auto window = world::OpenWindow();
   world::Run([window] { EXPECT_TRUE(os::AskToClose(window, 10'000) && !os::IsWindow(window)); });
 }

@@ -4,9 +4,7 @@
 #include "os/clock.h"
 #include "os/desktop.h"
 #include "os/files.h"
-#include "os/first_sign_in.h"
 #include "os/kernel_objects.h"
-#include "os/power.h"
 #include "os/process_stops.h"
 #include "os/processes.h"
 #include "os/threads.h"
@@ -15,15 +13,12 @@
 namespace contract {
 namespace {
 
-using KernelObjectContract = Contract;
 using ProcessContract = Contract;
-using ThreadContract = Contract;
-using SystemContract = Contract;
 
 constexpr std::uint32_t kLong = 20'000;   // ms
 constexpr std::uint64_t kClockStep = 16;  // ms: how coarse Windows counts
 
-TEST_F(KernelObjectContract, AMutexExistsAsLongAsSomebodyHoldsIt) {
+TEST_F(ProcessContract, AMutexExistsAsLongAsSomebodyHoldsIt) {
   constexpr auto kName = L"Mutex_Contract";
   {
     const auto first = os::CreateNamedMutex(kName), second = os::CreateNamedMutex(kName);
@@ -33,7 +28,7 @@ TEST_F(KernelObjectContract, AMutexExistsAsLongAsSomebodyHoldsIt) {
   EXPECT_FALSE(os::CreateNamedMutex(kName).alreadyExisted);
 }
 
-TEST_F(KernelObjectContract, AnEventIsOpenedNotMade) {
+TEST_F(ProcessContract, AnEventIsOpenedNotMade) {
   constexpr auto kName = L"Global\\NORV Contract Event";
   EXPECT_FALSE(os::OpenNamedEvent(kName));
   world::MakeEvent(kName);
@@ -45,7 +40,7 @@ TEST_F(KernelObjectContract, AnEventIsOpenedNotMade) {
   EXPECT_FALSE(world::IsSignalled(kName));
 }
 
-TEST_F(KernelObjectContract, AnEventWithoutANameLetsEverybodyPassOnceItIsSignalled) {
+TEST_F(ProcessContract, AnEventWithoutANameLetsEverybodyPassOnceItIsSignalled) {
   EXPECT_FALSE(os::AwaitEvent(os::Event()));
   world::Run([] {
     const auto event = os::NewEvent();
@@ -71,12 +66,12 @@ os::Result<os::Process> Start(const world::Launch& launch) {
 
 TEST_F(ProcessContract, AProgramRunsAsTheUserAndLeavesItsExitCode) {
   for (const std::uint32_t code : {0U, 7U}) {
-    const auto process = Start(world::ExitsWith(code));
+    const auto process = Start(world::OtherProgram(code));
     ASSERT_TRUE(process);
     EXPECT_EQ(os::WaitForProcess(*process, kLong).outcome, os::WaitOutcome::Ended);
     EXPECT_EQ(os::ProcessExitCode(*process), code);
   }
-  const auto lasting = Start(world::Lasts());
+  const auto lasting = Start(world::OtherProgram(std::nullopt));
   ASSERT_TRUE(lasting);
   EXPECT_EQ(os::WaitForProcess(*lasting, 10).outcome, os::WaitOutcome::TimedOut);
   EXPECT_EQ(os::ProcessExitCode(*lasting), 259U) << "STILL_ACTIVE";
@@ -157,7 +152,7 @@ TEST_F(ProcessContract, AThreadWithComReachesTheManagementServices) {
   });
 }
 
-TEST_F(ThreadContract, ALockKeepsOtherThreadsOutAndItsOwnerIn) {
+TEST_F(ProcessContract, ALockKeepsOtherThreadsOutAndItsOwnerIn) {
   world::Run([] {
     static os::Lock lock;
     int inside = 0, most = 0, ended = 0;
@@ -179,12 +174,33 @@ TEST_F(ThreadContract, ALockKeepsOtherThreadsOutAndItsOwnerIn) {
   });
 }
 
-TEST_F(SystemContract, SetupIsOverAndThePowerSourceKnown) {
-  const auto complete = os::IsSetupComplete();
-  EXPECT_TRUE(complete && *complete);
-  EXPECT_EQ(os::WaitForSetup([] {}), os::SetupWait::None) << "nothing to wait for";
-  os::EndWaitForSetup(os::SetupWait::None);
-  EXPECT_TRUE(os::QueryPowerStatus());
+TEST_F(ProcessContract, ASemaphoreHandsOnEachCountUpToItsMost) {
+  world::Run([] {
+    os::Semaphore toOther(2), back(9);
+    int served = 0;
+    EXPECT_TRUE(os::StartThread(L"other", [&] {
+      for (int i = 0; i < 3; ++i) {
+        EXPECT_TRUE(toOther.Wait());
+        ++served;
+        back.Post();
+      }
+    }));
+    toOther.Post();
+    EXPECT_TRUE(back.Wait());
+    EXPECT_EQ(served, 1) << "and waits for more";
+    toOther.Post();
+    toOther.Post();
+    EXPECT_TRUE(back.Wait() && back.Wait());
+    EXPECT_EQ(served, 3);
+    for (int i = 0; i < 5; ++i) toOther.Post();  // nobody serves any more
+    EXPECT_TRUE(toOther.Wait() && toOther.Wait()) << "the most it counts";
+  });
+}
+
+TEST_F(ProcessContract, TheDateIsOfThisAge) {
+  constexpr std::uint64_t kYear = 365ULL * 24 * 3600 * 10'000'000;
+  EXPECT_GT(os::SystemFileTime(), 400 * kYear);
+  EXPECT_LT(os::SystemFileTime(), 600 * kYear);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -52,10 +53,9 @@ extern const std::uint32_t kUserSession;  // one with a user's token
 struct Launch {
   std::wstring program, commandLine;
 };
-Launch ExitsWith(std::uint32_t code);
-Launch Lasts();
+Launch OtherProgram(std::optional<std::uint32_t> exitCode);  // it ends at once with this one, or lasts
 
-/// Opens a window of another program, in the foreground. It takes every copy-data record and answers 0.
+/// Opens a window of another program, in the foreground.
 inline constexpr auto kClass = L"ContractWindow", kTitle = L"A window of another program";
 os::WindowHandle OpenWindow();
 void CloseWindow();
@@ -66,16 +66,6 @@ os::WindowHandle OpenDialog();
 void RaiseWindowEvent(os::WindowEvent event, std::int32_t object);  // of that window's, by its program
 void Hang();                                                        // it answers nothing until it is woken
 void Wake();
-
-/// What a window was told: a copy-data record with its kind, or a posted message with its parameters.
-struct Told {
-  std::uint64_t kindOrMessage = 0, wParam = 0;
-  std::int64_t lParam = 0;
-  os::Bytes record = {};
-  friend bool operator==(const Told&, const Told&) = default;
-};
-/// What it was told, once that is at least `count` things.
-std::vector<Told> ToldToWindow(std::size_t count);
 
 /// The user presses a key, or lets it go.
 void Stroke(std::uint32_t virtualKey, bool down);

@@ -14,7 +14,6 @@ constexpr auto kProgram = L"C:\\Contract\\contract.exe";
 
 std::unique_ptr<sim::Laptop> gLaptop;
 os::WindowHandle gWindow;
-std::vector<Told> gTold;
 
 sim::Window& OpenedWindow() {
   return *gLaptop->desktop.Find(gWindow);
@@ -30,7 +29,6 @@ void Begin() {
   gLaptop->files.AddFolder(Folder());
   gLaptop->files.SetProductNames(os::OwnProgramPath(), {L"Tessaview controller"});
   gLaptop->services.Set(kFirmwareService, os::kServiceRunning);
-  gTold.clear();
 }
 
 void End() {
@@ -100,23 +98,14 @@ bool IsSignalled(const wchar_t* name) {
   return gLaptop->events.Signalled(name);
 }
 
-Launch ExitsWith(std::uint32_t code) {
-  gLaptop->processes[L"contract.exe"] = {.exitCode = code};
-  return {kProgram, L""};
-}
-
-Launch Lasts() {
-  gLaptop->processes[L"contract.exe"] = {.neverEnds = true};
+Launch OtherProgram(std::optional<std::uint32_t> exitCode) {
+  gLaptop->processes[L"contract.exe"] = {.exitCode = exitCode.value_or(0), .neverEnds = !exitCode};
   return {kProgram, L""};
 }
 
 os::WindowHandle OpenWindow() {
-  sim::Window window{.className = kClass, .title = kTitle, .program = kProgram, .area = {100, 100, 500, 400}};
-  window.copyData = [](std::uint64_t kind, os::BytesView record) {
-    ToldToWindow(0);  // what was posted before
-    gTold.push_back({.kindOrMessage = kind, .record = {record.begin(), record.end()}});
-  };
-  gWindow = gLaptop->desktop.OpenInForeground(window);
+  gWindow = gLaptop->desktop.OpenInForeground(
+      {.className = kClass, .title = kTitle, .program = kProgram, .area = {100, 100, 500, 400}});
   return gWindow;
 }
 
@@ -152,13 +141,6 @@ void Hang() {
 
 void Wake() {
   OpenedWindow().responsive = true;
-}
-
-std::vector<Told> ToldToWindow(std::size_t /*count*/) {
-  auto& posted = OpenedWindow().posted;
-  for (const auto& each : posted) gTold.push_back({each.message, each.wParam, each.lParam, {}});
-  posted.clear();
-  return gTold;
 }
 
 void Stroke(std::uint32_t virtualKey, bool down) {
