@@ -14,7 +14,8 @@
 namespace sim {
 namespace {
 
-const std::wstring kDatabase = L"SYSTEM\\CurrentControlSet\\Control\\GraphicsDrivers\\Configuration";
+const std::wstring kDatabase = L"SYSTEM\\CurrentControlSet\\Control\\GraphicsDrivers\\Configuration",
+                   kBelow = kDatabase + L"\\";
 
 /// The serial in a descriptor of its own, at most 12 characters of it; without one the 32-bit serial number.
 std::wstring SerialOf(os::BytesView edid) {
@@ -79,7 +80,7 @@ void Displays::TakeUpNewest() {
   std::uint64_t newestTime = 0;
   for (const auto& name : registry_.Subkeys(kDatabase)) {
     const auto projection = StoredProjection(name);
-    const auto time = registry_.Qword(kDatabase + L"\\" + name, L"Timestamp").value_or(0);
+    const auto time = registry_.Qword(kBelow + name, L"Timestamp").value_or(0);
     if (projection == os::Topology::None || time <= newestTime) continue;
     newest = projection;
     newestTime = time;
@@ -94,7 +95,7 @@ void Displays::StoreProjection(std::uint64_t fileTime) const {
     if (!name.empty()) name += topology == os::Topology::Clone ? L"*" : L"+";
     name += KeyOf(screen);
   }
-  if (!name.empty()) registry_.SetQword(kDatabase + L"\\" + name + L"^0", L"Timestamp", fileTime);
+  if (!name.empty()) registry_.SetQword(kBelow + name + L"^0", L"Timestamp", fileTime);
 }
 
 }  // namespace sim

@@ -11,6 +11,8 @@ namespace {
 constexpr std::uint32_t kPollsWithoutTime = 20'000;      // door calls before a polling loop costs a millisecond
 constexpr std::uint64_t kLongestTestWaitMs = 3'600'000;  // a test that waits longer waits for nothing
 
+const std::wstring kNobody;
+
 bool Never() {
   return false;
 }
@@ -34,8 +36,7 @@ std::uint32_t Scheduler::ThreadId() {
 }
 
 const std::wstring& Scheduler::ThreadName() {
-  static const std::wstring kNone;
-  return self_ == nullptr ? kNone : self_->name;
+  return self_ == nullptr ? kNobody : self_->name;
 }
 
 // ---- Waiting ----

@@ -23,7 +23,7 @@ os::Bytes ToUtf16(std::wstring_view text) {
     bytes.push_back(static_cast<std::uint8_t>(unit >> 8));
   };
   for (const wchar_t character : text) {
-    const auto code = static_cast<std::uint32_t>(character);
+    const auto code = static_cast<char32_t>(character);
     if (code >= 0x10000) {
       add(0xD800 + ((code - 0x10000) >> 10));
       add(0xDC00 + (code & 0x3FF));

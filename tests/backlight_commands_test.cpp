@@ -25,7 +25,7 @@ TEST(BrightPanel, IsReportedWhileBatterySaverIsInForce) {
   struct Saving {
     const char* what;
     bool saver = true, onBattery = true;
-    std::uint32_t status = 0x000100A0, level = 59;
+    std::uint32_t status = Firmware::kPanelOn, level = 59;
     void (*trouble)(Laptop& laptop) = [](Laptop&) {};
     bool warned = false;
   };
@@ -38,7 +38,7 @@ TEST(BrightPanel, IsReportedWhileBatterySaverIsInForce) {
         Saving{.what = "saver off", .saver = false},
         Saving{.what = "not wanted", .trouble = [](Laptop& l) { l.ui.Send(L"POWERSAVEROFF"); }},
         Saving{.what = "on mains", .onBattery = false, .warned = true},
-        Saving{.what = "panel in another status", .status = 0x000100A1},
+        Saving{.what = "panel in another status", .status = Firmware::kPanelOn | 1},
         Saving{.what = "source unknown", .trouble = [](Laptop& l) { l.power.SourceUnknown(); }}}) {
     SCOPED_TRACE(each.what);
     RunningLaptop laptop;

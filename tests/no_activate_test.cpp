@@ -31,7 +31,7 @@ class NoActivate : public testing::Test {
 };
 
 TEST_F(NoActivate, BeginsAndEndsWithAFullScreenProgramInFront) {
-  const auto minimized = OpenOnC({.style = 0x00CF'0000 | os::kWsMinimize}),
+  const auto minimized = OpenOnC({.style = kFramedStyle | os::kWsMinimize}),
              special = OpenOnC({.extendedStyle = os::kWsExNoActivate});
   Use(game);
   EXPECT_FALSE(Activates(onC) || Activates(minimized));

@@ -38,7 +38,7 @@ TEST(PanelMoves, AWindowWithAMaximiseBoxIsPlacedWhileItIsMinimised) {
     const auto top = move.up ? 1090 : 100;  // in part on the panel it comes from, for the most part
     const auto window = laptop.desktop.Open({.className = move.isBrowser ? L"MyChrome" : L"chrome",
                                              .area = {200, top, 1200, top + 700},
-                                             .style = 0x00CF'0000});
+                                             .style = kFramedStyle});
     const auto start = laptop.NowMs();
     EXPECT_EQ(move.up ? MoveWindowtoBPanel(window, move.keepsMinimized) : MoveWindowtoCPanel(window, move.pause),
               kMoveDone);
@@ -127,7 +127,7 @@ TEST(RectMoves, LeaveRoomForATaskbarOnlyWhereBothLieInTheBPanel) {
 TEST(RectMoves, RestoreMoveTwiceAndMaximise) {
   LaptopInUse laptop;
   SetScales(laptop, 96, 144);
-  const auto window = laptop.desktop.Open({.style = 0x01CF'0000});
+  const auto window = laptop.desktop.Open({.style = kFramedStyle | os::kWsMaximize});
   EXPECT_EQ(MoveWindowByRect(window, {100, 1100, 600, 400}, false), 0U);
   EXPECT_EQ(laptop.Area(window), (os::Rect{100, 1100, 700, 1500})) << "where the scale is another";
   EXPECT_EQ(MoveWindowByRect(window, {10, 10, 600, 400}, true), 0U);

@@ -64,8 +64,8 @@ TEST(PowerSaving, EveryTransitionAppliesItsLevelAndNoneBelowTen) {
 }
 
 TEST(PowerSaving, HappensOnlyWhereThePanelIsReadyAndTheSystemCanTell) {
-  constexpr std::uint32_t kReady = 0x000100A0;
-  for (const std::uint32_t status : {0x00010000U, 0x000100A1U, 0x010100A0U, 0U, kReady}) {
+  constexpr std::uint32_t kReady = Firmware::kPanelOn;
+  for (const std::uint32_t status : {Firmware::kPanelOff, kReady | 1, kReady | 1U << 24, 0U, kReady}) {
     SCOPED_TRACE(status);
     RunningLaptop laptop({.backlight = 200, .backlightDC = 150});
     laptop.firmware.SetRegister(Firmware::kPower, status);

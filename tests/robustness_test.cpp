@@ -15,6 +15,7 @@ namespace {
 using namespace support;
 
 constexpr Seeds kSeeds{"ROBUSTNESS", 60};
+constexpr std::uint32_t kSignOut = 0x8000'0000;  // why a session ends
 
 /// Each command of the controller's, some as a UI may get them wrong.
 std::vector<std::wstring> CommandTexts() {
@@ -59,7 +60,7 @@ class RandomLife {
     if (pick == 5)
       return laptop.touch.ReportFrom(Pick(2) == 0 ? laptop.touch.touchScreen() : laptop.touch.touchPad(), Noise(20));
     if (pick == 6) return Pick(2) == 0 ? laptop.sessions.Lock() : laptop.sessions.Unlock();
-    if (pick == 7) return laptop.sessions.End(Pick(2) == 0 ? 0x8000'0000 : Pick(4));
+    if (pick == 7) return laptop.sessions.End(Pick(2) == 0 ? kSignOut : Pick(4));
     if (pick == 8) return Pick(2) == 0 ? laptop.touch.Unplug() : laptop.touch.Plug();
     if (pick == 9) return Pick(2) == 0 ? laptop.displays.cPanel().Detach() : laptop.displays.cPanel().Attach();
     if (pick == 10) return DisturbUi();

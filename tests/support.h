@@ -83,6 +83,7 @@ class RunningLaptop : public Laptop {
 
 inline constexpr os::Rect kBPanel{0, 0, 1920, 1080}, kCPanel{0, 1080, 1920, 1595}, kOnCPanel{300, 1120, 1100, 1500};
 inline constexpr os::Rect kAnywhere{200, 100, 1200, 800};   // where a window opens on the B panel
+inline constexpr std::uint32_t kFramedStyle = 0x00CF'0000;  // a window with all that it can have
 inline constexpr std::uint32_t kDialogStyle = 0x00C8'0000;  // caption and system menu, but no box
 inline constexpr std::uint32_t kNoMaximizeStyle = 0x00CA'0000;
 inline constexpr auto kFrameClass = L"ApplicationFrameWindow", kCoreClass = L"Windows.UI.Core.CoreWindow";

@@ -79,13 +79,13 @@ class Throwing {
       case 1:
         return open({.style = kNoMaximizeStyle});
       case 2:
-        return open({.className = L"Chrome_WidgetWin_1", .style = 0x01CF'0000});
+        return open({.className = L"Chrome_WidgetWin_1", .style = kFramedStyle | os::kWsMaximize});
       case 3:
         return open({.program = kElevated});
       case 4:
         return open({.program = kOffice});
       case 5:
-        return open({.style = Pick(2) == 0 ? kNoMaximizeStyle : 0x00CF'0000, .refusesMoves = true});
+        return open({.style = Pick(2) == 0 ? kNoMaximizeStyle : kFramedStyle, .refusesMoves = true});
       case 6:
         return open({.onChange = [this, life = std::make_shared<std::uint32_t>(3 + Pick(8))](WindowHandle self) {
           if (--*life == 0) laptop_.desktop.Close(self);

@@ -98,7 +98,7 @@ TEST_F(WindowCommands, NavWinUpTakesTheTopmostApplicationOfTheCPanel) {
                                 {.className = L"WorkerW"},
                                 {.visible = false},
                                 {.style = kDialogStyle},
-                                {.style = 0x00CF'0000 | os::kWsMinimize},
+                                {.style = kFramedStyle | os::kWsMinimize},
                                 {.className = L"Tessaview_Setting"}}) {
     OpenOnC(skipped);
   }

@@ -12,11 +12,10 @@
 #include "contract/patched.h"
 #include "os/service_window.h"
 #include "os/trace.h"
+#include "tests/contract/heard.h"
 
 namespace contract {
 namespace {
-
-using os::PowerSetting;
 
 constexpr auto kWindow = os::WindowHandle{0x10234};
 const auto kNative = reinterpret_cast<HWND>(0x10234);
@@ -27,29 +26,22 @@ constexpr GUID kSettings[]{// by PowerSetting
                            {0x5D3E9A59, 0xE9D5, 0x4B00, {0xA6, 0xBD, 0xFF, 0x34, 0xFF, 0x51, 0x65, 0x48}},
                            {0x5CA83367, 0x6E45, 0x459F, {0xA2, 0x7B, 0x47, 0x6B, 0x1D, 0x01, 0xC9, 0x36}}};
 
-TEST(WindowArguments, PowerSettingsAreAskedForByTheirGuidForTheWindow) {
-  static GUID asked;
-  static HPOWERNOTIFY given;
-  CONTRACT_PATCH(RegisterPowerSettingNotification, [](auto window, auto setting, auto flags) -> HPOWERNOTIFY {
-    asked = *setting;
-    return reinterpret_cast<HPOWERNOTIFY>(
-        static_cast<INT_PTR>(window == kNative && flags == DEVICE_NOTIFY_WINDOW_HANDLE ? 0x77 : 0));
-  });
-  CONTRACT_PATCH(UnregisterPowerSettingNotification, [](auto handle) -> BOOL { return given = handle, TRUE; });
-  for (std::size_t i = 0; i < std::size(kSettings); ++i) {
-    const auto notification = os::RegisterPowerSetting(kWindow, static_cast<PowerSetting>(i));
-    EXPECT_EQ(notification, os::PowerNotification{0x77});
-    EXPECT_TRUE(IsEqualGUID(asked, kSettings[i])) << i;
-    os::UnregisterPowerSetting(notification);
-    EXPECT_EQ(given, reinterpret_cast<HPOWERNOTIFY>(0x77));
-  }
-  EXPECT_EQ(os::RegisterPowerSetting(os::WindowHandle::None, PowerSetting::LidSwitchState),
-            os::PowerNotification::None);
-}
-
-TEST(WindowArguments, TheRestIsAskedForThisWindowAndThisSession) {
+TEST(WindowArguments, NotificationsAreAskedForThisWindowAndThisSession) {
+  static GUID setting;
   static std::string asked;
-  asked.clear();
+  CONTRACT_PATCH(RegisterPowerSettingNotification, [](auto window, auto id, auto flags) -> HPOWERNOTIFY {
+    setting = *id;
+    const bool right = window == kNative && flags == DEVICE_NOTIFY_WINDOW_HANDLE;
+    return reinterpret_cast<HPOWERNOTIFY>(right ? INT_PTR{0x77} : INT_PTR{0});
+  });
+  CONTRACT_PATCH(UnregisterPowerSettingNotification, [](auto handle) -> BOOL {
+    return asked += handle == reinterpret_cast<HPOWERNOTIFY>(0x77) ? "." : "?", TRUE;
+  });
+  for (std::size_t i = 0; i < std::size(kSettings); ++i) {
+    const auto notification = os::RegisterPowerSetting(kWindow, static_cast<os::PowerSetting>(i));
+    EXPECT_TRUE(notification == os::PowerNotification{0x77} && IsEqualGUID(setting, kSettings[i])) << i;
+    os::UnregisterPowerSetting(notification);
+  }
   CONTRACT_PATCH(WTSRegisterSessionNotification, [](auto window, auto flags) -> BOOL {
     return SetLastError(ERROR_GEN_FAILURE), window == kNative && flags == NOTIFY_FOR_THIS_SESSION;
   });
@@ -71,151 +63,82 @@ TEST(WindowArguments, TheRestIsAskedForThisWindowAndThisSession) {
   os::AllowMessage(kWindow, os::kCopyDataMessage);
   os::BecomePerMonitorDpiAware();
   os::ShowDialog(kWindow, 103);
-  EXPECT_EQ(asked, "unregistered allowed aware dialog");
+  EXPECT_EQ(asked, ".....unregistered allowed aware dialog");
 }
 
 // ---- Messages in ----
 
-std::string gHeard;
-
-template <class... Values>
-void Hear(const char* what, Values... values) {
-  gHeard += what;
-  ((gHeard += " " + std::to_string(values)), ...);
-}
-
-void HearRawInput(const os::RawInput& input) {
-  Hear("raw", input.sizeMatches, input.type, input.report.size(), input.report.empty() ? 0 : input.report[0]);
-}
-
-UINT gAnnounced, gRawType;
-
-/// A record of 38 bytes: two reports of three bytes each.
-UINT WINAPI TellRawInput(HRAWINPUT, UINT command, void* to, UINT* size, UINT headerSize) {
-  struct Record {
-    RAWINPUTHEADER header;
-    DWORD reportSize, count;
-    BYTE reports[8];
-  } record{{gRawType, 38, nullptr, 0}, 3, 2, {4, 1, 1, 4, 2, 2}};
-  if (command != RID_INPUT || headerSize != sizeof(RAWINPUTHEADER)) return static_cast<UINT>(-1);
-  if (to == nullptr) return *size = gAnnounced, 0;
-  std::memcpy(to, &record, 38);
-  return 38;
-}
-
-const os::ServiceWindowEvents kEvents{
-    .hotKeyMessage = 0,  // a registration that failed
-    .touchPadStatusMessage = 0,
-    .hotKey = [](auto, auto) { Hear("hotKey"); },
-    .touchPadStatus = [](auto, auto) { Hear("touchPad"); },
-    .displayChange = [] { Hear("displayChange"); },
-    .copyData = [](auto kind, auto record) { Hear("copyData", kind, record.size()); },
-    .rawInput = HearRawInput,
-    .command = [](auto id) { Hear("command", id); },
-    .timer = [](auto id) { Hear("timer", id); },
-    .powerBroadcast = [](auto event) { Hear("power", event); },
-    .powerSetting = [](auto setting, auto value) { Hear("setting", static_cast<int>(setting), value); },
-    .sessionChange = [](auto event) { Hear("session", event); },
-    .queryEndSession = [](auto reason) { Hear("end", reason); },
-    .destroy = [] { Hear("destroy"); }};
-
-/// A service window of these events; a class stays registered as long as the process.
-class WindowDecoder : public testing::Test {
- protected:
-  void SetUp() override {
-    static const auto registered = os::RegisterServiceWindowClass({L"ContractDecoder", 0, 0, 0}, kEvents);
-    ASSERT_TRUE(registered);
-    window = os::CreateServiceWindow(L"ContractDecoder", L"");
-  }
-
-  /// What the events heard of a message, which is always answered with 0.
-  [[nodiscard]] std::string HeardOf(UINT message, WPARAM wParam, LPARAM lParam) const {
-    gHeard.clear();
-    EXPECT_EQ(SendMessageW(reinterpret_cast<HWND>(static_cast<std::uintptr_t>(window)), message, wParam, lParam), 0);
-    return gHeard;
-  }
-
-  os::WindowHandle window{};
-};
-
-TEST_F(WindowDecoder, EachMessageIsDecodedIntoItsEvent) {
-  struct Setting {
+TEST(WindowDecoder, EachMessageIsDecodedIntoItsEvent) {
+  static const auto events = HeardEvents();  // no id of a registered message: those registrations failed
+  ASSERT_TRUE(os::RegisterServiceWindowClass({L"ContractDecoder", 0, 0, 0}, events));
+  const auto window = os::CreateServiceWindow(L"ContractDecoder", L"");
+  // A record of 38 bytes: two reports of three bytes each. Input 2 is a mouse's, and 3 is announced as larger.
+  CONTRACT_PATCH(GetRawInputData, [](auto input, auto command, auto to, auto size, auto headerSize) -> UINT {
+    const auto number = reinterpret_cast<std::uintptr_t>(input);
+    const struct {
+      RAWINPUTHEADER header;
+      DWORD reportSize, count;
+      BYTE reports[8];
+    } record{{number == 2 ? DWORD{RIM_TYPEMOUSE} : RIM_TYPEHID, 38, nullptr, 0}, 3, 2, {4, 1, 1, 4, 2, 2}};
+    if (command != RID_INPUT || headerSize != sizeof(RAWINPUTHEADER)) return static_cast<UINT>(-1);
+    if (to == nullptr) return *size = number == 3 ? 40 : 38, 0;
+    return std::memcpy(to, &record, 38), 38;
+  });
+  const struct {
     GUID guid;
-    DWORD length;
-    DWORD value;
-  };
-  const Setting lid{kSettings[1], 4, 1}, saver{kSettings[2], 4, 7}, none{{1, 2, 3, {}}, 4, 1},
-      tooShort{kSettings[1], 1, 1};
+    DWORD length, value;
+  } lid{kSettings[1], 4, 1}, saver{kSettings[2], 4, 7}, none{{1, 2, 3, {}}, 4, 1}, tooShort{kSettings[1], 1, 1};
   const auto at = [](const auto& data) { return reinterpret_cast<LPARAM>(&data); };
-  COPYDATASTRUCT copy{0, 3, const_cast<char*>("abc")};
   const struct {
     UINT message;
     WPARAM wParam;
     LPARAM lParam;
-    std::string heard;
+    std::vector<std::string> heard;
   } cases[]{
-      {WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0, "power 10"},
-      {WM_POWERBROADCAST, PBT_POWERSETTINGCHANGE, at(lid), "setting 1 1"},
-      {WM_POWERBROADCAST, PBT_POWERSETTINGCHANGE, at(saver), "setting 2 7"},
-      {WM_POWERBROADCAST, PBT_POWERSETTINGCHANGE, at(none), ""},
-      {WM_POWERBROADCAST, PBT_POWERSETTINGCHANGE, at(tooShort), ""},
-      {WM_POWERBROADCAST, PBT_POWERSETTINGCHANGE, 0, ""},
-      {WM_WTSSESSION_CHANGE, WTS_SESSION_LOCK, 1, "session 7"},
-      {WM_QUERYENDSESSION, 0, static_cast<LPARAM>(0x80000000U), "end 2147483648"},
-      {WM_ENDSESSION, TRUE, 0, ""},
-      {WM_COPYDATA, 5, at(copy), "copyData 5 3"},
-      {WM_COPYDATA, 5, 0, "copyData 5 0"},
-      {WM_COMMAND, 0x1'0069, 0, "command 105"},
-      {WM_TIMER, 6, 0, "timer 6"},
-      {WM_DISPLAYCHANGE, 32, 0, "displayChange"},
-      {WM_NULL, 0, 0, ""},
+      {WM_INPUT, RIM_INPUTSINK, 1, {"raw 1 2 3 4"}},
+      {WM_INPUT, RIM_INPUTSINK, 2, {"raw 1 0 0 0"}},
+      {WM_INPUT, RIM_INPUTSINK, 3, {"raw 0 2 3 4"}},
+      {WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0, {"power 10"}},
+      {WM_POWERBROADCAST, PBT_POWERSETTINGCHANGE, at(lid), {"setting 1 1"}},
+      {WM_POWERBROADCAST, PBT_POWERSETTINGCHANGE, at(saver), {"setting 2 7"}},
+      {WM_POWERBROADCAST, PBT_POWERSETTINGCHANGE, at(none), {}},
+      {WM_POWERBROADCAST, PBT_POWERSETTINGCHANGE, at(tooShort), {}},
+      {WM_POWERBROADCAST, PBT_POWERSETTINGCHANGE, 0, {}},
+      {WM_WTSSESSION_CHANGE, WTS_SESSION_LOCK, 1, {"session 7"}},
+      {WM_QUERYENDSESSION, 0, static_cast<LPARAM>(0x80000000U), {"end 2147483648"}},
+      {WM_ENDSESSION, TRUE, 0, {}},
+      {WM_COPYDATA, 5, 0, {"copyData 5 0"}},
+      {WM_DISPLAYCHANGE, 32, 0, {"displayChange"}},
+      {WM_NULL, 0, 0, {}},
   };
   for (const auto& each : cases) {
-    EXPECT_EQ(HeardOf(each.message, each.wParam, each.lParam), each.heard) << each.message;
-  }
-  gHeard.clear();
-  os::DestroyServiceWindow(window);
-  EXPECT_EQ(gHeard, "destroy");
-}
-
-TEST_F(WindowDecoder, RawInputComesWithItsReports) {
-  CONTRACT_PATCH(GetRawInputData, TellRawInput);
-  const struct {
-    UINT announced, type;
-    const char* heard;
-  } records[]{{38, RIM_TYPEHID, "raw 1 2 3 4"}, {40, RIM_TYPEHID, "raw 0 2 3 4"}, {38, RIM_TYPEMOUSE, "raw 1 0 0 0"}};
-  for (const auto& each : records) {
-    gAnnounced = each.announced, gRawType = each.type;
-    EXPECT_EQ(HeardOf(WM_INPUT, RIM_INPUTSINK, 1), each.heard);
+    Heard().clear();
+    const auto native = reinterpret_cast<HWND>(static_cast<std::uintptr_t>(window));
+    EXPECT_EQ(SendMessageW(native, each.message, each.wParam, each.lParam), 0);
+    EXPECT_EQ(Heard(), each.heard) << each.message;
   }
   os::DestroyServiceWindow(window);
 }
 
 // ---- Events out ----
 
-TEST(TraceArguments, AProviderHearsWhoListens) {
+TEST(TraceArguments, AProviderHearsWhoListensAndWritesEventsOfThreeParts) {
   static PENABLECALLBACK onEnable;
   static void* context;
+  static std::string heard, asked;
   CONTRACT_PATCH(EventRegister, [](auto id, auto call, auto with, auto handle) -> ULONG {
-    onEnable = call, context = with, *handle = 0x1'0000'0005;
+    onEnable = call, context = with, *handle = 5;
     return id->Data1 == 0x01020304 && id->Data4[7] == 9 ? 0 : ERROR_INVALID_PARAMETER;
   });
-  static std::string heard;
-  heard.clear();
   const auto provider = os::RegisterTraceProvider(
       {0x01020304, 5, 6, {0, 0, 0, 0, 0, 0, 0, 9}},
       [](bool enabled, std::uint8_t level) { heard += std::to_string(enabled) + std::to_string(level) + " "; });
-  ASSERT_TRUE(provider);
-  EXPECT_EQ(*provider, os::TraceProvider{0x1'0000'0005});
+  ASSERT_TRUE(provider && *provider == os::TraceProvider{5});
   for (const ULONG control : {1UL, 2UL, 0UL}) onEnable(nullptr, control, 4, 0, 0, nullptr, context);
   EXPECT_EQ(heard, "14 04 ") << "a request to log the state anew changes nothing";
-  EXPECT_EQ(os::RegisterTraceProvider({}, [](bool, std::uint8_t) {}).error(), 87U);
-}
 
-TEST(TraceArguments, AnEventIsThreeDescriptorsInOrder) {
-  static std::string asked;
-  CONTRACT_PATCH(EventSetInformation, [](auto provider, auto what, auto traits, auto size) -> ULONG {
-    const bool right = provider == 5 && static_cast<int>(what) == 2 && size == 3 && std::memcmp(traits, "abc", 3) == 0;
+  CONTRACT_PATCH(EventSetInformation, [](auto of, auto what, auto traits, auto size) -> ULONG {
+    const bool right = of == 5 && static_cast<int>(what) == 2 && size == 3 && std::memcmp(traits, "abc", 3) == 0;
     return right ? 0 : ERROR_INVALID_PARAMETER;
   });
   CONTRACT_PATCH(
@@ -228,9 +151,9 @@ TEST(TraceArguments, AnEventIsThreeDescriptorsInOrder) {
         return activity == nullptr && related == nullptr ? 234 : 0;
       });
   const os::Bytes traits{'a', 'b', 'c'}, metadata{'m'}, data{'d', 'd'};
-  EXPECT_TRUE(os::SetTraceProviderTraits(os::TraceProvider{5}, traits));
+  EXPECT_TRUE(os::SetTraceProviderTraits(*provider, traits));
   const os::TraceEventDescriptor event{.channel = 11, .level = 4, .keyword = 0x8'0000'0000};
-  EXPECT_EQ(os::WriteTraceEvent(os::TraceProvider{5}, event, traits, metadata, data), 234U) << "the system's code";
+  EXPECT_EQ(os::WriteTraceEvent(*provider, event, traits, metadata, data), 234U) << "the system's code";
   EXPECT_EQ(asked, "114 34359738368 2abc 1m 0dd");
   CONTRACT_PATCH(OutputDebugStringW, [](auto text) { asked = std::string(text, text + std::wcslen(text)); });
   os::WriteDebugText(L"line");

@@ -35,18 +35,10 @@ bool PlugBoth() {
   return gTouch.Plug(kTouchPad) && gTouch.Plug(kTouchScreen);
 }
 
-bool BringFirmwareDriverBack() {
-  return !std::exchange(gFirmwareStopped, false) || gFirmware.Start();
-}
-
 /// Wine places only its own process's windows: the lab's import patch is part of this world.
-bool PlaceWindowsOfOthers() {
-  for (const auto& call : lab::patch::WindowCalls()) lab::patch::Redirect(call);
-  return true;
-}
-
 bool Boot() {
-  return PlaceWindowsOfOthers() && gFirmware.Install() && gTouch.Install();
+  for (const auto& call : lab::patch::WindowCalls()) lab::patch::Redirect(call);
+  return gFirmware.Install() && gTouch.Install();
 }
 
 os::WindowHandle ToDoor(HWND window) {
@@ -57,17 +49,13 @@ LRESULT Ask(contract::Request request, LPARAM parameter = 0) {
   return SendMessageW(gWindow, contract::RequestMessage(), static_cast<WPARAM>(request), parameter);
 }
 
-Launch OtherProgram(const std::wstring& arguments) {
-  return {os::OwnProgramPath(), L"contract_tests " + arguments};
-}
-
 }  // namespace
+
+const std::uint32_t kUserSession = 0;  // Wine tells a token for any session
 
 void Begin() {
   static const bool booted = Boot();
-  ASSERT_TRUE(booted);
-  ASSERT_TRUE(gFirmware.Reset());
-  ASSERT_TRUE(PlugBoth());
+  ASSERT_TRUE(booted && gFirmware.Reset() && PlugBoth());
   gReportsBefore = 0;
   (void)gTouch.Outputs(kTouchPad, gReportsBefore);
   ++gContract;
@@ -79,8 +67,7 @@ void End() {
   for (const HANDLE event : gEvents) CloseHandle(event);
   gEvents.clear();
   RegDeleteTreeW(HKEY_LOCAL_MACHINE, kKeys);
-  EXPECT_TRUE(BringFirmwareDriverBack());
-  EXPECT_TRUE(PlugBoth());
+  EXPECT_TRUE((!std::exchange(gFirmwareStopped, false) || gFirmware.Start()) && PlugBoth());
 }
 
 void Run(const std::function<void()>& body) {
@@ -119,12 +106,6 @@ std::string FileText(const std::wstring& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Wine asks the host, and the host lets its administrator write everything.
-bool SetReadOnly(const std::wstring& path) {
-  EXPECT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
-  return !std::ofstream(std::filesystem::path(path), std::ios::app);
-}
-
 void AnswerShort(std::size_t bytes) {
   EXPECT_TRUE(gFirmware.SetFault(kBacklight, kShortReply, static_cast<std::uint32_t>(bytes)));
 }
@@ -154,39 +135,13 @@ bool IsSignalled(const wchar_t* name) {
   return signalled;
 }
 
-std::wstring ServiceIn(std::uint32_t state) {
-  if (state == SERVICE_STOPPED) {
-    RemoveFirmwareDriver();
-  } else {
-    EXPECT_TRUE(BringFirmwareDriverBack());
-  }
-  return L"zrvacpi";
+Launch OtherProgram(std::optional<std::uint32_t> exitCode) {
+  return {os::OwnProgramPath(), L"contract_tests " + (exitCode ? L"--exit " + std::to_wstring(*exitCode) : L"--last")};
 }
 
-/// Wine tells a token for any session.
-std::uint32_t UserSession() {
-  return 0;
-}
-
-Launch Exits(std::uint32_t code) {
-  return OtherProgram(L"--exit " + std::to_wstring(code));
-}
-
-Launch Lasts() {
-  return OtherProgram(L"--last");
-}
-
-/// The contracts' own program has the controller's resources.
-std::wstring NamedProgram() {
-  return os::OwnProgramPath();
-}
-
-os::WindowHandle OpenWindow(const wchar_t* className, const wchar_t* title) {
-  contract::SharedJournal()->count = 0;
-  contract::SharedJournal()->hangs = 0;
-  gOther =
-      lab::ChildProcess::Start(os::OwnProgramPath(), L"--window " + std::wstring(className) + L" \"" + title + L"\"");
-  const auto isThere = [&] { return (gWindow = FindWindowW(className, title)) != nullptr; };
+os::WindowHandle OpenWindow() {
+  gOther = lab::ChildProcess::Start(os::OwnProgramPath(), L"--window");
+  const auto isThere = [&] { return (gWindow = FindWindowW(kClass, kTitle)) != nullptr; };
   EXPECT_TRUE(lab::Eventually([&] { return isThere() && GetForegroundWindow() == gWindow; }));
   return ToDoor(gWindow);
 }
@@ -208,46 +163,23 @@ void CloseWindow() {
   EXPECT_TRUE(lab::Eventually([] { return IsWindow(gWindow) == FALSE; }));
 }
 
+/// What is sent to it comes in order.
 void Hang() {
-  PostMessageW(gWindow, contract::RequestMessage(), static_cast<WPARAM>(contract::Request::Hang), 0);
-  EXPECT_TRUE(lab::Eventually([] { return contract::SharedJournal()->hangs != 0; }));
+  MakeEvent(contract::kWake);
+  SendNotifyMessageW(gWindow, contract::RequestMessage(), static_cast<WPARAM>(contract::Request::Hang), 0);
 }
 
 void Wake() {
-  contract::SharedJournal()->hangs = 0;
+  SetEvent(gEvents.back());
 }
 
-std::vector<Told> ToldToWindow(std::size_t count) {
-  const auto* const journal = contract::SharedJournal();
-  EXPECT_TRUE(lab::Eventually([&] { return static_cast<std::size_t>(journal->count) >= count; }));
-  std::vector<Told> told;
-  for (std::size_t i = 0; i < static_cast<std::size_t>(journal->count); ++i) {
-    const auto& entry = journal->entries[i];
-    told.push_back({entry.kindOrMessage,
-                    entry.wParam,
-                    entry.lParam,
-                    {entry.bytes.begin(), entry.bytes.begin() + static_cast<std::ptrdiff_t>(entry.size)}});
-  }
-  return told;
+void Stroke(std::uint32_t virtualKey, bool down) {
+  keybd_event(static_cast<BYTE>(virtualKey), 0, down ? 0 : KEYEVENTF_KEYUP, 0);
 }
 
-void Press(std::uint32_t virtualKey) {
-  keybd_event(static_cast<BYTE>(virtualKey), 0, 0, 0);
-}
-
-void Release(std::uint32_t virtualKey) {
-  keybd_event(static_cast<BYTE>(virtualKey), 0, KEYEVENTF_KEYUP, 0);
-}
-
-void MovePointer(os::Point to) {
+void ClickAt(os::Point to) {
   lab::Pointer::MoveTo(to);
-}
-
-void PressButton() {
   lab::Pointer::Press();
-}
-
-void ReleaseButton() {
   lab::Pointer::Release();
 }
 

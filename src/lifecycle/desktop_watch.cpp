@@ -1,7 +1,6 @@
-#include "lifecycle/desktop_watch.h"
-
 #include "core/state.h"
 #include "core/trace_log.h"
+#include "lifecycle/watches.h"
 #include "os/desktop.h"
 #include "os/hooks.h"
 #include "os/threads.h"

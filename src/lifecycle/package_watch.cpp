@@ -1,11 +1,10 @@
-#include "lifecycle/package_watch.h"
-
 #include "core/trace_log.h"
 #include "display/panel_geometry.h"
 #include "lifecycle/first_sign_in.h"
 #include "lifecycle/package_check.h"
 #include "lifecycle/ui_activation.h"
 #include "lifecycle/ui_launch.h"
+#include "lifecycle/watches.h"
 #include "os/clock.h"
 #include "os/threads.h"
 #include "os/watches.h"

@@ -1,8 +1,7 @@
-#include "lifecycle/process_stop_watch.h"
-
 #include "core/log_format.h"
 #include "core/trace_log.h"
 #include "lifecycle/ui_watchdog.h"
+#include "lifecycle/watches.h"
 #include "os/kernel_objects.h"
 #include "os/process_stops.h"
 #include "os/threads.h"

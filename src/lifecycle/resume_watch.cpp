@@ -1,7 +1,6 @@
-#include "lifecycle/resume_watch.h"
-
 #include "core/trace_log.h"
 #include "display/panel_geometry.h"
+#include "lifecycle/watches.h"
 #include "os/power.h"
 #include "os/threads.h"
 #include "os/watches.h"

@@ -11,24 +11,23 @@ namespace contract {
 namespace {
 
 using DesktopContract = Contract;
-using WindowControlContract = Contract;
 using os::ShowCommand;
 using os::WindowHandle;
-
-constexpr auto kClass = L"ContractWindow";
-constexpr auto kTitle = L"A window of another program";
-constexpr std::uint32_t kInvalidWindow = 1400;  // ERROR_INVALID_WINDOW_HANDLE
+using world::kClass, world::kTitle;
 
 os::Point MiddleOf(WindowHandle window) {
   const auto area = os::WindowRect(window);
   return {(area.left + area.right) / 2, (area.top + area.bottom) / 2};
 }
 
-TEST_F(DesktopContract, AWindowIsFoundByItsClassAndTitle) {
+bool CoversPrimaryDisplay(WindowHandle window) {
+  const auto area = os::WindowRect(window);
+  return area.left <= 0 && area.top <= 0 && area.right >= 1920 && area.bottom >= 1080;
+}
+
+TEST_F(DesktopContract, AWindowIsFoundByItsClassAndTitleOnTheDesktop) {
   EXPECT_EQ(os::FindTopWindow(kClass), WindowHandle::None);
-  const auto window = world::OpenWindow(kClass, kTitle);
-  ASSERT_NE(window, WindowHandle::None);
-  EXPECT_EQ(os::FindTopWindow(kClass), window);
+  const auto window = world::OpenWindow();
   EXPECT_EQ(os::FindTopWindow(L"CONTRACTwindow", L"a window of ANOTHER program"), window) << "without regard to case";
   EXPECT_EQ(os::FindTopWindow(kClass, L"Another title"), WindowHandle::None);
   EXPECT_EQ(os::ForegroundWindow(), window);
@@ -37,19 +36,14 @@ TEST_F(DesktopContract, AWindowIsFoundByItsClassAndTitle) {
   EXPECT_EQ(os::FindTopWindow(nullptr, kTitle), window) << "whatever its class";
   world::CloseWindow();
   EXPECT_EQ(os::FindTopWindow(kClass), WindowHandle::None);
-}
-
-TEST_F(DesktopContract, TheDesktopsWindowCoversThePrimaryDisplayAtLeast) {
   EXPECT_EQ(os::InputDesktopName(), L"Default");
-  const auto size = os::PrimaryScreenSize();
-  EXPECT_EQ(size, (os::Size{1920, 1080}));
-  const auto area = os::WindowRect(os::DesktopWindow());
-  EXPECT_TRUE(area.left <= 0 && area.top <= 0 && area.right >= size.width && area.bottom >= size.height);
+  EXPECT_EQ(os::PrimaryScreenSize(), (os::Size{1920, 1080}));
+  EXPECT_TRUE(CoversPrimaryDisplay(os::DesktopWindow()));
   EXPECT_NE(os::DesktopWindow(), os::ShellWindow());
 }
 
 TEST_F(DesktopContract, ChildrenAndDialogsBelongToTheirWindow) {
-  const auto window = world::OpenWindow(kClass, kTitle);
+  const auto window = world::OpenWindow();
   const auto child = world::OpenChild(), dialog = world::OpenDialog();
   EXPECT_EQ(os::FindChildWindow(window, L"contractCHILD"), child);
   EXPECT_EQ(os::FindChildWindow(window, kClass), WindowHandle::None);
@@ -63,12 +57,9 @@ TEST_F(DesktopContract, ChildrenAndDialogsBelongToTheirWindow) {
 
   const auto all = os::TopWindows();
   const auto at = [&](WindowHandle wanted) { return std::find(all.begin(), all.end(), wanted); };
-  EXPECT_LT(at(dialog), at(window)) << "the topmost first";
-  EXPECT_NE(at(window), all.end());
-  EXPECT_EQ(at(child), all.end());
+  EXPECT_TRUE(at(dialog) < at(window) && at(window) < all.end() && at(child) == all.end()) << "the topmost first";
 
-  EXPECT_EQ(os::WindowAt(MiddleOf(child)), child);
-  EXPECT_EQ(os::WindowAt(MiddleOf(dialog)), dialog);
+  EXPECT_TRUE(os::WindowAt(MiddleOf(child)) == child && os::WindowAt(MiddleOf(dialog)) == dialog);
   const auto area = os::WindowRect(window);
   EXPECT_EQ(os::WindowAt({area.right - 20, area.bottom - 20}), window);
   EXPECT_TRUE(os::ShowWindow(window, ShowCommand::Hide));
@@ -77,10 +68,9 @@ TEST_F(DesktopContract, ChildrenAndDialogsBelongToTheirWindow) {
 }
 
 TEST_F(DesktopContract, AWindowIsReadAsItIsUntilItIsGone) {
-  const auto window = world::OpenWindow(kClass, kTitle);
+  const auto window = world::OpenWindow();
   const auto dialog = world::OpenDialog();
-  EXPECT_TRUE(os::IsWindow(window));
-  EXPECT_EQ(os::WindowTitle(window), kTitle);
+  EXPECT_TRUE(os::IsWindow(window) && os::WindowTitle(window) == kTitle);
   constexpr auto kLooks = os::kWsCaption | os::kWsMaximizeBox | os::kWsVisible | os::kWsPopup;
   EXPECT_EQ(os::WindowStyle(window) & kLooks, os::kWsCaption | os::kWsMaximizeBox | os::kWsVisible);
   EXPECT_EQ(os::WindowStyle(dialog) & kLooks, os::kWsCaption | os::kWsVisible | os::kWsPopup);
@@ -92,10 +82,10 @@ TEST_F(DesktopContract, AWindowIsReadAsItIsUntilItIsGone) {
     EXPECT_EQ(os::RootWindow(gone), WindowHandle::None);
     EXPECT_EQ(os::WindowRect(gone), os::Rect{});
     EXPECT_FALSE(os::ShowWindow(gone, ShowCommand::Show) || os::AnswersWithin(gone, 100) || os::AskToClose(gone, 100));
-    EXPECT_EQ(os::MoveWindow(gone, 0, 0, 100, 100).error(), kInvalidWindow);
-    EXPECT_EQ(os::GetPlacement(gone).error(), kInvalidWindow);
-    EXPECT_EQ(os::SetPlacement(gone, {}).error(), kInvalidWindow);
-    EXPECT_EQ(os::SetTopmost(gone, true).error(), kInvalidWindow);
+    for (const auto error : {os::MoveWindow(gone, 0, 0, 100, 100).error(), os::GetPlacement(gone).error(),
+                             os::SetPlacement(gone, {}).error(), os::SetTopmost(gone, true).error()}) {
+      EXPECT_EQ(error, 1400U) << "ERROR_INVALID_WINDOW_HANDLE";
+    }
     os::SetWindowExtendedStyle(gone, 0);  // returns
   }
   EXPECT_EQ(os::FindChildWindow(window, world::kChildClass), WindowHandle::None);
@@ -103,9 +93,9 @@ TEST_F(DesktopContract, AWindowIsReadAsItIsUntilItIsGone) {
 
 // ---- Changing windows ----
 
-TEST_F(WindowControlContract, AWindowIsShownAsAskedAndRemembersHowItWas) {
+TEST_F(DesktopContract, AWindowIsShownAsAskedAndRemembersHowItWas) {
   constexpr auto kVisible = os::kWsVisible, kMinimized = os::kWsMinimize, kMaximized = os::kWsMaximize;
-  const auto window = world::OpenWindow(kClass, kTitle);
+  const auto window = world::OpenWindow();
   const auto before = os::WindowRect(window);
   for (const auto& [command, state] : {std::pair(ShowCommand::ShowMaximized, kVisible | kMaximized),
                                        {ShowCommand::Minimize, kVisible | kMinimized},
@@ -114,23 +104,19 @@ TEST_F(WindowControlContract, AWindowIsShownAsAskedAndRemembersHowItWas) {
                                        {ShowCommand::ShowMinimized, kVisible | kMinimized},
                                        {ShowCommand::Restore, kVisible},
                                        {ShowCommand::Hide, 0U},
-                                       {ShowCommand::Hide, 0U},
                                        {ShowCommand::Show, kVisible}}) {
     SCOPED_TRACE(static_cast<int>(command));
     const bool wasVisible = os::IsWindowVisible(window);
     EXPECT_EQ(static_cast<bool>(os::ShowWindow(window, command)), wasVisible);
     EXPECT_EQ(os::WindowStyle(window) & (kVisible | kMinimized | kMaximized), state);
     EXPECT_EQ(os::IsWindowMinimized(window), state == (kVisible | kMinimized));
-    const auto area = os::WindowRect(window);
-    if (state == kVisible) EXPECT_EQ(area, before);
-    if (state == (kVisible | kMaximized)) {
-      EXPECT_TRUE(area.left <= 0 && area.top <= 0 && area.right >= 1920 && area.bottom >= 1080) << "all of its panel";
-    }
+    if (state == kVisible) EXPECT_EQ(os::WindowRect(window), before);
+    if (state == (kVisible | kMaximized)) EXPECT_TRUE(CoversPrimaryDisplay(window)) << "all of its panel";
   }
 }
 
-TEST_F(WindowControlContract, AWindowGoesWhereItIsMovedAndLiesOnThatMonitor) {
-  const auto window = world::OpenWindow(kClass, kTitle);
+TEST_F(DesktopContract, AWindowGoesWhereItIsMovedAndLiesOnThatMonitor) {
+  const auto window = world::OpenWindow();
   for (const auto& monitor : os::DesktopMonitors()) {
     const auto& at = monitor.monitor;
     EXPECT_TRUE(os::MoveWindow(window, at.left + 50, at.top + 60, 400, 300));
@@ -141,11 +127,10 @@ TEST_F(WindowControlContract, AWindowGoesWhereItIsMovedAndLiesOnThatMonitor) {
   }
 }
 
-TEST_F(WindowControlContract, APlacementHoldsTheNormalPlaceWhateverIsShown) {
-  const auto window = world::OpenWindow(kClass, kTitle);
+TEST_F(DesktopContract, APlacementHoldsTheNormalPlaceWhateverIsShown) {
+  const auto window = world::OpenWindow();
   auto placement = os::GetPlacement(window);
-  ASSERT_TRUE(placement);
-  EXPECT_EQ(placement->showCmd, ShowCommand::ShowNormal);
+  ASSERT_TRUE(placement && placement->showCmd == ShowCommand::ShowNormal);
   EXPECT_EQ(placement->rcNormalPosition, os::WindowRect(window));
   const os::Rect onB{300, 200, 900, 700}, onC{100, 1150, 700, 1500};
   for (const auto& [normal, shown] : {std::pair(onC, ShowCommand::ShowMaximized),
@@ -160,8 +145,7 @@ TEST_F(WindowControlContract, APlacementHoldsTheNormalPlaceWhateverIsShown) {
     EXPECT_EQ((style & os::kWsMaximize) != 0, shown == ShowCommand::ShowMaximized);
     EXPECT_EQ((style & os::kWsMinimize) != 0, shown == ShowCommand::ShowMinimized);
     const auto now = os::GetPlacement(window);
-    ASSERT_TRUE(now);
-    EXPECT_TRUE(now->rcNormalPosition == normal && now->showCmd == shown);
+    EXPECT_TRUE(now && now->rcNormalPosition == normal && now->showCmd == shown);
     if (shown != ShowCommand::ShowMinimized) EXPECT_EQ(MiddleOf(window).y >= 1080, normal == onC);
     if (shown == ShowCommand::ShowNormal) EXPECT_EQ(os::WindowRect(window), normal);
   }
@@ -169,38 +153,32 @@ TEST_F(WindowControlContract, APlacementHoldsTheNormalPlaceWhateverIsShown) {
   EXPECT_EQ(os::WindowRect(window), onC);
 }
 
-TEST_F(WindowControlContract, TopmostAndExtendedStyleStay) {
+TEST_F(DesktopContract, TopmostAndExtendedStyleStay) {
   constexpr std::uint32_t kTopmost = 8;  // WS_EX_TOPMOST
-  const auto window = world::OpenWindow(kClass, kTitle);
+  const auto window = world::OpenWindow();
   for (const bool topmost : {true, false}) {
     EXPECT_TRUE(os::SetTopmost(window, topmost));
     EXPECT_EQ(os::WindowExtendedStyle(window) & kTopmost, topmost ? kTopmost : 0);
   }
-  const auto style = os::WindowExtendedStyle(window);
-  os::SetWindowExtendedStyle(window, style | os::kWsExNoActivate);
-  EXPECT_EQ(os::WindowExtendedStyle(window), style | os::kWsExNoActivate);
+  const auto wanted = os::WindowExtendedStyle(window) | os::kWsExNoActivate;
+  os::SetWindowExtendedStyle(window, wanted);
+  EXPECT_EQ(os::WindowExtendedStyle(window), wanted);
 }
 
-TEST_F(WindowControlContract, AHungProgramGivesNoAnswerAndAWellOneCloses) {
-  static WindowHandle window;
-  window = world::OpenWindow(kClass, kTitle);
-  world::Run([] {
+TEST_F(DesktopContract, AHungProgramGivesNoAnswer) {
+  const auto window = world::OpenWindow();
+  world::Run([window] {
     EXPECT_TRUE(os::AnswersWithin(window, 10'000));
     world::Hang();
-    EXPECT_FALSE(os::AnswersWithin(window, 100));
-    EXPECT_TRUE(os::IsWindow(window));
-    world::Wake();
-    EXPECT_TRUE(os::AnswersWithin(window, 10'000));
-    world::Hang();
-    EXPECT_FALSE(os::AskToClose(window, 100));
+    EXPECT_FALSE(os::AnswersWithin(window, 100) || os::AskToClose(window, 100));
     EXPECT_TRUE(os::IsWindow(window));
     world::Wake();
   });
-  window = world::OpenWindow(L"ContractSecondWindow", kTitle);
-  world::Run([] {
-    EXPECT_TRUE(os::AskToClose(window, 10'000));
-    EXPECT_FALSE(os::IsWindow(window));
-  });
+}
+
+TEST_F(DesktopContract, AWellProgramCloses) {
+  const auto window = world::OpenWindow();
+  world::Run([window] { EXPECT_TRUE(os::AskToClose(window, 10'000) && !os::IsWindow(window)); });
 }
 
 }  // namespace

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <mutex>
 
 #include "os/clock.h"
@@ -12,39 +11,6 @@ namespace {
 
 using HooksContract = Contract;
 
-/// What the watching threads saw; guarded, because they are no threads of the test's.
-std::mutex gMutex;
-std::vector<std::uint32_t> gKeys;
-bool gWindowsKeyWasDown;
-
-void OnKey(std::uint32_t key) {
-  const std::lock_guard hold(gMutex);
-  gKeys.push_back(key);
-  if (key == os::kKeyP) gWindowsKeyWasDown = os::IsKeyDown(os::kKeyLeftWindows);
-}
-
-std::vector<std::uint32_t> Keys() {
-  const std::lock_guard hold(gMutex);
-  return gKeys;
-}
-
-TEST_F(HooksContract, AWatcherSeesEachPressAndReleaseAndWhatElseIsDown) {
-  gKeys.clear();
-  ASSERT_TRUE(os::StartThread(L"watch", [] { os::WatchKeyboard(OnKey); }));
-  world::Run([] { os::Sleep(200); });  // the thread comes to watch
-  const std::pair<void (*)(std::uint32_t), std::uint32_t> strokes[]{{world::Press, os::kKeyLeftWindows},
-                                                                    {world::Press, os::kKeyP},
-                                                                    {world::Release, os::kKeyP},
-                                                                    {world::Release, os::kKeyLeftWindows}};
-  for (const auto& [stroke, key] : strokes) stroke(key);
-  world::Run([] {
-    for (int i = 0; i < 400 && Keys().size() < 4; ++i) os::Sleep(5);
-  });
-  EXPECT_EQ(Keys(), (std::vector<std::uint32_t>{0x5B, 0x50, 0x50, 0x5B}));
-  EXPECT_TRUE(gWindowsKeyWasDown);
-  EXPECT_FALSE(os::IsKeyDown(os::kKeyLeftWindows));
-}
-
 struct Seen {
   std::uint32_t what = 0;
   os::Point pointer = {}, before = {};
@@ -52,6 +18,9 @@ struct Seen {
   std::int32_t object = 0;
   friend bool operator==(const Seen&, const Seen&) = default;
 };
+
+/// What the watching threads saw; guarded, because they are no threads of the test's.
+std::mutex gMutex;
 std::vector<Seen> gSeen;
 
 void See(const Seen& seen) {
@@ -60,31 +29,47 @@ void See(const Seen& seen) {
 }
 
 std::vector<Seen> SeenOnce(std::size_t count) {
-  static std::size_t wanted;
-  wanted = count;
   const auto now = [] {
     const std::lock_guard hold(gMutex);
     return gSeen;
   };
-  world::Run([now] {
-    for (int i = 0; i < 400 && now().size() < wanted; ++i) os::Sleep(5);
+  world::Run([now, count] {
+    for (int i = 0; i < 400 && now().size() < count; ++i) os::Sleep(5);
   });
   return now();
 }
 
+void Watch(const std::function<void()>& body) {
+  gSeen.clear();
+  ASSERT_TRUE(os::StartThread(L"watch", body));
+  world::Run([] { os::Sleep(200); });  // the thread comes to watch
+}
+
+TEST_F(HooksContract, AWatcherSeesEachPressAndReleaseAndWhatElseIsDown) {
+  Watch([] {
+    os::WatchKeyboard([](std::uint32_t key) {
+      See({.what = key, .object = key == os::kKeyP && os::IsKeyDown(os::kKeyLeftWindows)});
+    });
+  });
+  for (const auto& [key, down] :
+       {std::pair(os::kKeyLeftWindows, true), {os::kKeyP, true}, {os::kKeyP, false}, {os::kKeyLeftWindows, false}}) {
+    world::Stroke(key, down);
+  }
+  EXPECT_EQ(
+      SeenOnce(4),
+      (std::vector<Seen>{{.what = 0x5B}, {.what = 0x50, .object = 1}, {.what = 0x50, .object = 1}, {.what = 0x5B}}));
+  EXPECT_FALSE(os::IsKeyDown(os::kKeyLeftWindows));
+}
+
 TEST_F(HooksContract, AWatcherSeesWhereThePointerGoesAndTheLeftButton) {
   constexpr os::Point kFrom{600, 400}, kTo{900, 1200};
-  world::MovePointer(kFrom);
-  gSeen.clear();
-  ASSERT_TRUE(os::StartThread(L"watch", [] {
+  EXPECT_TRUE(os::SetCursorPosition(kFrom));
+  Watch([] {
     os::WatchMouse([](os::MouseEvent event, os::Point pointer) {
       See({.what = static_cast<std::uint32_t>(event), .pointer = pointer, .before = os::CursorPosition()});
     });
-  }));
-  world::Run([] { os::Sleep(200); });  // the thread comes to watch
-  world::MovePointer(kTo);
-  world::PressButton();
-  world::ReleaseButton();
+  });
+  world::ClickAt(kTo);
   const auto what = [](os::MouseEvent event) { return static_cast<std::uint32_t>(event); };
   EXPECT_EQ(SeenOnce(3), (std::vector<Seen>{{what(os::MouseEvent::Move), kTo, kFrom},
                                             {what(os::MouseEvent::LeftDown), kTo, kTo},
@@ -93,20 +78,17 @@ TEST_F(HooksContract, AWatcherSeesWhereThePointerGoesAndTheLeftButton) {
 }
 
 TEST_F(HooksContract, AWatcherIsToldOfTheEventsItAskedFor) {
-  const auto window = world::OpenWindow(L"ContractWindow", L"A window of another program");
-  gSeen.clear();
-  ASSERT_TRUE(os::StartThread(L"watch", [] {
+  const auto window = world::OpenWindow();
+  Watch([] {
     os::WatchWindowEvents(os::WindowEvent::MoveSizeStart, os::WindowEvent::MoveSizeEnd,
                           [](os::WindowEvent event, os::WindowHandle of, std::int32_t object) {
                             See({.what = static_cast<std::uint32_t>(event), .window = of, .object = object});
                           });
-  }));
-  world::Run([] { os::Sleep(200); });
-  const std::pair<os::WindowEvent, std::int32_t> raised[]{{os::WindowEvent::Foreground, os::kObjectWindow},
-                                                          {os::WindowEvent::MoveSizeStart, os::kObjectWindow},
-                                                          {os::WindowEvent::LocationChange, os::kObjectWindow},
-                                                          {os::WindowEvent::MoveSizeEnd, os::kObjectCaret}};
-  for (const auto& [event, object] : raised) world::RaiseWindowEvent(event, object);
+  });
+  for (const auto event :
+       {os::WindowEvent::Foreground, os::WindowEvent::MoveSizeStart, os::WindowEvent::LocationChange})
+    world::RaiseWindowEvent(event, os::kObjectWindow);
+  world::RaiseWindowEvent(os::WindowEvent::MoveSizeEnd, os::kObjectCaret);
   EXPECT_EQ(SeenOnce(2), (std::vector<Seen>{{.what = 0x0A, .window = window, .object = 0},
                                             {.what = 0x0B, .window = window, .object = -8}}));
 }

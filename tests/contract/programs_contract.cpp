@@ -3,37 +3,32 @@
 
 #include "os/clock.h"
 #include "os/desktop.h"
-#include "os/first_sign_in.h"
+#include "os/files.h"
 #include "os/kernel_objects.h"
-#include "os/power.h"
 #include "os/process_stops.h"
 #include "os/processes.h"
-#include "os/services.h"
 #include "os/threads.h"
 #include "tests/contract/world.h"
 
 namespace contract {
 namespace {
 
-using KernelObjectContract = Contract;
 using ProcessContract = Contract;
-using ThreadContract = Contract;
-using SystemContract = Contract;
 
-TEST_F(KernelObjectContract, AMutexExistsAsLongAsSomebodyHoldsIt) {
+constexpr std::uint32_t kLong = 20'000;   // ms
+constexpr std::uint64_t kClockStep = 16;  // ms: how coarse Windows counts
+
+TEST_F(ProcessContract, AMutexExistsAsLongAsSomebodyHoldsIt) {
   constexpr auto kName = L"Mutex_Contract";
-  auto first = os::CreateNamedMutex(kName);
-  EXPECT_TRUE(first.mutex && !first.alreadyExisted);
   {
-    const auto second = os::CreateNamedMutex(kName);
-    EXPECT_TRUE(second.mutex && second.alreadyExisted);
+    const auto first = os::CreateNamedMutex(kName), second = os::CreateNamedMutex(kName);
+    EXPECT_TRUE(first.mutex && !first.alreadyExisted && second.mutex && second.alreadyExisted);
     EXPECT_FALSE(os::CreateNamedMutex(L"MUTEX_contract").alreadyExisted) << "names have a case";
   }
-  first.mutex.reset();
   EXPECT_FALSE(os::CreateNamedMutex(kName).alreadyExisted);
 }
 
-TEST_F(KernelObjectContract, AnEventIsOpenedNotMade) {
+TEST_F(ProcessContract, AnEventIsOpenedNotMade) {
   constexpr auto kName = L"Global\\NORV Contract Event";
   EXPECT_FALSE(os::OpenNamedEvent(kName));
   world::MakeEvent(kName);
@@ -45,71 +40,64 @@ TEST_F(KernelObjectContract, AnEventIsOpenedNotMade) {
   EXPECT_FALSE(world::IsSignalled(kName));
 }
 
-TEST_F(KernelObjectContract, AnEventWithoutANameLetsEverybodyPassOnceItIsSignalled) {
+TEST_F(ProcessContract, AnEventWithoutANameLetsEverybodyPassOnceItIsSignalled) {
   EXPECT_FALSE(os::AwaitEvent(os::Event()));
   world::Run([] {
-    static os::Event event;
-    event = os::NewEvent();
+    const auto event = os::NewEvent();
     ASSERT_TRUE(event);
-    EXPECT_TRUE(os::StartThread(L"signals", [] {
+    EXPECT_TRUE(os::StartThread(L"signals", [&] {
       os::Sleep(50);
       os::SignalEvent(event);
     }));
     const auto start = os::NowMs();
-    constexpr std::uint64_t kClockStep = 16;  // ms: how coarse Windows counts
     EXPECT_TRUE(os::AwaitEvent(event));
     EXPECT_GE(os::NowMs() + kClockStep, start + 50);
     EXPECT_TRUE(os::AwaitEvent(event)) << "it stays signalled";
   });
 }
 
-/// What a program needs to be started with.
-struct Rights {
-  os::Result<os::Token> token = os::SessionUserToken(world::UserSession());
-  os::Result<os::Environment> environment = token ? os::CreateEnvironment(*token) : os::Error{1};
-
-  os::Result<os::Process> Start(const world::Launch& launch) {
-    return os::StartAsUser(*token, launch.program, launch.commandLine, *environment, L"winsta0\\default");
-  }
-};
+os::Result<os::Process> Start(const world::Launch& launch) {
+  const auto token = os::SessionUserToken(world::kUserSession);
+  if (!token) return os::Error{token.error()};
+  const auto environment = os::CreateEnvironment(*token);
+  if (!environment) return os::Error{environment.error()};
+  return os::StartAsUser(*token, launch.program, launch.commandLine, *environment, L"winsta0\\default");
+}
 
 TEST_F(ProcessContract, AProgramRunsAsTheUserAndLeavesItsExitCode) {
-  Rights rights;
-  ASSERT_TRUE(rights.token && rights.environment);
   for (const std::uint32_t code : {0U, 7U}) {
-    const auto process = rights.Start(world::Exits(code));
+    const auto process = Start(world::OtherProgram(code));
     ASSERT_TRUE(process);
-    EXPECT_EQ(os::WaitForProcess(*process, 20'000).outcome, os::WaitOutcome::Ended);
+    EXPECT_EQ(os::WaitForProcess(*process, kLong).outcome, os::WaitOutcome::Ended);
     EXPECT_EQ(os::ProcessExitCode(*process), code);
   }
-  const auto lasting = rights.Start(world::Lasts());
+  const auto lasting = Start(world::OtherProgram(std::nullopt));
   ASSERT_TRUE(lasting);
   EXPECT_EQ(os::WaitForProcess(*lasting, 10).outcome, os::WaitOutcome::TimedOut);
   EXPECT_EQ(os::ProcessExitCode(*lasting), 259U) << "STILL_ACTIVE";
 }
 
 TEST_F(ProcessContract, WhatCannotBeStartedOrWaitedForSaysWhy) {
-  Rights rights;
-  ASSERT_TRUE(rights.token && rights.environment);
-  EXPECT_EQ(rights.Start({L"C:\\Windows\\NoSuchProgram.exe", L""}).error(), 2U) << "ERROR_FILE_NOT_FOUND";
+  EXPECT_EQ(Start({L"C:\\Windows\\NoSuchProgram.exe", L""}).error(), 2U) << "ERROR_FILE_NOT_FOUND";
   const auto nothing = os::WaitForProcess(os::Process(), 10);
-  EXPECT_EQ(nothing.outcome, os::WaitOutcome::Failed);
-  EXPECT_EQ(nothing.error, 6U) << "ERROR_INVALID_HANDLE";
+  EXPECT_TRUE(nothing.outcome == os::WaitOutcome::Failed && nothing.error == 6) << "ERROR_INVALID_HANDLE";
   EXPECT_EQ(os::ProcessExitCode(os::Process()), std::nullopt);
-  EXPECT_EQ(os::ProcessImagePath(0), L"");
-  EXPECT_EQ(os::ProcessImagePath(0x7FFFFFF0), L"");
+  for (const std::uint32_t nobody : {0U, 0x7FFFFFF0U}) {
+    EXPECT_EQ(os::ProcessImagePath(nobody), L"");
+    EXPECT_EQ(os::OpenToAwaitIdle(nobody).error(), 87U) << "ERROR_INVALID_PARAMETER";
+    EXPECT_EQ(os::OpenToEnd(nobody).error(), 87U);
+    EXPECT_EQ(os::QueryProcessPackage(nobody).error(), 87U);
+  }
 }
 
 TEST_F(ProcessContract, AnotherProgramIsAwaitedAndEnded) {
-  static os::WindowHandle window;
-  window = world::OpenWindow(L"ContractWindow", L"A window of another program");
-  const auto path = os::ProcessImagePath(os::WindowProcessId(window));
+  const auto window = world::OpenWindow();
+  const auto id = os::WindowProcessId(window);
+  const auto path = os::ProcessImagePath(id);
   const auto running = os::RunningPrograms();
   ASSERT_TRUE(running);
   EXPECT_GT(std::count(running->begin(), running->end(), path.substr(path.rfind(L'\\') + 1)), 0);
-  world::Run([] {
-    constexpr std::uint32_t kLong = 20'000;
-    const auto id = os::WindowProcessId(window);
+  world::Run([&] {
     const auto start = os::NowMs();
     const auto idle = os::OpenToAwaitIdle(id);
     ASSERT_TRUE(idle);
@@ -125,22 +113,14 @@ TEST_F(ProcessContract, AnotherProgramIsAwaitedAndEnded) {
     EXPECT_EQ(os::WaitForProcess(*ending, kLong).outcome, os::WaitOutcome::Ended);
     EXPECT_FALSE(os::IsWindow(window));
   });
-  for (const std::uint32_t nobody : {0U, 0x7FFFFFF0U}) {
-    EXPECT_EQ(os::OpenToAwaitIdle(nobody).error(), 87U) << "ERROR_INVALID_PARAMETER";
-    EXPECT_EQ(os::OpenToEnd(nobody).error(), 87U);
-    EXPECT_EQ(os::QueryProcessPackage(nobody).error(), 87U);
-  }
 }
 
 TEST_F(ProcessContract, ADesktopProgramHasNoPackageAndPerhapsAProductName) {
-  const auto window = world::OpenWindow(L"ContractWindow", L"A window of another program");
-  const auto package = os::QueryProcessPackage(os::WindowProcessId(window));
-  ASSERT_TRUE(package);
-  EXPECT_FALSE(package->appUserModelId);
+  const auto package = os::QueryProcessPackage(os::WindowProcessId(world::OpenWindow()));
+  ASSERT_TRUE(package && !package->appUserModelId);
   EXPECT_EQ(package->fullName + package->familyName + package->path, L"");
-  EXPECT_EQ(os::ProductNames(world::NamedProgram()), std::vector<std::wstring>{L"Tessaview controller"});
+  EXPECT_EQ(os::ProductNames(os::OwnProgramPath()), std::vector<std::wstring>{L"Tessaview controller"});
   const auto text = world::Folder() + L"\\text.txt";
-  EXPECT_TRUE(os::ProductNames(text).empty());
   world::WriteFile(text, "no program");
   EXPECT_TRUE(os::ProductNames(text).empty());
 }
@@ -151,25 +131,17 @@ TEST_F(ProcessContract, ATokenGivesWhatItHolds) {
   EXPECT_TRUE(os::EnablePrivilege(*own, L"SeSystemEnvironmentPrivilege"));
   EXPECT_EQ(os::EnablePrivilege(*own, L"SeCreateTokenPrivilege").error(), 1300U) << "ERROR_NOT_ALL_ASSIGNED";
   EXPECT_EQ(os::EnablePrivilege(*own, L"SeNoSuchPrivilege").error(), 1313U) << "ERROR_NO_SUCH_PRIVILEGE";
-  const auto user = os::SessionUserToken(world::UserSession());
-  ASSERT_TRUE(user);
-  EXPECT_TRUE(os::Impersonate(*user));
+  const auto user = os::SessionUserToken(world::kUserSession);
+  EXPECT_TRUE(user && os::Impersonate(*user));
   os::RevertToOwnRights();
   EXPECT_EQ(os::Impersonate(os::Token()).error(), 6U) << "ERROR_INVALID_HANDLE";
 }
 
-TEST_F(ProcessContract, AThreadMayJoinComTwice) {
-  world::Run([] {
-    EXPECT_TRUE(os::JoinCom());
-    EXPECT_TRUE(os::JoinCom());
-  });
-}
-
 TEST_F(ProcessContract, AThreadWithComReachesTheManagementServices) {
   world::Run([] {
-    static os::Event over;
-    over = os::NewEvent();
-    ASSERT_TRUE(os::StartThread(L"management", [] {
+    EXPECT_TRUE(os::JoinCom() && os::JoinCom()) << "also twice";
+    const auto over = os::NewEvent();
+    ASSERT_TRUE(os::StartThread(L"management", [&] {
       EXPECT_TRUE(os::JoinComMultithreaded());
       EXPECT_TRUE(os::InitializeComSecurity());
       const auto locator = os::CreateManagementLocator();
@@ -180,12 +152,11 @@ TEST_F(ProcessContract, AThreadWithComReachesTheManagementServices) {
   });
 }
 
-TEST_F(ThreadContract, ALockKeepsOtherThreadsOutAndItsOwnerIn) {
+TEST_F(ProcessContract, ALockKeepsOtherThreadsOutAndItsOwnerIn) {
   world::Run([] {
     static os::Lock lock;
-    static int inside, most, ended;
-    inside = most = ended = 0;
-    const auto body = [] {
+    int inside = 0, most = 0, ended = 0;
+    const auto body = [&] {
       const std::lock_guard outer(lock), inner(lock);
       most = std::max(most, ++inside);
       os::Sleep(20);
@@ -193,31 +164,43 @@ TEST_F(ThreadContract, ALockKeepsOtherThreadsOutAndItsOwnerIn) {
     };
     const auto start = os::NowMs();
     EXPECT_TRUE(os::StartThread(L"one", body) && os::StartThread(L"another", body));
-    const auto have = [] {
+    const auto have = [&] {
       const std::lock_guard hold(lock);
       return ended;
     };
     while (have() < 2) os::Sleep(5);
     EXPECT_EQ(most, 1);
-    constexpr std::uint64_t kSlept = 2 * 20, kClockStep = 16;  // ms: one after the other; how coarse Windows counts
-    EXPECT_GE(os::NowMs() + kClockStep, start + kSlept);
+    EXPECT_GE(os::NowMs() + kClockStep, start + 2 * 20) << "one after the other";
   });
 }
 
-TEST_F(SystemContract, AServiceHasAStateOrIsUnknown) {
-  for (const std::uint32_t state : {1U, os::kServiceRunning}) {
-    EXPECT_EQ(os::ServiceState(world::ServiceIn(state).c_str()), state);
-  }
-  EXPECT_EQ(os::ServiceState(L"NoSuchService"), std::nullopt);
+TEST_F(ProcessContract, ASemaphoreHandsOnEachCountUpToItsMost) {
+  world::Run([] {
+    os::Semaphore toOther(2), back(9);
+    int served = 0;
+    EXPECT_TRUE(os::StartThread(L"other", [&] {
+      for (int i = 0; i < 3; ++i) {
+        EXPECT_TRUE(toOther.Wait());
+        ++served;
+        back.Post();
+      }
+    }));
+    toOther.Post();
+    EXPECT_TRUE(back.Wait());
+    EXPECT_EQ(served, 1) << "and waits for more";
+    toOther.Post();
+    toOther.Post();
+    EXPECT_TRUE(back.Wait() && back.Wait());
+    EXPECT_EQ(served, 3);
+    for (int i = 0; i < 5; ++i) toOther.Post();  // nobody serves any more
+    EXPECT_TRUE(toOther.Wait() && toOther.Wait()) << "the most it counts";
+  });
 }
 
-TEST_F(SystemContract, SetupIsOverAndThePowerSourceKnown) {
-  const auto complete = os::IsSetupComplete();
-  ASSERT_TRUE(complete);
-  EXPECT_TRUE(*complete);
-  EXPECT_EQ(os::WaitForSetup([] {}), os::SetupWait::None) << "nothing to wait for";
-  os::EndWaitForSetup(os::SetupWait::None);
-  EXPECT_TRUE(os::QueryPowerStatus());
+TEST_F(ProcessContract, TheDateIsOfThisAge) {
+  constexpr std::uint64_t kYear = 365ULL * 24 * 3600 * 10'000'000;
+  EXPECT_GT(os::SystemFileTime(), 400 * kYear);
+  EXPECT_LT(os::SystemFileTime(), 600 * kYear);
 }
 
 }  // namespace

@@ -8,53 +8,25 @@
 #include "os/processes.h"
 #include "os/service_window.h"
 #include "os/threads.h"
+#include "tests/contract/heard.h"
 #include "tests/contract/world.h"
 
 namespace contract {
 namespace {
 
 using MessageContract = Contract;
-using ServiceWindowContract = Contract;
 using os::WindowHandle;
-using world::Told;
+using world::kTitle;
 
-constexpr auto kClass = L"ContractWindow";
-constexpr auto kTitle = L"A window of another program";
 constexpr std::uint32_t kCommand = 0x0111;  // WM_COMMAND
 
-TEST_F(MessageContract, AMessageNameHasOneId) {
-  const auto id = os::RegisterMessage(L"Contract Message");
-  EXPECT_TRUE(id >= 0xC000 && id <= 0xFFFF);
-  EXPECT_EQ(os::RegisterMessage(L"contract MESSAGE"), id);
-  EXPECT_NE(os::RegisterMessage(L"Another Message"), id);
-}
-
-TEST_F(MessageContract, AnotherProgramGetsWhatItIsSentInOrder) {
-  const auto id = os::RegisterMessage(L"Contract Message");
-  const auto window = world::OpenWindow(kClass, kTitle);
-  const os::Bytes record{0, 1, 0, 255}, large(1008, 0x11);
-  EXPECT_TRUE(os::PostToWindow(window, id, 0x1'0000'0001, -2));
-  EXPECT_EQ(world::ToldToWindow(1), (std::vector<Told>{{id, 0x1'0000'0001, -2}}));
-  os::SendCopyData(window, 7, record);
-  os::SendCopyData(window, 0, {});
-  EXPECT_TRUE(os::SendCopyDataTimeout(window, 8, large, 10'000)) << "taken, although it is answered with 0";
-  EXPECT_TRUE(os::PostToWindow(window, id, 2, 3));
-  EXPECT_EQ(world::ToldToWindow(5), (std::vector<Told>{{id, 0x1'0000'0001, -2},
-                                                       {.kindOrMessage = 7, .record = record},
-                                                       {.kindOrMessage = 0},
-                                                       {.kindOrMessage = 8, .record = large},
-                                                       {id, 2, 3}}));
-}
-
 TEST_F(MessageContract, ABusyReceiverIsWaitedForOnlySoLong) {
-  static WindowHandle window;
-  window = world::OpenWindow(kClass, kTitle);
-  world::Run([] {
-    static std::atomic<bool> woken;
-    woken = false;
+  const auto window = world::OpenWindow();
+  world::Run([window] {
+    std::atomic<bool> woken = false;
     world::Hang();
     EXPECT_FALSE(os::SendCopyDataTimeout(window, 1, os::Bytes{1}, 100));
-    os::StartThread(L"waker", [] {
+    os::StartThread(L"waker", [&woken] {
       os::Sleep(50);
       woken = true;
       world::Wake();
@@ -63,11 +35,10 @@ TEST_F(MessageContract, ABusyReceiverIsWaitedForOnlySoLong) {
     EXPECT_TRUE(woken) << "waited for, however long it takes";
     EXPECT_TRUE(os::SendCopyDataTimeout(window, 3, os::Bytes{3}, 10'000)) << "it is well again";
   });
-  EXPECT_EQ(world::ToldToWindow(2).back(), (Told{.kindOrMessage = 3, .record = {3}}));
 }
 
 TEST_F(MessageContract, AGoneWindowTakesNothing) {
-  const auto gone = world::OpenWindow(kClass, kTitle);
+  const auto gone = world::OpenWindow();
   world::CloseWindow();
   EXPECT_FALSE(os::PostToWindow(gone, kCommand, 0, 0));
   EXPECT_TRUE(os::PostToWindow(WindowHandle::None, kCommand, 0, 0)) << "goes to the calling thread itself, and nowhere";
@@ -79,60 +50,36 @@ TEST_F(MessageContract, AGoneWindowTakesNothing) {
 
 // ---- The service window ----
 
-std::vector<std::string> gHeard;  // by the service window, in order
 WindowHandle gWindow;
-
-void Hear(const char* what, std::uint64_t a, std::int64_t b = 0) {
-  gHeard.push_back(what + (" " + std::to_string(a)) + " " + std::to_string(b));
-}
 
 /// The first timer comes twice, then another one; that ends the window, and the window's end the loop.
 void OnTimer(std::uint64_t id) {
   Hear("timer", id);
-  if (id == 5 && gHeard.end()[-2] == gHeard.back()) {
+  if (id == 5 && Heard().end()[-2] == Heard().back()) {
     os::StopTimer(gWindow, 5);
     os::StartTimer(gWindow, 6, 10);
   }
   constexpr std::size_t kTooMany = 20;  // a timer that does not stop
-  if (id == 6 || gHeard.size() > kTooMany) os::DestroyServiceWindow(gWindow);
+  if (id == 6 || Heard().size() > kTooMany) os::DestroyServiceWindow(gWindow);
 }
 
-os::ServiceWindowEvents Events() {
-  return {.hotKeyMessage = os::RegisterMessage(L"Contract Hot-Key"),
-          .touchPadStatusMessage = os::RegisterMessage(L"Contract Touch Pad"),
-          .hotKey = [](auto wParam, auto lParam) { Hear("hotKey", wParam, lParam); },
-          .touchPadStatus = [](auto wParam, auto lParam) { Hear("touchPad", wParam, lParam); },
-          .displayChange = [] { Hear("displayChange", 0); },
-          .copyData = [](auto kind, auto record) { Hear("copyData", kind, static_cast<std::int64_t>(record.size())); },
-          .rawInput = [](const auto&) { Hear("rawInput", 0); },
-          .command = [](auto id) { Hear("command", id); },
-          .timer = OnTimer,
-          .powerBroadcast = [](auto event) { Hear("power", event); },
-          .powerSetting = [](auto, auto value) { Hear("setting", value); },
-          .sessionChange = [](auto event) { Hear("session", event); },
-          .queryEndSession = [](auto reason) { Hear("end", reason); },
-          .destroy =
-              [] {
-                Hear("destroy", 0);
-                os::QuitMessageLoop(3);
-              }};
-}
-
-TEST_F(ServiceWindowContract, TheLoopServesMessagesThenTimersUntilTheWindowEnds) {
-  static os::ServiceWindowEvents events;
-  events = Events();
-  gHeard.clear();
+TEST_F(MessageContract, TheLoopServesMessagesThenTimersUntilTheWindowEnds) {
+  static auto events = HeardEvents();
+  events.hotKeyMessage = os::RegisterMessage(L"Contract Hot-Key");
+  events.touchPadStatusMessage = os::RegisterMessage(L"Contract Touch Pad");
+  events.timer = OnTimer;
+  events.destroy = [] { os::QuitMessageLoop(3); };
+  EXPECT_EQ(os::RegisterMessage(L"contract HOT-KEY"), events.hotKeyMessage);
+  EXPECT_NE(events.touchPadStatusMessage, events.hotKeyMessage);
+  Heard().clear();
   world::Run([] {
-    static int times = 0;  // a class stays registered as long as the process
-    const auto name = L"ContractService" + std::to_wstring(++times);
-    const auto* const className = name.c_str();
-    EXPECT_EQ(os::CreateServiceWindow(className, kTitle), WindowHandle::None) << "no such class";
-    EXPECT_TRUE(os::RegisterServiceWindowClass({className, 0, 0, 0}, events));
-    EXPECT_EQ(os::RegisterServiceWindowClass({className, 0, 0, 0}, events).error(), 1410U)
+    constexpr auto kService = L"ContractService";
+    EXPECT_EQ(os::CreateServiceWindow(kService, kTitle), WindowHandle::None) << "no such class";
+    EXPECT_TRUE(os::RegisterServiceWindowClass({kService, 0, 0, 0}, events));
+    EXPECT_EQ(os::RegisterServiceWindowClass({kService, 0, 0, 0}, events).error(), 1410U)
         << "ERROR_CLASS_ALREADY_EXISTS";
-    gWindow = os::CreateServiceWindow(className, kTitle);
-    ASSERT_NE(gWindow, WindowHandle::None);
-    EXPECT_EQ(os::FindTopWindow(className, kTitle), gWindow);
+    gWindow = os::CreateServiceWindow(kService, kTitle);
+    EXPECT_EQ(os::FindTopWindow(kService, kTitle), gWindow);
     EXPECT_EQ(os::ProcessImagePath(os::WindowProcessId(gWindow)), os::OwnProgramPath());
     EXPECT_NE(os::ForegroundWindow(), gWindow) << "never shown";
     os::AllowMessage(gWindow, os::kCopyDataMessage);
@@ -143,21 +90,18 @@ TEST_F(ServiceWindowContract, TheLoopServesMessagesThenTimersUntilTheWindowEnds)
     os::PostToWindow(gWindow, events.hotKeyMessage, 0x6B, -1);
     os::PostToWindow(gWindow, events.touchPadStatusMessage, 1, 0);
     os::PostToWindow(gWindow, kCommand, 0x1'0068, 0);
-    EXPECT_TRUE(gHeard.empty()) << "posted messages wait for the loop";
+    EXPECT_TRUE(Heard().empty()) << "posted messages wait for the loop";
     os::SendCopyData(gWindow, 9, os::Bytes{1, 2, 3});
-    EXPECT_EQ(gHeard.size(), 1U) << "a window's own thread is answered at once";
+    EXPECT_EQ(Heard().size(), 1U) << "a window's own thread is answered at once";
 
     EXPECT_EQ(os::RunMessageLoop(gWindow, 0), 3);
     EXPECT_FALSE(os::PostToWindow(gWindow, events.hotKeyMessage, 0, 0));
-    EXPECT_EQ(os::FindTopWindow(className), WindowHandle::None);
+    EXPECT_EQ(os::FindTopWindow(kService), WindowHandle::None);
   });
-  EXPECT_EQ(gHeard, (std::vector<std::string>{"copyData 9 3", "hotKey 107 -1", "touchPad 1 0", "command 104 0",
-                                              "timer 5 0", "timer 5 0", "timer 6 0", "destroy 0 0"}));
-}
-
-TEST_F(ServiceWindowContract, AProgramHasItsTextsAndNoOthers) {
   EXPECT_EQ(os::LoadResourceText(tessaview::kTitleText), L"TessaviewServiceTitle");
   EXPECT_EQ(os::LoadResourceText(9999), L"");
+  EXPECT_EQ(Heard(), (std::vector<std::string>{"copyData 9 3", "hotKey 107 -1", "touchPad 1 0", "command 104",
+                                               "timer 5", "timer 5", "timer 6"}));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,12 +35,12 @@ RegistryValue StoredValue(const std::wstring& key, const std::wstring& value);
 std::wstring Folder();  // an empty one, without a backslash at its end
 void WriteFile(const std::wstring& path, const std::string& text);
 std::string FileText(const std::wstring& path);
-bool SetReadOnly(const std::wstring& path);  // false in a world that does not hold to it
 
 // ---- The firmware driver ----
 inline constexpr std::uint32_t kBacklight = 0x00050032;  // a register that reads as 116
 void AnswerShort(std::size_t bytes);                     // requests for the backlight
-void RemoveFirmwareDriver();                             // until the contract ends
+void RemoveFirmwareDriver();                             // until the contract ends; its service stops
+inline constexpr auto kFirmwareService = L"zrvacpi";
 
 // ---- The touch controller ----
 void UnplugTouch();  // until the contract ends
@@ -48,17 +49,15 @@ std::vector<os::Bytes> OutputReports();
 // ---- Other programs ----
 void MakeEvent(const wchar_t* name);
 bool IsSignalled(const wchar_t* name);
-std::wstring ServiceIn(std::uint32_t state);  // the name of a service that is in this state, 1 stopped or 4 running
-std::uint32_t UserSession();                  // one with a user's token
+extern const std::uint32_t kUserSession;  // one with a user's token
 struct Launch {
   std::wstring program, commandLine;
 };
-Launch Exits(std::uint32_t code);
-Launch Lasts();
-std::wstring NamedProgram();  // the path of a program with the product name "Tessaview controller", once
+Launch OtherProgram(std::optional<std::uint32_t> exitCode);  // it ends at once with this one, or lasts
 
-/// Opens a window of another program, in the foreground. It takes every copy-data record and answers 0.
-os::WindowHandle OpenWindow(const wchar_t* className, const wchar_t* title);
+/// Opens a window of another program, in the foreground.
+inline constexpr auto kClass = L"ContractWindow", kTitle = L"A window of another program";
+os::WindowHandle OpenWindow();
 void CloseWindow();
 /// Inside that window, and beside it, owned by it and above it, with neither maximise nor minimise box.
 inline constexpr auto kChildClass = L"ContractChild";
@@ -68,24 +67,11 @@ void RaiseWindowEvent(os::WindowEvent event, std::int32_t object);  // of that w
 void Hang();                                                        // it answers nothing until it is woken
 void Wake();
 
-/// What a window was told: a copy-data record with its kind, or a posted message with its parameters.
-struct Told {
-  std::uint64_t kindOrMessage = 0, wParam = 0;
-  std::int64_t lParam = 0;
-  os::Bytes record = {};
-  friend bool operator==(const Told&, const Told&) = default;
-};
-/// What it was told, once that is at least `count` things.
-std::vector<Told> ToldToWindow(std::size_t count);
-
 /// The user presses a key, or lets it go.
-void Press(std::uint32_t virtualKey);
-void Release(std::uint32_t virtualKey);
+void Stroke(std::uint32_t virtualKey, bool down);
 
-/// The user moves the mouse, at once, and presses and releases its left button.
-void MovePointer(os::Point to);
-void PressButton();
-void ReleaseButton();
+/// The user moves the mouse, at once, and clicks with its left button.
+void ClickAt(os::Point to);
 
 }  // namespace world
 

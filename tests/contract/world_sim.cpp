@@ -1,6 +1,8 @@
 // The world of the contracts as a simulated laptop.
 #include <memory>
 
+#include "os/files.h"
+#include "os/services.h"
 #include "os/threads.h"
 #include "sim/laptop.h"
 #include "tests/contract/world.h"
@@ -12,7 +14,6 @@ constexpr auto kProgram = L"C:\\Contract\\contract.exe";
 
 std::unique_ptr<sim::Laptop> gLaptop;
 os::WindowHandle gWindow;
-std::vector<Told> gTold;
 
 sim::Window& OpenedWindow() {
   return *gLaptop->desktop.Find(gWindow);
@@ -20,11 +21,14 @@ sim::Window& OpenedWindow() {
 
 }  // namespace
 
+const std::uint32_t kUserSession = 1;
+
 void Begin() {
   gLaptop = std::make_unique<sim::Laptop>();
   gLaptop->sessions.missingPrivileges = {L"SeCreateTokenPrivilege"};
   gLaptop->files.AddFolder(Folder());
-  gTold.clear();
+  gLaptop->files.SetProductNames(os::OwnProgramPath(), {L"Tessaview controller"});
+  gLaptop->services.Set(kFirmwareService, os::kServiceRunning);
 }
 
 void End() {
@@ -69,17 +73,13 @@ std::string FileText(const std::wstring& path) {
   return {content.begin(), content.end()};
 }
 
-bool SetReadOnly(const std::wstring& path) {
-  gLaptop->files.SetReadOnly(path);
-  return true;
-}
-
 void AnswerShort(std::size_t bytes) {
   gLaptop->firmware.replyBytes = bytes;
 }
 
 void RemoveFirmwareDriver() {
   gLaptop->firmware.driverInstalled = false;
+  gLaptop->services.Set(kFirmwareService, 1);
 }
 
 void UnplugTouch() {
@@ -98,37 +98,14 @@ bool IsSignalled(const wchar_t* name) {
   return gLaptop->events.Signalled(name);
 }
 
-std::wstring ServiceIn(std::uint32_t state) {
-  gLaptop->services.Set(L"Contract", state);
-  return L"Contract";
-}
-
-std::uint32_t UserSession() {
-  return 1;
-}
-
-Launch Exits(std::uint32_t code) {
-  gLaptop->processes[L"contract.exe"] = {.exitCode = code};
+Launch OtherProgram(std::optional<std::uint32_t> exitCode) {
+  gLaptop->processes[L"contract.exe"] = {.exitCode = exitCode.value_or(0), .neverEnds = !exitCode};
   return {kProgram, L""};
 }
 
-Launch Lasts() {
-  gLaptop->processes[L"contract.exe"] = {.neverEnds = true};
-  return {kProgram, L""};
-}
-
-std::wstring NamedProgram() {
-  gLaptop->files.SetProductNames(kProgram, {L"Tessaview controller"});
-  return kProgram;
-}
-
-os::WindowHandle OpenWindow(const wchar_t* className, const wchar_t* title) {
-  sim::Window window{.className = className, .title = title, .program = kProgram, .area = {100, 100, 500, 400}};
-  window.copyData = [](std::uint64_t kind, os::BytesView record) {
-    ToldToWindow(0);  // what was posted before
-    gTold.push_back({.kindOrMessage = kind, .record = {record.begin(), record.end()}});
-  };
-  gWindow = gLaptop->desktop.OpenInForeground(window);
+os::WindowHandle OpenWindow() {
+  gWindow = gLaptop->desktop.OpenInForeground(
+      {.className = kClass, .title = kTitle, .program = kProgram, .area = {100, 100, 500, 400}});
   return gWindow;
 }
 
@@ -142,7 +119,7 @@ os::WindowHandle OpenChild() {
 }
 
 os::WindowHandle OpenDialog() {
-  return gLaptop->desktop.Open({.className = L"ContractWindow",
+  return gLaptop->desktop.Open({.className = kClass,
                                 .title = L"A dialog",
                                 .program = kProgram,
                                 .area = {600, 150, 900, 350},
@@ -166,30 +143,13 @@ void Wake() {
   OpenedWindow().responsive = true;
 }
 
-std::vector<Told> ToldToWindow(std::size_t /*count*/) {
-  auto& posted = OpenedWindow().posted;
-  for (const auto& each : posted) gTold.push_back({each.message, each.wParam, each.lParam, {}});
-  posted.clear();
-  return gTold;
+void Stroke(std::uint32_t virtualKey, bool down) {
+  down ? gLaptop->input.Press(virtualKey) : gLaptop->input.Release(virtualKey);
 }
 
-void Press(std::uint32_t virtualKey) {
-  gLaptop->input.Press(virtualKey);
-}
-
-void Release(std::uint32_t virtualKey) {
-  gLaptop->input.Release(virtualKey);
-}
-
-void MovePointer(os::Point to) {
+void ClickAt(os::Point to) {
   gLaptop->mouse.MoveTo(to);
-}
-
-void PressButton() {
   gLaptop->mouse.Press();
-}
-
-void ReleaseButton() {
   gLaptop->mouse.Release();
 }
 

@@ -1,5 +1,3 @@
-#include "uilink/events/display_change.h"
-
 #include <utility>
 
 #include "core/trace_log.h"
@@ -14,7 +12,7 @@
 #include "power/flip_state.h"
 #include "power/panel_status.h"
 #include "power/win_p_watch.h"
-#include "uilink/events/retail_demo.h"
+#include "uilink/events/events.h"
 #include "windows/companion_apps.h"
 #include "windows/full_screen.h"
 

@@ -1,8 +1,7 @@
-#include "uilink/events/hot_key.h"
-
 #include "core/trace_log.h"
 #include "power/flip_state.h"
 #include "uilink/channel/ui_channel.h"
+#include "uilink/events/events.h"
 #include "uilink/events/f6_sequence.h"
 
 namespace tessaview {

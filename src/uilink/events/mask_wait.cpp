@@ -1,8 +1,7 @@
-#include "uilink/events/mask_wait.h"
-
 #include "core/service_window.h"
 #include "core/state.h"
 #include "power/panel_status.h"
+#include "uilink/events/events.h"
 #include "windows/foreground.h"
 
 namespace tessaview {

@@ -1,5 +1,3 @@
-#include "uilink/events/power_events.h"
-
 #include <utility>
 
 #include "core/state.h"
@@ -13,7 +11,7 @@
 #include "power/power_saving.h"
 #include "power/settings.h"
 #include "uilink/channel/ui_channel.h"
-#include "uilink/events/mask_wait.h"
+#include "uilink/events/events.h"
 
 namespace tessaview {
 namespace {

@@ -1,5 +1,3 @@
-#include "uilink/events/retail_demo.h"
-
 #include "core/factory_config.h"
 #include "core/service_window.h"
 #include "core/trace_log.h"
@@ -10,6 +8,7 @@
 #include "power/hot_key_component.h"
 #include "power/mode_reset.h"
 #include "power/named_events.h"
+#include "uilink/events/events.h"
 
 namespace tessaview {
 

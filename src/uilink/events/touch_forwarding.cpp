@@ -1,10 +1,9 @@
-#include "uilink/events/touch_forwarding.h"
-
 #include "core/state.h"
 #include "os/trace.h"
 #include "touch/raw_input.h"
 #include "touch/report_thinning.h"
 #include "uilink/channel/ui_channel.h"
+#include "uilink/events/events.h"
 
 namespace tessaview {
 namespace {

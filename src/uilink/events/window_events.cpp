@@ -7,12 +7,7 @@
 #include "touch/touch_pad.h"
 #include "uilink/channel/ui_channel.h"
 #include "uilink/commands/ui_commands.h"
-#include "uilink/events/display_change.h"
-#include "uilink/events/hot_key.h"
-#include "uilink/events/mask_wait.h"
-#include "uilink/events/power_events.h"
-#include "uilink/events/retail_demo.h"
-#include "uilink/events/touch_forwarding.h"
+#include "uilink/events/events.h"
 
 namespace tessaview {
 namespace {
