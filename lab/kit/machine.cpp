@@ -107,7 +107,7 @@ std::vector<std::wstring> Monitors() {
 bool PlaceCPanel(int x, int y, unsigned orientation) {
   DEVMODEW mode{};
   mode.dmSize = sizeof mode;
-  // What is stored is the same, and fresh: Wine renews a process's view of the current settings only for its own
+  // What is stored is the same, and fresh: Wine 8 renews a process's view of the current settings only for its own
   // changes.
   if (!EnumDisplaySettingsW(kCDisplay, ENUM_REGISTRY_SETTINGS, &mode)) return false;
   if ((mode.dmDisplayOrientation + orientation) % 2 == 1) std::swap(mode.dmPelsWidth, mode.dmPelsHeight);
