@@ -45,7 +45,6 @@ TEST(Lid, FirstNotificationsAreNoOpening) {
 
 TEST(Lid, TheMaskWaitsForTheUserWithoutATimeLimitAndHoldsUpNothing) {
   for (const auto* const cover : {kCoreClass, L"BootAppClass", L"LockScreenControllerProxyWindow"}) {
-    SCOPED_TRACE(testing::PrintToString(cover));
     RunningLaptop laptop({.uiRunning = true});
     const auto shell = laptop.desktop.Foreground();
     laptop.desktop.OpenInForeground({.className = cover});
@@ -81,7 +80,6 @@ TEST(Lid, WhatClosingItDoesIsToldToSecondGenerationFirmware) {
         Case{.action = kHibernate, .onChange = {1}, .onPowerSource = {1}},
         Case{.action = kShutDown, .onChange = {1}, .onPowerSource = {1}},
         Case{.action = kTurnDisplayOff, .onChange = {1}}, Case{.generation = 1, .action = kNothing}}) {
-    SCOPED_TRACE(testing::Message() << "generation " << each.generation << ", action " << each.action);
     RunningLaptop laptop({.generation = each.generation});
     laptop.power.Notify(os::PowerSetting::LidCloseAction, each.action);
     EXPECT_EQ(laptop.firmware.Writes(Firmware::kLidCloseAction), each.onChange);

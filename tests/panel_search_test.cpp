@@ -57,7 +57,6 @@ TEST(PanelSearch, TellsThePanelsByTheIdsUpToTheirLastBackslash) {
         {.b = L"DISPLAY\\BOE0D53\\4&9\\2", .found = PanelsFound::OnlyC},  // an instance within has to match
         {.b = L"", .found = PanelsFound::None},                           // both are needed
         {.c = L"", .found = PanelsFound::None}}) {
-    SCOPED_TRACE(testing::PrintToString(b) + testing::PrintToString(c));
     Laptop laptop;
     laptop.registry.SetText(kFactory, L"BPanelHardwareID", b);
     laptop.registry.SetText(kFactory, L"CPanelHardwareID", c);
@@ -104,7 +103,6 @@ TEST(PanelSearch, ScalesPositionsByTheSmallestScaleAndSizesByTheirOwn) {
   for (const auto& dpi :
        {Scales{.b = 144, .c = 96, .third = 96, .bView = {-2880, -101, 1920, 1080}, .cView = {-2880, 1520, 1920, 515}},
         {.b = 192, .c = 192, .third = 120, .bView = {-2304, -80, 1440, 810}, .cView = {-2304, 1216, 960, 257}}}) {
-    SCOPED_TRACE(dpi.b);
     Laptop laptop;
     auto& b = laptop.displays.bPanel();
     b.MoveTo(-2880, -101);
@@ -124,7 +122,6 @@ TEST(PanelSearch, ScalesPositionsByTheSmallestScaleAndSizesByTheirOwn) {
 /// Several threads refresh at once while the system is slow and the panel comes and goes: each refresh is whole.
 TEST(PanelGeometry, IsRefreshedByOneThreadAtATime) {
   for (std::uint32_t seed = 1; seed <= 20; ++seed) {
-    SCOPED_TRACE(seed);
     Laptop laptop({.seed = seed, .interleaving = true});
     laptop.faults.Slow<&os::DesktopMonitors>(7);
     const auto start = laptop.NowMs();

@@ -22,7 +22,6 @@ TEST_F(PanelStatus, IsOnAndUnmaskedOnlyWhenChosenOnExtendedAndTheRightWayUp) {
     for (const auto topology :
          {Topology::None, Topology::Internal, Topology::Clone, Topology::Extend, Topology::External}) {
       for (const std::uint32_t orientation : {0U, 1U, kLandscape, 4U}) {
-        SCOPED_TRACE(testing::PrintToString(saved) + " " + testing::PrintToString(orientation));
         laptop.settings.Set(L"Tessaview", L"On");
         tessaview::Update_UI_Status();
         const bool before = isTessaviewPowerOn();

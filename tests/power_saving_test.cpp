@@ -49,7 +49,6 @@ const Transition kTransitions[] = {
 TEST(PowerSaving, EveryTransitionAppliesItsLevelAndNoneBelowTen) {
   for (const auto& t : kTransitions) {
     for (const bool dark : {false, true}) {
-      SCOPED_TRACE(t.story);
       RunningLaptop laptop({.backlight = 200, .backlightDC = 150, .powerSaving = t.allowed});
       for (const auto source : {kUnplug, kPlug}) {
         source(laptop.power);
@@ -58,7 +57,8 @@ TEST(PowerSaving, EveryTransitionAppliesItsLevelAndNoneBelowTen) {
       for (const auto step : t.before) step(laptop.power);
       ForgetTheStory(laptop);
       t.step(laptop.power);
-      EXPECT_EQ(laptop.firmware.Writes(Firmware::kBacklight), dark ? Words(t.written.size(), 10) : t.written);
+      EXPECT_EQ(laptop.firmware.Writes(Firmware::kBacklight), dark ? Words(t.written.size(), 10) : t.written)
+          << t.story;
     }
   }
 }
@@ -66,7 +66,6 @@ TEST(PowerSaving, EveryTransitionAppliesItsLevelAndNoneBelowTen) {
 TEST(PowerSaving, HappensOnlyWhereThePanelIsReadyAndTheSystemCanTell) {
   constexpr std::uint32_t kReady = Firmware::kPanelOn;
   for (const std::uint32_t status : {Firmware::kPanelOff, kReady | 1, kReady | 1U << 24, 0U, kReady}) {
-    SCOPED_TRACE(status);
     RunningLaptop laptop({.backlight = 200, .backlightDC = 150});
     laptop.firmware.SetRegister(Firmware::kPower, status);
     if (status == kReady) laptop.faults.Fail<&os::QueryPowerStatus>();
