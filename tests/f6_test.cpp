@@ -12,11 +12,8 @@ using namespace support;
 
 constexpr std::int64_t kOther = 0, kOff = 2;  // what the component wants of the panel
 
-constexpr auto kPanel = L"TESSAVIEW", kPad = L"TOUCHPAD", kAllOff = L"ALLOFF";  // the modes
-
-std::wstring Usage(const std::wstring& mode) {
-  return L"TESSAVIEW_F6_" + mode;
-}
+// The modes, as their use is recorded.
+constexpr auto kPanel = L"TESSAVIEW_F6_TESSAVIEW", kPad = L"TESSAVIEW_F6_TOUCHPAD", kAllOff = L"TESSAVIEW_F6_ALLOFF";
 
 TEST(F6, ASequenceEndsInTheModeItsPressesLeadTo) {
   struct Sequence {
@@ -34,7 +31,7 @@ TEST(F6, ASequenceEndsInTheModeItsPressesLeadTo) {
     laptop.hotKey.TouchPadStatus(3, pad);
     laptop.hotKey.PressF6(presses);
     laptop.hotKey.EndF6(kOther);
-    EXPECT_EQ(laptop.trace.Usage(), Texts{Usage(end)});
+    EXPECT_EQ(laptop.trace.Usage(), Texts{end});
     EXPECT_EQ(laptop.settings.Text(L"Tessaview"), saved) << "the component wanted nothing of the panel";
   }
 }
@@ -51,8 +48,7 @@ TEST(F6, ASequenceIsJudgedByTheChoiceAtItsFirstPress) {
     laptop.settings.Set(L"Tessaview", L"on");  // no choice
     laptop.hotKey.UseF6(kOther, 2);
   }
-  EXPECT_EQ(laptop.trace.Usage(),
-            (Texts{Usage(kAllOff), Usage(kAllOff), Usage(kPad), Usage(kAllOff), Usage(kAllOff), Usage(kPanel)}));
+  EXPECT_EQ(laptop.trace.Usage(), (Texts{kAllOff, kAllOff, kPad, kAllOff, kAllOff, kPanel}));
 }
 
 /// A laptop at work, its panel on, its events as the hot-key component leaves them.
