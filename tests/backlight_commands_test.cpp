@@ -3,7 +3,6 @@
 
 namespace {
 
-using namespace tessaview;
 using namespace support;
 
 TEST(BacklightFromTheUi, IsStoredInFirmwareUnits) {

@@ -69,25 +69,16 @@ TEST_F(F6Off, IsDoneForItsOwnWishAndKeyOnly) {
     laptop.hotKey.UseF6(action);
     EXPECT_FALSE(laptop.events.Signalled(KernelObjects::kSwitchingEvent)) << "a sequence ended all the same";
   }
-  EXPECT_TRUE(laptop.firmware.PanelOn());
   EXPECT_EQ(laptop.ui.Received(), Texts{});
   laptop.hotKey.UseF6(kOff);
   EXPECT_EQ(laptop.ui.Received(), Texts{L"POWEROFF"});
   EXPECT_FALSE(laptop.events.Signalled(KernelObjects::kPowerEvent));
 }
 
-TEST_F(F6Off, EndsTheSwitchEvenWhenTheFirmwareRefuses) {
-  laptop.faults.Fail<&os::Control>();
-  laptop.hotKey.UseF6(kOff);
-  EXPECT_FALSE(laptop.events.Signalled(KernelObjects::kPowerEvent));
-  EXPECT_FALSE(laptop.events.Signalled(KernelObjects::kSwitchingEvent));
-}
-
 TEST(F6On, BringsThePanelBack) {
   RunningLaptop laptop({.saved = L"Off", .generation = 1, .uiRunning = true});  // whose C panel is not listed as such
   laptop.displays.Project(Topology::Clone);
   laptop.displays.Changed();
-  laptop.events.Signal(KernelObjects::kPowerEvent, false);
   laptop.hotKey.UseF6(3);
   EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"On");
   EXPECT_EQ(laptop.displays.topology, Topology::Extend);
@@ -133,7 +124,6 @@ TEST(FlipState, FoldedOverThePanelIsNotShownAndBackAsANotebookItIsAsTheUserChose
     laptop.hotKey.FlipChanged();
     EXPECT_EQ(laptop.ui.Received(), Texts{L"POWEROFF"});
     EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"On") << "the choice stays";
-    EXPECT_TRUE(laptop.firmware.PanelOn());
 
     laptop.settings.Set(L"Tessaview", saved);
     ForgetTheStory(laptop);

@@ -37,7 +37,7 @@ class FileCopy : public testing::Test {
 
 TEST_F(FileCopy, OverwritesTheOutputWithTheRightsOfTheUser) {
   EXPECT_EQ(Copied(), L"the sea");
-  EXPECT_TRUE(laptop.files.Copies().back().asUser);
+  EXPECT_TRUE(laptop.files.Copies().at(0).asUser);
   ExpectOwnRights();
 }
 

@@ -42,28 +42,27 @@ TEST(Lid, FirstNotificationsAreNoOpening) {
 }
 
 TEST(Lid, TheMaskWaitsForTheUserWithoutATimeLimitAndHoldsUpNothing) {
-  for (const auto* const cover : {kCoreClass, L"BootAppClass", L"LockScreenControllerProxyWindow"}) {
-    RunningLaptop laptop({.uiRunning = true});
-    const auto shell = laptop.desktop.Foreground();
-    laptop.desktop.OpenInForeground({.className = cover});
-    laptop.power.SetDisplay(Power::Display::Off);
-    laptop.power.SetDisplay(Power::Display::On);
-    laptop.Advance(600'000);
-    laptop.ui.Send(L"BLGET");
-    EXPECT_EQ(TimesTold(laptop, L"CLOSEMASK"), 0);
-    EXPECT_EQ(TimesTold(laptop, L"BLSET"), 1) << "commands are served meanwhile";
-    laptop.desktop.SetForeground(shell);
-    laptop.Advance(100);
-    EXPECT_EQ(TimesTold(laptop, L"CLOSEMASK"), 1);
+  constexpr auto kCover = L"LockScreenControllerProxyWindow";
+  RunningLaptop laptop({.uiRunning = true});
+  const auto shell = laptop.desktop.Foreground();
+  laptop.desktop.OpenInForeground({.className = kCover});
+  laptop.power.SetDisplay(Power::Display::Off);
+  laptop.power.SetDisplay(Power::Display::On);
+  laptop.Advance(600'000);
+  laptop.ui.Send(L"BLGET");
+  EXPECT_EQ(TimesTold(laptop, L"CLOSEMASK"), 0);
+  EXPECT_EQ(TimesTold(laptop, L"BLSET"), 1) << "commands are served meanwhile";
+  laptop.desktop.SetForeground(shell);
+  laptop.Advance(100);
+  EXPECT_EQ(TimesTold(laptop, L"CLOSEMASK"), 1);
 
-    laptop.desktop.OpenInForeground({.className = cover});
-    laptop.power.CloseLid();
-    laptop.power.OpenLid();
-    laptop.power.CloseLid();
-    laptop.desktop.SetForeground(shell);
-    laptop.Advance(1000);
-    EXPECT_EQ(TimesTold(laptop, L"CLOSEMASK"), 1) << "the lid is closed again";
-  }
+  laptop.desktop.OpenInForeground({.className = kCover});
+  laptop.power.CloseLid();
+  laptop.power.OpenLid();
+  laptop.power.CloseLid();
+  laptop.desktop.SetForeground(shell);
+  laptop.Advance(1000);
+  EXPECT_EQ(TimesTold(laptop, L"CLOSEMASK"), 1) << "the lid is closed again";
 }
 
 TEST(Lid, WhatClosingItDoesIsToldToSecondGenerationFirmware) {

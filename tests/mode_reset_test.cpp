@@ -75,8 +75,7 @@ TEST(ModeReset, MakesTheStoredConfigurationsWithTheCPanelTheNewest) {
   for (const auto& key : {withA, withB, alone, third}) laptop.registry.SetQword(key, L"Timestamp", 1);
   Reset(laptop, Topology::Internal);
   const auto stamp = laptop.registry.Qword(withA, L"Timestamp");
-  ASSERT_TRUE(stamp);
-  EXPECT_GT(*stamp, 1u);
+  EXPECT_GT(stamp, 1u);
   EXPECT_EQ(laptop.registry.Qword(withB, L"Timestamp"), stamp) << "both at the same time";
   EXPECT_EQ(laptop.registry.Qword(alone, L"Timestamp"), 1u);
   EXPECT_EQ(laptop.registry.Qword(third, L"Timestamp"), 1u) << "a set of monitors that is not there";

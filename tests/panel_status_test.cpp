@@ -43,8 +43,7 @@ TEST_F(PanelStatus, WaitsForTheCPanelInStepsForThreeSecondsAtMost) {
     const auto start = laptop.NowMs();
     tessaview::Update_UI_Status();
     EXPECT_EQ(laptop.NowMs() - start, waitedMs);
-    ASSERT_FALSE(laptop.ui.Received().empty());
-    EXPECT_EQ(laptop.ui.Received()[0], appearsAfterMs < 3000 ? L"POWERON" : L"POWEROFF");
+    EXPECT_EQ(laptop.ui.Received().at(0), appearsAfterMs < 3000 ? L"POWERON" : L"POWEROFF");
     laptop.Advance(5000);
   }
 }
