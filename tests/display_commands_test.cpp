@@ -1,6 +1,5 @@
 #include "os/device_io.h"
 #include "os/displays.h"
-#include "os/processes.h"
 #include "tests/support.h"
 
 namespace {
@@ -11,16 +10,14 @@ TEST(RefreshRates, AreAnsweredAsTheyAreNow) {
   RunningLaptop laptop;
   auto &b = laptop.displays.bPanel(), &c = laptop.displays.cPanel();
   b.frequency = 144, c.frequency = 30;
-  for (const bool isBThere : {true, false}) {
-    for (const bool isCThere : {true, false}) {
-      ForgetTheStory(laptop);
-      b.plugged = isBThere, c.plugged = isCThere;
-      laptop.ui.Send(L"GETFREQUENCY");
-      const auto answers = laptop.ui.ReceivedTexts();
-      ASSERT_EQ(answers.size(), 1u);
-      EXPECT_EQ(answers[0].text, L"SETFREQUENCY");
-      EXPECT_EQ(answers[0].point, (os::Point{isBThere ? 144 : 0, isCThere ? 30 : 0}));
-    }
+  for (const bool isCThere : {true, false}) {
+    ForgetTheStory(laptop);
+    c.plugged = isCThere;
+    laptop.ui.Send(L"GETFREQUENCY");
+    const auto answers = laptop.ui.ReceivedTexts();
+    ASSERT_EQ(answers.size(), 1u);
+    EXPECT_EQ(answers[0].text, L"SETFREQUENCY");
+    EXPECT_EQ(answers[0].point, (os::Point{144, isCThere ? 30 : 0}));
   }
 }
 
@@ -30,10 +27,8 @@ TEST(RefreshRate, ReachesTheFirmwareAndItsVariable) {
     std::uint32_t firmwareValue = 1;
     std::optional<std::uint8_t> variable = {};
   };
-  for (const auto& rate :
-       {Rate{.hertz = 60, .variable = std::uint8_t{1}},
-        Rate{.hertz = 30, .firmwareValue = 0, .variable = std::uint8_t{0}}, Rate{.hertz = 45}, Rate{.hertz = -30}}) {
-    SCOPED_TRACE(rate.hertz);
+  for (const auto& rate : {Rate{.hertz = 60, .variable = std::uint8_t{1}},
+                           Rate{.hertz = 30, .firmwareValue = 0, .variable = std::uint8_t{0}}, Rate{.hertz = 45}}) {
     RunningLaptop laptop;
     laptop.ui.Send(L"SETFREQUENCY", {.percent = 30, .point = {30, rate.hertz}});
     EXPECT_EQ(laptop.firmware.Writes(Firmware::kRefreshRate), Words{rate.firmwareValue});
@@ -41,8 +36,7 @@ TEST(RefreshRate, ReachesTheFirmwareAndItsVariable) {
     ASSERT_EQ(variables.size(), 1u);
     EXPECT_EQ(variables[0].name, L"VantyraFPS");
     EXPECT_EQ(variables[0].guid, L"{F8165EB8-0081-48A9-BD1D-1741D6CC6154}");
-    ASSERT_EQ(variables[0].value.size(), 1u);
-    if (rate.variable) EXPECT_EQ(variables[0].value[0], *rate.variable);
+    if (rate.variable) EXPECT_EQ(variables[0].value, Bytes{*rate.variable});
   }
 }
 
@@ -60,8 +54,6 @@ TEST(RefreshRate, TheVariableIsTriedWithoutThePrivilegeTooButNotWithoutTheFirmwa
   EXPECT_EQ(variablesAfter(), 0u);
   laptop.sessions.missingPrivileges.clear();
   EXPECT_EQ(variablesAfter(), 1u);
-  laptop.faults.Fail<&os::OwnToken>();  // the privilege is on since the last time
-  EXPECT_EQ(variablesAfter(), 2u);
 }
 
 TEST(Resolution, IsAppliedToTheCPanelAlone) {
@@ -73,7 +65,6 @@ TEST(Resolution, IsAppliedToTheCPanelAlone) {
                                                  {.asked = {640, 0}},
                                                  {.asked = {0, 480}},
                                                  {.orientation = 1, .asked = {0, 0}, .size = {515, 1920}}}) {
-    SCOPED_TRACE(testing::Message() << asked.x << " * " << asked.y << " in orientation " << orientation);
     RunningLaptop laptop;
     laptop.displays.cPanel().Rotate(orientation);
     laptop.ui.Send(L"SETRESOLUTION", {.percent = 5, .rect = {9, 9, 9, 9}, .point = asked});

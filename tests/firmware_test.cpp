@@ -26,11 +26,6 @@ TEST(FirmwareRequests, GoOutByteByByte) {
   EXPECT_EQ(requests[1].raw, BytesOf("DEVS\x8\0\0\0\x34\0\5\0\x78\x56\x34\x12"));
   EXPECT_EQ(requests[1].controlCode, 0x0022240CU);
   EXPECT_EQ(requests[1].replySize, 1024U);
-  laptop.trace.Clear();
-  EXPECT_EQ(tessaview::ACPI_ZRV_DEVS(200), Word(1));
-  EXPECT_EQ(laptop.firmware.Backlight(), 200U);
-  EXPECT_EQ(laptop.trace.Lines(),
-            (Texts{L"[ACPI_ZRV_DEVS] Arg0 = 0x50032, Arg1 = 0xc8", L"[ACPI_ZRV_DSTS] return = 0x1"}));
 }
 
 TEST(FirmwareReplies, CountByTheirFirstFourBytesOnly) {

@@ -7,13 +7,12 @@ namespace {
 using namespace tessaview;
 using enum OverlayState;
 
-constexpr os::Point kPress{1000, 300};
 constexpr OverlayKind kOlder{}, kOlderLarge{.isLarge = true}, kNewer{.isNewerUI = true}, kOnC{.panel = MoverPanel::C};
 
 struct Range {
   int from, to;
 };
-/// One overlay, relative to the press. The newer UI's and those on the C panel are twice that on many pixels.
+/// One overlay, for a press at the origin. The newer UI's and those on the C panel are twice that on many pixels.
 struct Layout {
   OverlayKind kind;
   OverlayState state;
@@ -22,13 +21,11 @@ struct Layout {
 };
 
 void ExpectLayout(const Layout& each, const OverlayKind& kind, OverlayState state, int factor) {
-  SCOPED_TRACE(testing::Message() << each.at.x << " state " << static_cast<int>(state) << " times " << factor);
   const auto area = [&](Range x) {
-    return MoverRect{kPress.x + factor * x.from, kPress.x + factor * x.to, kPress.y + factor * each.y.from,
-                     kPress.y + factor * each.y.to};
+    return MoverRect{factor * x.from, factor * x.to, factor * each.y.from, factor * each.y.to};
   };
-  const auto overlay = LayOutMover(kind, state, kPress);
-  EXPECT_EQ(overlay.position, (os::Point{kPress.x + factor * each.at.x, kPress.y + factor * each.at.y}));
+  const auto overlay = LayOutMover(kind, state, {});
+  EXPECT_EQ(overlay.position, (os::Point{factor * each.at.x, factor * each.at.y}));
   EXPECT_TRUE(overlay.down == area(each.down) && overlay.pin == area(each.pin) && overlay.winUp == area(each.up));
 }
 
@@ -52,7 +49,7 @@ TEST(MoverLayout, FollowsFromPanelUiStateAndSize) {
     kind.isNewerUI = kind.isNewerUI || onC;  // all the same there
     if (onC) ExpectLayout(each, kind, each.state, 2);
   }
-  const auto area = LayOutMover(kOlder, Normal, kPress).down;
+  const auto area = LayOutMover(kOlder, Normal, {}).down;
   EXPECT_TRUE(area.Contains({area.left + 1, area.top + 1}));
   EXPECT_FALSE(area.Contains({area.left + 1, area.top}) || area.Contains({area.left, area.top + 1}));
 }

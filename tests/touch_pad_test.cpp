@@ -13,17 +13,13 @@ TEST(TouchPadSearch, FindsThePadByItsUsageAndThenOpensTheCollectionThatTakesItsM
   Laptop laptop;
   EXPECT_TRUE(tessaview::FindTouchPadHid());
   EXPECT_EQ(laptop.touch.OpenHandles(), 0U) << "known, and not yet open for writing";
-  EXPECT_TRUE(LogsInOrder(laptop, {L"hHidOut = NULL\n",  // the mouse is the system's own
-                                   L"Hid Device Number 3 : Vid:0x4758 Pid:0x1515\n", L"Usage = 5, UsagePage = 13\n",
-                                   L"pInputValueCaps '2' ReportID = 17, YLogicalMax = 1030, YLogicalMin = 0\n"}));
+  EXPECT_TRUE(laptop.trace.Contains(L"pInputValueCaps '2' ReportID = 17, YLogicalMax = 1030, YLogicalMin = 0\n"));
   for (int again = 0; again < 3; ++again) EXPECT_TRUE(tessaview::SearchTouchPadAgain());
   EXPECT_EQ(laptop.touch.OpenHandles(), 1U) << "the pad is opened once";
 }
 
 TEST(TouchPadSearch, GoesOnBehindACollectionItCannotUse) {
-  for (const auto spoil : {+[](sim::HidCollection& c) { c.exclusive = true; },
-                           +[](sim::HidCollection& c) { c.attributesReadable = false; },
-                           +[](sim::HidCollection& c) { c.hasPreparsedData = false; },
+  for (const auto spoil : {+[](sim::HidCollection& c) { c.hasPreparsedData = false; },
                            +[](sim::HidCollection& c) { c.detail = HidInterface::Detail::NoData; }}) {
     Laptop laptop;
     laptop.touch.mouse().exclusive = false;
@@ -37,12 +33,10 @@ TEST(TouchPadSearch, GoesOnBehindACollectionItCannotUse) {
 TEST(TouchPadSearch, DoesNotConnectWhatIsNotTheWholePad) {
   for (const auto arrange :
        {+[](Laptop& l) { l.touch.Unplug(); }, +[](Laptop& l) { l.touch.modeSwitch().outputValues[0].reportId = 4; },
-        +[](Laptop& l) { l.touch.modeSwitch().exclusive = true; },
         +[](Laptop& l) { l.touch.modeSwitch().attributes.vendorId = 0x1A7C; },
         +[](Laptop& l) { l.touch.modeSwitch().attributes.productId = 0x1516; },
         +[](Laptop& l) { l.touch.touchPad().capabilities.usage = 4; },
-        +[](Laptop& l) { l.faults.Fail<&os::HidInterfaces>({.times = 1}); },
-        +[](Laptop& l) { l.faults.Short<&os::HidInterfaces>(4); }}) {
+        +[](Laptop& l) { l.faults.Fail<&os::HidInterfaces>({.times = 1}); }}) {
     Laptop laptop;
     arrange(laptop);
     EXPECT_FALSE(tessaview::SearchTouchPadAgain());  // the step that opens the pad has nothing to go by
@@ -63,16 +57,6 @@ TEST(CursorMode, IsAReportOfThePadsOwnLength) {
     report.resize(length);
     EXPECT_EQ(laptop.touch.OutputReports(), std::vector<Bytes>{report});
   }
-}
-
-TEST(CursorMode, IsRefusedWithoutAPad) {
-  Laptop laptop;
-  ASSERT_TRUE(tessaview::SearchTouchPadAgain());
-  laptop.faults.Fail<&os::WriteHidReport>({.times = 1});
-  EXPECT_FALSE(tessaview::SetModetoTouchPad());
-  EXPECT_TRUE(tessaview::SetModetoTouchPad());
-  laptop.touch.Unplug();
-  EXPECT_FALSE(tessaview::SetModetoTouchPad()) << "the pad is gone, the handle is still open";
 }
 
 }  // namespace

@@ -57,9 +57,7 @@ TEST(TouchReset, GoesOnAsFarAsItCan) {
         Trouble{.arrange = [](auto& f) { f.template Fail<&os::EnableHidNode>({.times = 1, .after = 1}); },
         .switches = 1,
         .isConnected = false},
-        Trouble{.arrange = [](auto& f) { f.template Fail<&os::OpenHidNodes>(); }, .switches = 0},
         Trouble{.arrange = [](auto& f) { f.template Fail<&os::RawInputDeviceCount>(); }, .isConnected = false},
-        Trouble{.arrange = [](auto& f) { f.template Fail<&os::RawInputDevices>(); }, .isConnected = false},
         Trouble{.arrange = [](auto& f) { f.template Fail<&os::RegisterRawInput>({.after = 1}); },
         .isConnected = false}}) {
     Laptop laptop({.uiRunning = true});

@@ -84,7 +84,6 @@ TEST(LogTemplates, AreFilledInWithAllKindsOfValuesAndCutAt1023Characters) {
   EXPECT_EQ(Formatted(L"%ls, %ls: %d%%", name, L"%d %ls %n", 7), name + L", %d %ls %n: 7%");
   for (const std::size_t length : {1023u, 1024u, 5000u}) {
     EXPECT_EQ(Formatted(L"%ls", std::wstring(length, L'x')), std::wstring(1023, L'x'));
-    EXPECT_EQ(Formatted(L"InputPath = %ls", std::wstring(length, L'x')).size(), 1023u);
   }
 }
 

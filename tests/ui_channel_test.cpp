@@ -23,7 +23,6 @@ TEST(UiChannel, TheWindowsThatAreOpenDecideWhoGetsAText) {
         Case{.guide = true, .text = texts::kUacEntry, .receiver = Ui::kGuideClass},
         Case{.guide = true, .text = texts::kUacExit, .receiver = Ui::kGuideClass},
         Case{.guide = true, .text = texts::kOpenMask}, Case{.result = 0}}) {
-    SCOPED_TRACE(testing::Message() << each.text.name << ", main " << each.main << ", guide " << each.guide);
     Laptop laptop;
     laptop.ui.OpenVideo();  // never a receiver
     if (each.main) laptop.ui.Start();
@@ -45,7 +44,6 @@ TEST(UiChannel, ABusyUiIsWaitedForAsLongAsTheTextsRowSays) {
   for (const auto& each :
        {Case{.text = texts::kOpenMask, .busyMs = 45'000}, Case{.text = texts::kUacExit, .busyMs = 60},
         Case{.text = texts::kUacExit, .busyMs = 101, .heldUpMs = 100, .isTaken = false}}) {
-    SCOPED_TRACE(each.busyMs);
     Laptop laptop({.uiRunning = true});
     const auto start = laptop.NowMs();
     laptop.ui.Busy(each.busyMs);

@@ -177,8 +177,11 @@ void Stroke(std::uint32_t virtualKey, bool down) {
   keybd_event(static_cast<BYTE>(virtualKey), 0, down ? 0 : KEYEVENTF_KEYUP, 0);
 }
 
-void ClickAt(os::Point to) {
+void MovePointer(os::Point to) {
   lab::Pointer::MoveTo(to);
+}
+
+void Click() {
   lab::Pointer::Press();
   lab::Pointer::Release();
 }

@@ -63,18 +63,20 @@ TEST_F(HooksContract, AWatcherSeesEachPressAndReleaseAndWhatElseIsDown) {
 
 TEST_F(HooksContract, AWatcherSeesWhereThePointerGoesAndTheLeftButton) {
   constexpr os::Point kFrom{600, 400}, kTo{900, 1200};
-  EXPECT_TRUE(os::SetCursorPosition(kFrom));
+  world::MovePointer(kFrom);
   Watch([] {
     os::WatchMouse([](os::MouseEvent event, os::Point pointer) {
       See({.what = static_cast<std::uint32_t>(event), .pointer = pointer, .before = os::CursorPosition()});
     });
   });
-  world::ClickAt(kTo);
+  world::MovePointer(kTo);
+  world::Click();
   const auto what = [](os::MouseEvent event) { return static_cast<std::uint32_t>(event); };
   EXPECT_EQ(SeenOnce(3), (std::vector<Seen>{{what(os::MouseEvent::Move), kTo, kFrom},
                                             {what(os::MouseEvent::LeftDown), kTo, kTo},
                                             {what(os::MouseEvent::LeftUp), kTo, kTo}}));
   EXPECT_EQ(os::CursorPosition(), kTo);
+  EXPECT_TRUE(os::SetCursorPosition(kFrom) && os::CursorPosition() == kFrom);
 }
 
 TEST_F(HooksContract, AWatcherIsToldOfTheEventsItAskedFor) {

@@ -71,7 +71,8 @@ void Wake();
 void Stroke(std::uint32_t virtualKey, bool down);
 
 /// The user moves the mouse, at once, and clicks with its left button.
-void ClickAt(os::Point to);
+void MovePointer(os::Point to);
+void Click();
 
 }  // namespace world
 

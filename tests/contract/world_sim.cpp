@@ -147,8 +147,11 @@ void Stroke(std::uint32_t virtualKey, bool down) {
   down ? gLaptop->input.Press(virtualKey) : gLaptop->input.Release(virtualKey);
 }
 
-void ClickAt(os::Point to) {
+void MovePointer(os::Point to) {
   gLaptop->mouse.MoveTo(to);
+}
+
+void Click() {
   gLaptop->mouse.Press();
   gLaptop->mouse.Release();
 }
