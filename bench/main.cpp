@@ -14,7 +14,7 @@ class RatioReporter : public benchmark::ConsoleReporter {
   void ReportRuns(const std::vector<Run>& runs) override {
     ConsoleReporter::ReportRuns(runs);
     for (const auto& run : runs) {
-      if (run.error_occurred || !Counts(run)) continue;
+      if (run.real_accumulated_time == 0 || !Counts(run)) continue;  // one that ended with an error has no time
       seconds_[run.run_name.function_name] =
           run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
     }

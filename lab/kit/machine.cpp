@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <fstream>
@@ -12,9 +13,26 @@
 namespace lab {
 namespace {
 
+constexpr wchar_t kBDisplay[] = L"\\\\.\\DISPLAY1", kCDisplay[] = L"\\\\.\\DISPLAY2";
+
 bool WriteText(HKEY key, const wchar_t* name, const std::wstring& text) {
   return RegSetValueExW(key, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
                         static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))) == ERROR_SUCCESS;
+}
+
+/// The id that the factory writes for the monitor of a display: "DISPLAY\TSB8888\0001&0000\0", in capitals, where the
+/// system tells "\\?\DISPLAY#TSB8888#0001&0000#{…}". Empty when there is no such monitor.
+std::wstring FactoryId(const wchar_t* display) {
+  constexpr std::size_t kPrefix = 4;
+  DISPLAY_DEVICEW monitor{};
+  monitor.cb = sizeof monitor;
+  if (!EnumDisplayDevicesW(display, 0, &monitor, EDD_GET_DEVICE_INTERFACE_NAME)) return {};
+  CharUpperW(monitor.DeviceID);
+  const std::wstring path = monitor.DeviceID;
+  if (path.size() < kPrefix) return {};
+  std::wstring id = path.substr(kPrefix, path.rfind(L'#') - kPrefix) + L"\\0";
+  std::replace(id.begin(), id.end(), L'#', L'\\');
+  return id;
 }
 
 /// A PNG is whole when its last chunk, 12 bytes named IEND, is there.
@@ -36,14 +54,14 @@ std::wstring EnvironmentText(const wchar_t* name) {
 }
 
 bool WriteFactoryIds() {
+  const auto b = FactoryId(kBDisplay), c = FactoryId(kCDisplay);
+  if (b.empty() || c.empty()) return false;
   HKEY key = nullptr;
   if (RegCreateKeyExW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\NORV\\FactoryConfig", 0, nullptr, 0, KEY_WRITE, nullptr, &key,
                       nullptr) != ERROR_SUCCESS) {
     return false;
   }
-  // Wine calls every monitor so and counts them; the part after the last backslash is not compared.
-  const bool written = WriteText(key, L"BPanelHardwareID", L"DISPLAY\\DEFAULT_MONITOR\\0000&0000\\0") &&
-                       WriteText(key, L"CPanelHardwareID", L"DISPLAY\\DEFAULT_MONITOR\\0001&0000\\0");
+  const bool written = WriteText(key, L"BPanelHardwareID", b) && WriteText(key, L"CPanelHardwareID", c);
   RegCloseKey(key);
   return written;
 }
@@ -87,17 +105,16 @@ std::vector<std::wstring> Monitors() {
 }
 
 bool PlaceCPanel(int x, int y, unsigned orientation) {
-  constexpr wchar_t kDevice[] = L"\\\\.\\DISPLAY2";
   DEVMODEW mode{};
   mode.dmSize = sizeof mode;
-  // What is stored is the same, and fresh: Wine renews a process's view of the current settings only for its own
+  // What is stored is the same, and fresh: Wine 8 renews a process's view of the current settings only for its own
   // changes.
-  if (!EnumDisplaySettingsW(kDevice, ENUM_REGISTRY_SETTINGS, &mode)) return false;
+  if (!EnumDisplaySettingsW(kCDisplay, ENUM_REGISTRY_SETTINGS, &mode)) return false;
   if ((mode.dmDisplayOrientation + orientation) % 2 == 1) std::swap(mode.dmPelsWidth, mode.dmPelsHeight);
   mode.dmPosition = {x, y};
   mode.dmDisplayOrientation = orientation;
   mode.dmFields = DM_POSITION | DM_DISPLAYORIENTATION | DM_PELSWIDTH | DM_PELSHEIGHT;
-  return ChangeDisplaySettingsExW(kDevice, &mode, nullptr, CDS_UPDATEREGISTRY | CDS_GLOBAL, nullptr) ==
+  return ChangeDisplaySettingsExW(kCDisplay, &mode, nullptr, CDS_UPDATEREGISTRY | CDS_GLOBAL, nullptr) ==
          DISP_CHANGE_SUCCESSFUL;
 }
 

@@ -8,7 +8,8 @@ namespace lab {
 /// A variable of this process's environment; empty when it is not set.
 [[nodiscard]] std::wstring EnvironmentText(const wchar_t* name);
 
-/// Writes the factory's hardware ids that tell B and C panel apart, as they are on this laptop, into the registry.
+/// Writes the factory's hardware ids that tell B and C panel apart into the registry, made from what the system calls
+/// their monitors. False when one is missing.
 bool WriteFactoryIds();
 
 /// A package is entered into the system's list of them.

@@ -3,6 +3,8 @@
 // of a single display, of which Wine takes those with a size only.
 #include <windows.h>
 
+#include <cstdlib>
+
 #include "kit/laptop_state.h"
 #include "patch/patched_calls.h"
 
@@ -29,10 +31,17 @@ LONG WINAPI SetTopology(UINT32 pathCount, DISPLAYCONFIG_PATH_INFO* paths, UINT32
   return ERROR_SUCCESS;
 }
 
-/// Wine keeps each process's own view of the current settings, and renews it only for changes of that process's; what
+/// The major version of the Wine that this is.
+int WineVersion() {
+  const auto version = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version");
+  return std::atoi(reinterpret_cast<const char* (*)()>(reinterpret_cast<void*>(version))());
+}
+
+/// Wine 8 keeps each process's own view of the current settings, and renews it only for changes of that process's; what
 /// is stored is everybody's, and the same unless a display was changed from outside of Wine.
 BOOL WINAPI EveryonesSettings(LPCWSTR device, DWORD which, DEVMODEW* mode) {
-  return EnumDisplaySettingsW(device, which == ENUM_CURRENT_SETTINGS ? ENUM_REGISTRY_SETTINGS : which, mode);
+  static const bool ownView = WineVersion() < 10;
+  return EnumDisplaySettingsW(device, ownView && which == ENUM_CURRENT_SETTINGS ? ENUM_REGISTRY_SETTINGS : which, mode);
 }
 
 /// Wine accepts a change without a size and makes none; one without an orientation it turns.

@@ -15,13 +15,9 @@ namespace {
 BOOL WINAPI LaptopPowerStatus(LPSYSTEM_POWER_STATUS status) {
   constexpr BYTE kHalfFull = 50;
   const LaptopState& laptop = *SharedLaptopState();
-  *status = {};
-  status->ACLineStatus = static_cast<BYTE>(laptop.onMains);
-  status->BatteryFlag = 0;
-  status->BatteryLifePercent = kHalfFull;
-  status->Reserved1 = static_cast<BYTE>(laptop.batterySaver);  // SystemStatusFlag in newer headers
-  status->BatteryLifeTime = MAXDWORD;
-  status->BatteryFullLifeTime = MAXDWORD;
+  // By position: what the fourth field, battery saver, is called depends on the age of the headers.
+  *status = {static_cast<BYTE>(laptop.onMains),      0,        kHalfFull,
+             static_cast<BYTE>(laptop.batterySaver), MAXDWORD, MAXDWORD};
   return TRUE;
 }
 

@@ -1,4 +1,4 @@
-// Sessions. Wine lists none: here the user of session 1 is at the console.
+// Sessions. Wine 8 lists none: here the user of session 1 is at the console, as Wine 10 has it.
 #include <windows.h>
 
 #include <wtsapi32.h>
@@ -9,7 +9,8 @@ namespace lab::patch {
 namespace {
 
 /// Freed by WTSFreeMemory, which in Wine is the process heap's.
-BOOL WINAPI ListSessions(HANDLE, DWORD, DWORD, PWTS_SESSION_INFOW* sessions, DWORD* count) {
+BOOL WINAPI ListSessions(HANDLE server, DWORD reserved, DWORD version, PWTS_SESSION_INFOW* sessions, DWORD* count) {
+  if (WTSEnumerateSessionsW(server, reserved, version, sessions, count) && *count != 0) return TRUE;
   static wchar_t services[] = L"Services", console[] = L"Console";
   auto* list = static_cast<WTS_SESSION_INFOW*>(HeapAlloc(GetProcessHeap(), 0, 2 * sizeof(WTS_SESSION_INFOW)));
   if (list == nullptr) return FALSE;

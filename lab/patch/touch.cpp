@@ -4,7 +4,9 @@
 #include <setupapi.h>
 
 #include <cstring>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "kit/touch_controller.h"
@@ -13,31 +15,32 @@
 namespace lab::patch {
 namespace {
 
-std::wstring FirstHardwareId(HDEVINFO list, SP_DEVINFO_DATA* node) {
-  std::vector<wchar_t> ids(1024);
-  const auto room = static_cast<DWORD>((ids.size() - 2) * sizeof(wchar_t));
-  const BOOL read = SetupDiGetDeviceRegistryPropertyW(list, node, SPDRP_HARDWAREID, nullptr,
-                                                      reinterpret_cast<BYTE*>(ids.data()), room, nullptr);
-  return read ? std::wstring(ids.data()) : std::wstring();
+/// The hardware ids that Windows lists first for the collections of the touch controller, in the order of TouchDevice.
+constexpr std::wstring_view kFirstIds[] = {L"HID\\VEN_GDX&DEV_1515&Col05", L"HID\\VEN_GDX&DEV_1515&Col06"};
+
+/// Which collection a node is, by its instance path, which begins like its first id; none for other nodes.
+std::optional<TouchDevice> CollectionAt(HDEVINFO list, SP_DEVINFO_DATA* node) {
+  std::array<wchar_t, MAX_PATH> path{};
+  SetupDiGetDeviceInstanceIdW(list, node, path.data(), MAX_PATH, nullptr);
+  for (const auto which : {kTouchPad, kTouchScreen}) {
+    if (_wcsnicmp(path.data(), kFirstIds[which].data(), kFirstIds[which].size()) == 0) return which;
+  }
+  return std::nullopt;
 }
 
-/// An instance path without its last part, the instance: "HID\VEN_GDX&DEV_1515&Col06".
-std::wstring WithoutInstance(const std::wstring& id) {
-  return id.substr(0, id.rfind(L'\\'));
-}
-
-/// Wine lists a HID node's instance path before its hardware ids; Windows lists the ids alone.
-BOOL WINAPI HardwareIdsWithoutInstance(HDEVINFO list, PSP_DEVINFO_DATA node, DWORD property, PDWORD type, PBYTE buffer,
-                                       DWORD size, PDWORD required) {
-  const BOOL read = SetupDiGetDeviceRegistryPropertyW(list, node, property, type, buffer, size, required);
-  if (!read || property != SPDRP_HARDWAREID || buffer == nullptr) return read;
-  auto* const ids = reinterpret_cast<wchar_t*>(buffer);
-  const std::wstring first = ids;
-  const wchar_t* const second = ids + first.size() + 1;
-  if (first.rfind(std::wstring(second) + L"\\", 0) != 0) return read;
-  const std::size_t dropped = (first.size() + 1) * sizeof(wchar_t);
-  std::memmove(buffer, buffer + dropped, size - dropped);
-  return read;
+/// Wine 8 lists a HID node's instance path before its hardware ids, Wine 10 makes ids of vendor and product number.
+BOOL WINAPI FirstIdOfCollection(HDEVINFO list, PSP_DEVINFO_DATA node, DWORD property, PDWORD type, PBYTE buffer,
+                                DWORD size, PDWORD required) {
+  const auto which = CollectionAt(list, node);
+  if (property != SPDRP_HARDWAREID || !which) {
+    return SetupDiGetDeviceRegistryPropertyW(list, node, property, type, buffer, size, required);
+  }
+  const std::wstring ids = std::wstring(kFirstIds[*which]) + L'\0';
+  const auto bytes = static_cast<DWORD>((ids.size() + 1) * sizeof(wchar_t));
+  if (required != nullptr) *required = bytes;
+  if (size < bytes) return SetLastError(ERROR_INSUFFICIENT_BUFFER), FALSE;
+  std::memcpy(buffer, ids.c_str(), bytes);
+  return TRUE;
 }
 
 /// Wine cannot disable or enable a device: the collection is unplugged and plugged in again instead, both when it is
@@ -56,10 +59,9 @@ BOOL WINAPI RememberPropertyChange(HDEVINFO list, PSP_DEVINFO_DATA node, PSP_CLA
 
 BOOL WINAPI ChangeByPlug(DI_FUNCTION function, HDEVINFO list, PSP_DEVINFO_DATA node) {
   if (function != DIF_PROPERTYCHANGE) return SetupDiCallClassInstaller(function, list, node);
-  const std::wstring id = FirstHardwareId(list, node);
-  const TouchDevice which = id.find(L"&Col05") != std::wstring::npos ? kTouchPad : kTouchScreen;
+  const auto which = CollectionAt(list, node).value_or(kTouchScreen);
   const bool enable = wantedState == DICS_ENABLE;
-  Report(L"patch " + std::wstring(enable ? L"enable " : L"disable ") + WithoutInstance(id));
+  Report(std::wstring(enable ? L"patch enable " : L"patch disable ").append(kFirstIds[which]));
   TouchController controller;
   if (!enable || (controller.Unplug(which) && controller.Plug(which))) return TRUE;
   SetLastError(ERROR_GEN_FAILURE);
@@ -88,7 +90,7 @@ BOOL WINAPI RegisterPageByUsages(PCRAWINPUTDEVICE devices, UINT count, UINT size
 }  // namespace
 
 std::array<Redirection, 4> TouchCalls() {
-  return {{{"SetupDiGetDeviceRegistryPropertyW", reinterpret_cast<void*>(HardwareIdsWithoutInstance)},
+  return {{{"SetupDiGetDeviceRegistryPropertyW", reinterpret_cast<void*>(FirstIdOfCollection)},
            {"SetupDiSetClassInstallParamsW", reinterpret_cast<void*>(RememberPropertyChange)},
            {"SetupDiCallClassInstaller", reinterpret_cast<void*>(ChangeByPlug)},
            {"RegisterRawInputDevices", reinterpret_cast<void*>(RegisterPageByUsages)}}};

@@ -1,5 +1,5 @@
-// Windows of other programs. Wine puts only its own process's windows where a placement says, and calls every other
-// window's placement a normal one, right where the window is.
+// Windows of other programs. Wine puts only its own process's windows where a placement says, and calls the place
+// that another window has now its normal one.
 #include <windows.h>
 
 #include <bit>
@@ -52,13 +52,11 @@ BOOL WINAPI PlaceWindow(HWND window, const WINDOWPLACEMENT* placement) {
   return moved;
 }
 
-/// How the window is shown can be seen; where one belongs that is not shown normally is known since it was placed.
+/// Where a window belongs that is not shown normally is known since it was placed.
 BOOL WINAPI PlacementOf(HWND window, WINDOWPLACEMENT* placement) {
   static auto* const read = BySystem(&GetWindowPlacement, "GetWindowPlacement");
   if (!read(window, placement)) return FALSE;
-  const bool minimized = IsIconic(window), maximized = IsZoomed(window);
-  if (!IsOfAnotherProcess(window) || (!minimized && !maximized)) return TRUE;
-  placement->showCmd = minimized ? SW_SHOWMINIMIZED : SW_SHOWMAXIMIZED;
+  if (!IsOfAnotherProcess(window) || placement->showCmd == SW_SHOWNORMAL) return TRUE;
   if (const HANDLE kept = GetPropW(window, kNormalPlace)) {
     const auto place = std::bit_cast<Place>(kept);
     placement->rcNormalPosition = {place.left, place.top, place.right, place.bottom};

@@ -51,8 +51,9 @@ TEST_F(Day, BackFromHibernationTheTouchDevicesAreResetAndTheUiTold) {
     Happens(std::wstring(L"the kernel writes it to the log") + again);
     Happen(SystemEvent::Resumed);
     Check(UiIsTold(L"IAMBACK"), L"UI told IAMBACK");
-    Check(Traced(L"Dissable Device Success") && Traced(L"Enable Device Success"),
-          L"the touch devices had been reset before");
+    Check(Traced(L"Enable Device Success") && Patched(L"disable HID\\VEN_GDX&DEV_1515&Col06") &&
+              Patched(L"enable HID\\VEN_GDX&DEV_1515&Col06"),
+          L"the touch screen had been reset before");
   }
 }
 

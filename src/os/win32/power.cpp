@@ -32,7 +32,9 @@ ReadValueIndex* ValueReader(bool onMains) {
 Result<PowerStatus> QueryPowerStatus() {
   SYSTEM_POWER_STATUS status{};
   if (GetSystemPowerStatus(&status) == FALSE) return win32::LastError();
-  return PowerStatus{status.ACLineStatus, status.Reserved1};  // published today as SystemStatusFlag
+  // By position: what the fourth field is called depends on the age of the headers.
+  const auto& [onMains, charge, percent, batterySaver, secondsLeft, secondsFull] = status;
+  return PowerStatus{onMains, batterySaver};
 }
 
 Result<PowerScheme> ActivePowerScheme() {
