@@ -75,6 +75,14 @@ TEST_F(F6Off, IsDoneForItsOwnWishAndKeyOnly) {
   EXPECT_FALSE(laptop.events.Signalled(KernelObjects::kPowerEvent));
 }
 
+TEST_F(F6Off, EndsTheSwitchEvenWhenTheFirmwareRefuses) {
+  laptop.faults.Fail<&os::Control>();
+  laptop.hotKey.UseF6(kOff);
+  EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"On");
+  EXPECT_FALSE(laptop.events.Signalled(KernelObjects::kPowerEvent));
+  EXPECT_FALSE(laptop.events.Signalled(KernelObjects::kSwitchingEvent));
+}
+
 TEST(F6On, BringsThePanelBack) {
   RunningLaptop laptop({.saved = L"Off", .generation = 1, .uiRunning = true});  // whose C panel is not listed as such
   laptop.displays.Project(Topology::Clone);

@@ -126,7 +126,7 @@ void ShutDown(const PowerNotifications& notifications) {
 int RunController() {
   ReadFactoryIds();
   Log(L" ******* Start TessaviewService ******* \n");
-  FollowFirstSignIn(OnSetupCompleted);
+  FollowFirstSignIn(LaunchUIAfterSetup);
   CheckTouchScreenHid();
 
   // One instance per session, and its window.

@@ -8,7 +8,7 @@ namespace tessaview {
 
 /// The hidden main window: the target of every notification, timer and command. None before it was created. Any thread.
 [[nodiscard]] os::WindowHandle gServiceWindow();
-void SetServiceWindow(os::WindowHandle window);
+void SetServiceWindow(os::WindowHandle window);  // start-up
 
 /// The timers of the service window, by their ids.
 enum class ServiceTimer : std::uint64_t {
@@ -18,7 +18,7 @@ enum class ServiceTimer : std::uint64_t {
   Desktop = 9530,          // looks whether the user is at the desktop by now
 };
 
-/// Starts a timer with its own period; one that runs starts again.
+/// Starts a timer with its own period; one that runs starts again. Main thread.
 void StartServiceTimer(ServiceTimer timer);
 void StopServiceTimer(ServiceTimer timer);
 

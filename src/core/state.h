@@ -10,6 +10,9 @@
 // What the controller keeps while it runs. Each value lies in the .cpp of its one owner, and its type says who may
 // touch it: Shared for any thread, Guarded for steps that several threads take in turn, MainThreadOnly for the main
 // thread.
+//
+// A name that begins with g, or is spelt like a flag, is that of something process-wide, also where it is a field of a
+// record or a question.
 namespace tessaview {
 
 /// Every value knows how to become its initial self again. One intrusive list, built during static initialisation,

@@ -13,7 +13,7 @@ namespace {
 constexpr int kMostRefreshes = 30;
 constexpr std::uint32_t kRefreshPauseMs = 100;
 
-/// Held for a whole search, so that one that began later also ends later.
+/// Held for a whole search: of two that come here, the one that began later also ends later.
 os::Lock gDisplayLock;
 
 void LogBPanel(const PanelRect& panel) {

@@ -156,7 +156,7 @@ PanelsFound Found(const PanelDisplayInfo& info) {
   return info.cPanel.isFound ? PanelsFound::OnlyC : PanelsFound::None;
 }
 
-std::optional<PanelRect> PlaceOf(const PanelInfo& panel) {
+std::optional<PanelRect> PlaceIfFound(const PanelInfo& panel) {
   return panel.isFound ? std::optional(panel.SettingsView()) : std::nullopt;
 }
 
@@ -176,12 +176,20 @@ PanelRect gCPanel() {
   return FoundCPanel().value_or(PanelRect{});
 }
 
+os::MonitorHandle bPanelMonitor() {
+  return gPanels.Ask([](const PanelDisplayInfo& panels) { return panels.bPanel.monitor; });
+}
+
+os::MonitorHandle cPanelMonitor() {
+  return gPanels.Ask([](const PanelDisplayInfo& panels) { return panels.cPanel.monitor; });
+}
+
 std::optional<PanelRect> FoundBPanel() {
-  return gPanels.Ask([](const PanelDisplayInfo& panels) { return PlaceOf(panels.bPanel); });
+  return gPanels.Ask([](const PanelDisplayInfo& panels) { return PlaceIfFound(panels.bPanel); });
 }
 
 std::optional<PanelRect> FoundCPanel() {
-  return gPanels.Ask([](const PanelDisplayInfo& panels) { return PlaceOf(panels.cPanel); });
+  return gPanels.Ask([](const PanelDisplayInfo& panels) { return PlaceIfFound(panels.cPanel); });
 }
 
 void ReadFactoryIds() {

@@ -25,6 +25,10 @@ void ReadFactoryIds();
 [[nodiscard]] PanelRect gBPanel();
 [[nodiscard]] PanelRect gCPanel();
 
+/// The monitors that the panels are, as the last search saw them; None for an absent panel. As quick.
+[[nodiscard]] os::MonitorHandle bPanelMonitor();
+[[nodiscard]] os::MonitorHandle cPanelMonitor();
+
 /// The same, but nothing for a panel that was not found. A panel that was found may have no area.
 [[nodiscard]] std::optional<PanelRect> FoundBPanel();
 [[nodiscard]] std::optional<PanelRect> FoundCPanel();

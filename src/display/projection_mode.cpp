@@ -25,6 +25,10 @@ Shared<os::Topology> gProjection{os::Topology::None};
 
 }  // namespace
 
+os::Topology ProjectionMode() {
+  return gProjection.get();
+}
+
 bool isInternalMode() {
   return gProjection.get() == os::Topology::Internal;
 }

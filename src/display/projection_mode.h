@@ -11,6 +11,9 @@ namespace tessaview {
 [[nodiscard]] bool isExtendMode();    // Extend
 [[nodiscard]] bool isExternalMode();  // Second screen only
 
+/// The same as one value, for who asks for more than one of them.
+[[nodiscard]] os::Topology ProjectionMode();
+
 /// The topology that the system's configuration database has in force; None when it cannot be read. Any thread.
 [[nodiscard]] os::Topology CurrentTopology();
 

@@ -94,7 +94,7 @@ void LaunchUIOnceSetUp() {
   LaunchUIOnce();
 }
 
-void OnSetupCompleted() {
+void LaunchUIAfterSetup() {
   os::StartThread(L"UI launch phase", LaunchUIOnce);
 }
 

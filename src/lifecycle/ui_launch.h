@@ -16,6 +16,6 @@ void LaunchUIOnceSetUp();
 
 /// Windows' setup ended: runs LaunchUIAtStart on a thread of its own, unless start-up has yet to come that far. Any
 /// thread.
-void OnSetupCompleted();
+void LaunchUIAfterSetup();
 
 }  // namespace tessaview

@@ -7,8 +7,8 @@ namespace tessaview {
 /// ("UACENTRY") and when the user's own desktop is back ("UACEXIT").
 void StartDesktopWatch();
 
-/// Watches the machine's list of installed packages. After a change it refreshes the panels, and launches the UI if that
-/// is installed and has no window: a UI that was installed anew shows at once.
+/// Watches the machine's list of installed packages. After a change it refreshes the panels, and launches the UI if
+/// that is installed and has no window: a UI that was installed anew shows at once.
 void StartPackageWatch();
 
 /// Watches for the machine's return from hibernation: panels and touch controller were without power. Then refreshes

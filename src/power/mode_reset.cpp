@@ -68,10 +68,11 @@ Situation LookAround() {
     Log(L"[Timestamp] MonitorList[%d] : %ls \n", i++, key);
     now.hasCPanelKey = now.hasCPanelKey || key == now.cPanel.a || key == now.cPanel.b;
   }
-  now.internal = isInternalMode();
-  now.clone = isCloneMode();
-  now.extend = isExtendMode();
-  now.external = isExternalMode();
+  const auto mode = ProjectionMode();
+  now.internal = mode == os::Topology::Internal;
+  now.clone = mode == os::Topology::Clone;
+  now.extend = mode == os::Topology::Extend;
+  now.external = mode == os::Topology::External;
   if (now.Several()) Log(L"[Timestamp] More than two monitor \n");
   if (now.One()) now.onlyOneDevice = OnlyOneMonitorDevice();
   return now;

@@ -25,7 +25,7 @@ struct Settings {
 /// Takes the user's choices from the settings file.
 void LoadSettings();
 
-/// Notes what the system says of the power source and of battery saver.
+/// Notes what the system says of the power source and of battery saver. Main thread, as what follows.
 void NotePowerSource(std::uint32_t acLineStatus, std::uint32_t batterySaverOn);
 
 /// Stores the user's choice about power saving, in memory and in the settings file.

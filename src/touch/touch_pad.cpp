@@ -182,8 +182,8 @@ bool FindTouchPadHid() {
 
 bool SearchTouchPadAgain() {
   gPad.set({});
-  FindTouchPadHid();
-  FindTouchPadHid();
+  FindTouchPadHid();  // which controller it is
+  FindTouchPadHid();  // that controller's collection for the mode
   return gPad.get().gTouchPadFound();
 }
 

@@ -13,11 +13,11 @@ bool IsOn(os::MonitorHandle panel, os::WindowHandle window) {
 }  // namespace
 
 bool IsOnBPanel(os::WindowHandle window) {
-  return IsOn(gPanelDisplayInfo().bPanel.monitor, window);
+  return IsOn(bPanelMonitor(), window);
 }
 
 bool IsOnCPanel(os::WindowHandle window) {
-  return IsOn(gPanelDisplayInfo().cPanel.monitor, window);
+  return IsOn(cPanelMonitor(), window);
 }
 
 }  // namespace tessaview

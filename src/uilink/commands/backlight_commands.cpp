@@ -15,7 +15,8 @@ namespace {
 void WarnIfBrightWhileSaving() {
   if (!gPowerSavingEnabled() || !CheckCurrentMode()) return;
   const auto level = ReadBacklight();
-  if (!gPowerSavingEnabled() || gSettings().batterySaverOn != 1 || !IsBright(level)) return;
+  const auto settings = gSettings();
+  if (settings.PowerSaving != 1 || settings.batterySaverOn != 1 || !IsBright(level)) return;
   Log(L"Send to UI message : POPBATTERYMESSAGE \n");
   TellUi(texts::kPopBatteryMessage);
 }

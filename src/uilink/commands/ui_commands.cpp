@@ -41,7 +41,8 @@ void OnFileCopy(os::BytesView record) {
 
 }  // namespace
 
-// Order matters only among the rows that match anywhere in a text: the wallpapers' come before the version's.
+// Order matters only among the rows that match anywhere in a text. The wallpapers' come before the version's: the path
+// of a picture may contain "VERSION=".
 const std::vector<UiCommand>& UiCommands() {
   static const std::vector<UiCommand> commands = [] {
     std::vector<UiCommand> all;
