@@ -70,7 +70,9 @@ ShowState AppWindow::State() const {
 }
 
 bool AppWindow::Fills(lab::Panel panel) const {
-  return Eventually([&] { return State() == ShowState::Maximized && Panel() == panel; });
+  // It counts as maximised before it has its size, which lets its frame lie outside the panel.
+  const int bottom = panel == lab::Panel::B ? 1080 : 1595;
+  return Eventually([&] { return State() == ShowState::Maximized && Panel() == panel && Area().bottom > bottom; });
 }
 
 void AppWindow::Show(int command) const {
