@@ -35,6 +35,15 @@ bool Serves(HWND window, UINT patienceMs) {
   return SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, patienceMs, nullptr) != 0;
 }
 
+/// Whether a window covers what its monitor leaves to windows. It counts as maximised before it has that size.
+bool CoversItsMonitor(HWND window) {
+  MONITORINFO info{};
+  info.cbSize = sizeof info;
+  RECT area{}, common{};
+  return GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &info) && GetWindowRect(window, &area) &&
+         IntersectRect(&common, &area, &info.rcWork) && EqualRect(&common, &info.rcWork);
+}
+
 }  // namespace
 
 AppWindow::AppWindow(const AppOptions& options)
@@ -70,9 +79,7 @@ ShowState AppWindow::State() const {
 }
 
 bool AppWindow::Fills(lab::Panel panel) const {
-  // It counts as maximised before it has its size, which lets its frame lie outside the panel.
-  const int bottom = panel == lab::Panel::B ? 1080 : 1595;
-  return Eventually([&] { return State() == ShowState::Maximized && Panel() == panel && Area().bottom > bottom; });
+  return Eventually([&] { return State() == ShowState::Maximized && Panel() == panel && CoversItsMonitor(window_); });
 }
 
 void AppWindow::Show(int command) const {
