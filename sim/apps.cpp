@@ -3,7 +3,7 @@
 namespace sim {
 namespace {
 
-constexpr std::uint32_t kInvalidHandle = 0x8007'0006;        // E_HANDLE
+constexpr std::uint32_t kInvalidHandleResult = 0x8007'0006;        // E_HANDLE
 constexpr std::uint32_t kComNotInitialised = 0x8004'01F0;    // CO_E_NOTINITIALIZED
 constexpr std::uint32_t kApplicationNotKnown = 0x8027'0254;  // E_APPLICATION_NOT_REGISTERED
 
@@ -32,7 +32,7 @@ os::Result<os::ActivationManager> Apps::Door::CreateManager() {
 
 os::Status Apps::Door::Activate(os::ActivationHandle manager, const std::wstring& appUserModelId,
                                 const std::wstring& argument) {
-  if (managers_.Find(manager) == nullptr) return os::Error{kInvalidHandle};
+  if (managers_.Find(manager) == nullptr) return os::Error{kInvalidHandleResult};
   activations_.push_back({appUserModelId, argument, scheduler_.NowMs()});
   if (appUserModelId != kUiId || !uiInstalled) return os::Error{kApplicationNotKnown};
   if (uiStartMs) {

@@ -50,7 +50,7 @@ Result<HidDevice> OpenHid(const std::wstring& path) {
 std::optional<HidAttributes> QueryHidAttributes(const HidDevice& device) {
   const auto call = sim::Enter<&QueryHidAttributes>();
   const auto* collection = Machine().touch.Find(device.get());
-  if (call.failed() || collection == nullptr || !collection->attributesReadable) return std::nullopt;
+  if (call.failed() || collection == nullptr) return std::nullopt;
   return collection->attributes;
 }
 

@@ -8,7 +8,7 @@ namespace {
 constexpr std::uint16_t kGenericPage = 0x01, kConsumerPage = 0x0C, kDigitizerPage = 0x0D, kMakerPage = 0xFF00;
 constexpr std::uint16_t kMouse = 2, kConsumerControl = 1, kTouchScreen = 4, kTouchPad = 5;
 constexpr std::uint16_t kX = 0x30, kY = 0x31, kContactId = 0x51;
-constexpr std::uint8_t kScreenReport = 1, kPadReport = 17, kModeReport = 3;
+constexpr std::uint8_t kPadReport = 17, kModeReport = 3;
 
 /// Fills in what can be told from the rest: node id, interface path, and how many values there are.
 HidCollection Completed(HidCollection collection, const std::wstring& device, const std::wstring& instance) {

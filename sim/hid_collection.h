@@ -8,6 +8,8 @@
 
 namespace sim {
 
+inline constexpr std::uint8_t kScreenReport = 1;  // id of the touch screen's report
+
 /// One HID collection: a device node, its interface and what it reports. A test may change any field.
 struct HidCollection {
   std::vector<std::wstring> hardwareIds;  // of its node, the most specific first
@@ -19,7 +21,6 @@ struct HidCollection {
   bool plugged = true, enabled = true;
   bool exclusive = false;        // the system keeps it to itself: opening it is refused
   bool hasPreparsedData = true;  // without it there are no capabilities
-  bool attributesReadable = true;
   os::HidInterface::Detail detail = os::HidInterface::Detail::Read;  // how far reading its interface path comes
   os::RawDevice raw = os::RawDevice::None;                           // given by TouchController
 

@@ -13,7 +13,7 @@ namespace {
 // The beginning of the report after which the pad moves the cursor, its report id first.
 constexpr std::array<std::uint8_t, 12> kCursorMode{3, 0x00, 0x09, 0xA1, 0x00, 0x00, 0x0F, 0x00, 0x00, 0x00, 0x08, 0x70};
 
-constexpr std::uint8_t kScreenReport = 1, kTouching = 1;
+constexpr std::uint8_t kTouching = 1;
 
 bool TakesReport(const HidCollection& collection, os::BytesView report) {
   if (report.empty() || report.size() != collection.capabilities.outputReportLength) return false;

@@ -6,7 +6,7 @@ namespace sim {
 namespace {
 
 constexpr std::uint32_t kWsChild = 0x4000'0000;
-constexpr std::uint32_t kWsExTopmost = 0x8, kWsExToolWindow = 0x80;
+constexpr std::uint32_t kWsExTopmost = 0x8;
 
 }  // namespace
 

@@ -9,6 +9,8 @@
 
 namespace sim {
 
+inline constexpr std::uint32_t kWsExToolWindow = 0x80;  // extended style WS_EX_TOOLWINDOW
+
 /// A message that was posted to a window.
 struct PostedMessage {
   std::uint32_t message = 0;

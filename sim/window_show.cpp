@@ -13,7 +13,6 @@ using os::WindowHandle;
 namespace {
 
 constexpr std::uint32_t kRestoreToMaximized = 2;  // WPF_RESTORETOMAXIMIZED
-constexpr std::uint32_t kWsExToolWindow = 0x80;
 constexpr os::Rect kMinimizedArea = {-32000, -32000, -31840, -31972};
 
 ShowState StateAfter(const Window& window, ShowCommand command) {

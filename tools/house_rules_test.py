@@ -103,7 +103,7 @@ BITES = {
 ALLOWED = {
     "all has its row": COMPLETE,
     "elsewhere": {
-        "src/app/win32/a.cpp": "#include <windows.h>\n", "lab/a.cpp": "#include <hid.h>\n",
+        "lab/a.cpp": "#include <hid.h>\n",
         "src/os/win32/a.cpp": "#include <thread>\nvoid F() { std::this_thread::yield(); }\n",
         "sim/scheduler.h": H + "#include <thread>\n#include <condition_variable>\n",
         "bench/a_bench.cpp": "#include <chrono>\n", "sim/a.cpp": "int a;\n" * 400,
@@ -115,8 +115,9 @@ ALLOWED = {
         "src/os/a.h": H, "src/core/b.h": H + '#include "os/a.h"\n', "src/os/win32/w.h": H,
         "src/uilink/channel/c.h": H + '#include "core/b.h"\ninline constexpr int kOne = 1;\ninline int F(int a);\n',
         "src/windows/mover/d.cpp": '#include "uilink/channel/c.h"\n',
-        "src/app/win32/program.cpp": '#include <windows.h>\n#include "os/win32/w.h"\n#include "resources/resource.h"\n',
-        "resources/resource.h": H, "sim/d.h": H, "tests/d_test.cpp": '#include "sim/d.h"\n#include "core/b.h"\n',
+        "src/os/win32/programs/a.cpp": '#include <windows.h>\n#include "windows/mover/d.h"\n#include "resources/r.h"\n',
+        "src/windows/mover/d.h": H,
+        "resources/r.h": H, "sim/d.h": H, "tests/d_test.cpp": '#include "sim/d.h"\n#include "core/b.h"\n',
     },
     "two ways to one module": {
         "src/power/a.cpp": '#include "power/b.h"\n#include "power/c.h"\n', "src/power/b.h": H + '#include "power/c.h"\n',

@@ -17,8 +17,8 @@ _VARIABLE = re.compile(r"(extern|(inline|static)\s+(?!const))[^(]*[;={]")
 # Folders below which a quoted include may start; the lab's own programs also start at lab/.
 INCLUDE_ROOTS = ("src/", "")
 
-# The folders of src/ from the ground up: a file includes files of its own folder and of those before it. A folder's
-# Windows side, win32, stands beside it and is private to such sides.
+# The folders of src/ from the ground up: a file includes files of its own folder and of those before it. The door's
+# Windows side, os/win32, is private to itself; the programs' entries stand there and see what start-up sees.
 LAYERS = [
     "os",
     "core",
@@ -34,16 +34,17 @@ LAYERS = [
     "uilink/events",
     "app",
 ]
-WINDOWS_SIDES = ("src/os/win32/", "src/app/win32/")
+WINDOWS_SIDE = "src/os/win32/"
+PROGRAMS = WINDOWS_SIDE + "programs/"
 
 
 def windows_headers_behind_the_door(tree):
     for file in tree.cpp():
-        if file.path.startswith((*WINDOWS_SIDES, "lab/")):
+        if file.path.startswith((WINDOWS_SIDE, "lab/")):
             continue
         for line, path, _ in file.includes:
             if WINDOWS_HEADER.fullmatch(path.lower()):
-                yield file.at(line, f"<{path}> outside a win32 folder and lab; call a door function of src/os instead")
+                yield file.at(line, f"<{path}> outside {WINDOWS_SIDE} and lab; call a door function of src/os instead")
 
 
 def _resolve(tree, file, path):
@@ -92,7 +93,9 @@ def _includes_within_src(tree):
 
 
 def _folder(path):
-    """The folder of src/ that a file stands in, or stands beside as its Windows side."""
+    """The layer that a file belongs to: its folder of src/."""
+    if path.startswith(PROGRAMS):
+        return "app"
     return path.removeprefix("src/").rpartition("/")[0].removesuffix("/win32")
 
 
@@ -103,7 +106,7 @@ def includes_go_down_the_layers(tree):
                              "include_rules.py")
     for file, line, target in _includes_within_src(tree):
         own, other = _folder(file.path), _folder(target)
-        if target.startswith(WINDOWS_SIDES) and not file.path.startswith(WINDOWS_SIDES):
+        if target.startswith(WINDOWS_SIDE) and not file.path.startswith(WINDOWS_SIDE):
             yield file.at(line, f"{target} is private to the Windows side; include a header of src/{other} instead")
         elif own in LAYERS and other in LAYERS and LAYERS.index(other) > LAYERS.index(own):
             yield file.at(line, f"{own} stands below {other} and includes {target}; move what is needed down, or let "

@@ -20,6 +20,8 @@
 namespace tessaview {
 namespace {
 
+using os::Topology;
+
 os::Lock gResetLock;  // the main thread and "Win+P" both come here
 
 /// The two names of the C panel among the stored configurations.
@@ -39,7 +41,7 @@ struct Situation {
   CPanelKeys cPanel;
   bool hasCPanelKey = false;
   bool onlyOneDevice = false;  // one monitor is listed, and one monitor device is present
-  bool internal = false, clone = false, extend = false, external = false;
+  Topology mode = Topology::None;
 
   [[nodiscard]] bool None() const { return monitors.empty(); }
   [[nodiscard]] bool Several() const { return monitors.size() >= 2; }
@@ -68,11 +70,7 @@ Situation LookAround() {
     Log(L"[Timestamp] MonitorList[%d] : %ls \n", i++, key);
     now.hasCPanelKey = now.hasCPanelKey || key == now.cPanel.a || key == now.cPanel.b;
   }
-  const auto mode = ProjectionMode();
-  now.internal = mode == os::Topology::Internal;
-  now.clone = mode == os::Topology::Clone;
-  now.extend = mode == os::Topology::Extend;
-  now.external = mode == os::Topology::External;
+  now.mode = ProjectionMode();
   if (now.Several()) Log(L"[Timestamp] More than two monitor \n");
   if (now.One()) now.onlyOneDevice = OnlyOneMonitorDevice();
   return now;
@@ -125,16 +123,16 @@ constexpr Rule kRules[] = {
 
     {[](const Situation& now) { return now.Several() && now.hasCPanelKey; }, [] { Log(L"[Timestamp] set extend \n"); },
      Extend},
-    {[](const Situation& now) { return now.Several() && now.clone; },
+    {[](const Situation& now) { return now.Several() && now.mode == Topology::Clone; },
      [] { Log(L"[Timestamp] Duplicate, set power on, set extend \n"); }, PowerOnAndExtend},
-    {[](const Situation& now) { return now.Several() && now.extend; },
+    {[](const Situation& now) { return now.Several() && now.mode == Topology::Extend; },
      [] { Log(L"[Timestamp] Extend, set power on, set extend \n"); }, PowerOnAndExtend},
     {[](const Situation& now) { return now.Several(); }, TellNothing, MakeNewestAndPowerOn},
 
-    {[](const Situation& now) { return now.OneOfMore() && now.internal; },
+    {[](const Situation& now) { return now.OneOfMore() && now.mode == Topology::Internal; },
      [] { Log(L"[Timestamp] External another screen and PC screen only. Set power on, set extend \n"); },
      PowerOnAndExtend},
-    {[](const Situation& now) { return now.OneOfMore() && now.external; },
+    {[](const Situation& now) { return now.OneOfMore() && now.mode == Topology::External; },
      [] { Log(L"[Timestamp] External another screen and Second screen only. Set power on, set extend \n"); },
      PowerOnAndExtend},
     {[](const Situation& now) { return now.OneOfMore() || now.hasCPanelKey; }, TellNothing, LeaveAsItIs},
