@@ -28,8 +28,8 @@ bool PostToWindow(WindowHandle window, std::uint32_t message, std::uint64_t wPar
   if (window == WindowHandle::None) return true;  // a message to the calling thread itself, which nobody hears
   auto* target = Machine().desktop.Find(window);
   if (target == nullptr) return false;
-  target->posted.push_back({message, wParam, lParam});
   if (window == Machine().window.Handle()) return Machine().window.PostRaw(message, wParam, lParam);
+  target->posted.push_back({message, wParam, lParam});
   return true;
 }
 
