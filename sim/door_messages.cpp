@@ -48,7 +48,9 @@ bool SendCopyDataTimeout(WindowHandle window, std::uint64_t kind, BytesView reco
   auto& laptop = Machine();
   const auto* target = laptop.desktop.Find(window);
   if (target == nullptr || !target->responsive) return false;
-  return laptop.desktop.DeliverCopyData(window, kind, record, laptop.scheduler.NowMs() + timeoutMs);
+  const auto deadlineMs = laptop.scheduler.NowMs() + timeoutMs;
+  if (window == laptop.window.Handle()) return laptop.window.SendCopyData(kind, record, deadlineMs);
+  return laptop.desktop.DeliverCopyData(window, kind, record, deadlineMs);
 }
 
 }  // namespace os

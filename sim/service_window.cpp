@@ -97,17 +97,24 @@ bool ServiceWindow::PostRaw(std::uint32_t message, std::uint64_t wParam, std::in
   return true;
 }
 
-void ServiceWindow::Door::SendCopyData(std::uint64_t kind, os::BytesView record) {
+bool ServiceWindow::Door::SendCopyData(std::uint64_t kind, os::BytesView record,
+                                       std::optional<std::uint64_t> deadlineMs) {
   if (OwnedBy(Scheduler::ThreadId())) {
     held_.events->copyData(kind, record);  // a window's own thread calls its procedure straight away
-    return;
+    return true;
   }
-  const auto handled = std::make_shared<bool>(false);
+  struct Sent {
+    bool isWithdrawn = false, isHandled = false;
+  };
+  const auto sent = std::make_shared<Sent>();
   Send([=, bytes = os::Bytes(record.begin(), record.end())](const auto& events) {
+    if (sent->isWithdrawn) return;
     events.copyData(kind, bytes);
-    *handled = true;
+    sent->isHandled = true;
   });
-  scheduler_.WaitUntil([=, this] { return *handled || !Exists(); });
+  scheduler_.WaitUntil([=, this] { return sent->isHandled || !Exists(); }, deadlineMs);
+  sent->isWithdrawn = true;
+  return sent->isHandled;
 }
 
 void ServiceWindow::PickMenuItem(std::uint16_t id) {

@@ -98,8 +98,9 @@ class ServiceWindow::Door : public ServiceWindow {
   void SeeScalePerMonitor() { held_.perMonitorDpi = true; }
   /// Serves the calling thread until its loop is quit; returns the code of that.
   int RunLoop();
-  /// A copy-data record sent by a thread of this process: handled before this returns.
-  void SendCopyData(std::uint64_t kind, os::BytesView record);
+  /// A copy-data record sent by a thread of this process: handled before this returns true. What is not begun by the
+  /// deadline is never handled.
+  bool SendCopyData(std::uint64_t kind, os::BytesView record, std::optional<std::uint64_t> deadlineMs = {});
 
   void EndProcess() { held_ = {}; }
 
