@@ -4,15 +4,23 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string_view>
+
+#include "os/waiting.h"
 
 namespace sim {
 
 /// Stands for one door function: its address is the function's identity.
 struct DoorKey {
-  char unused = 0;
+  os::WaitingMark waiting;
+  std::string_view signature;  // the compiler's words, with the function's name in them
 };
 template <auto Function>
-inline constexpr DoorKey kDoorKey{};
+consteval std::string_view SignatureOf() {
+  return __PRETTY_FUNCTION__;
+}
+template <auto Function>
+inline constexpr DoorKey kDoorKey{os::kWaiting<Function>, SignatureOf<Function>()};
 
 /// What the test arranged for one call of a door function.
 class DoorCall {
@@ -34,8 +42,9 @@ class DoorCall {
 };
 
 /// The first step of every door function that may block or fail: unwinds the thread when the laptop is being switched
-/// off, takes the time the test asked for, counts the call and looks up its fault. Not for the closing functions,
-/// which must not throw.
+/// off, hands over what waits when the function lets it through, takes the time the test asked for, counts the call and
+/// looks up its fault. A call that waits for another program while the thread holds a lock ends the test. Not for the
+/// closing functions, which must not throw.
 DoorCall EnterDoor(const DoorKey& function);
 
 template <auto Function>

@@ -28,8 +28,8 @@ bool PostToWindow(WindowHandle window, std::uint32_t message, std::uint64_t wPar
   if (window == WindowHandle::None) return true;  // a message to the calling thread itself, which nobody hears
   auto* target = Machine().desktop.Find(window);
   if (target == nullptr) return false;
-  target->posted.push_back({message, wParam, lParam});
   if (window == Machine().window.Handle()) return Machine().window.PostRaw(message, wParam, lParam);
+  target->posted.push_back({message, wParam, lParam});
   return true;
 }
 
@@ -48,7 +48,9 @@ bool SendCopyDataTimeout(WindowHandle window, std::uint64_t kind, BytesView reco
   auto& laptop = Machine();
   const auto* target = laptop.desktop.Find(window);
   if (target == nullptr || !target->responsive) return false;
-  return laptop.desktop.DeliverCopyData(window, kind, record, laptop.scheduler.NowMs() + timeoutMs);
+  const auto deadlineMs = laptop.scheduler.NowMs() + timeoutMs;
+  if (window == laptop.window.Handle()) return laptop.window.SendCopyData(kind, record, deadlineMs);
+  return laptop.desktop.DeliverCopyData(window, kind, record, deadlineMs);
 }
 
 }  // namespace os

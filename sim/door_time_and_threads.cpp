@@ -64,11 +64,15 @@ void Lock::lock() {
   if (!Machine().scheduler.WaitUntil(mayTake)) return;  // being unwound
   state_->owner = thread;
   ++state_->depth;
+  ++Machine().scheduler.LocksHeld();
 }
 
 void Lock::unlock() {
   if (!sim::IsOn()) return;
-  if (!state_->Free() && state_->owner == sim::Scheduler::ThreadId()) --state_->depth;
+  if (!state_->Free() && state_->owner == sim::Scheduler::ThreadId()) {
+    --state_->depth;
+    --Machine().scheduler.LocksHeld();
+  }
 }
 
 struct Semaphore::State {

@@ -9,8 +9,8 @@ namespace {
 Parts* gMachine = nullptr;
 InstalledProgram gProgram;
 
-[[noreturn]] void Fatal(const char* what) {
-  std::fprintf(stderr, "simulated laptop: %s\n", what);
+[[noreturn]] void Fatal(const char* what, std::string_view where = {}) {
+  std::fprintf(stderr, "simulated laptop: %s %.*s\n", what, static_cast<int>(where.size()), where.data());
   std::abort();
 }
 
@@ -28,8 +28,17 @@ Parts& Machine() {
 DoorCall EnterDoor(const DoorKey& function) {
   auto& machine = Machine();
   if (Scheduler::ThreadName().empty()) Fatal("the operating system was called by a thread that it did not start");
-  machine.scheduler.Checkpoint();
-  if (const auto delayMs = machine.faults.Begin(function); delayMs > 0) machine.scheduler.Sleep(delayMs);
+  auto& scheduler = machine.scheduler;
+  scheduler.Checkpoint();
+  const auto marked = function.waiting.way, way = machine.WayOf(function.waiting);
+  const bool waitsForPrograms = marked == os::Waiting::Serving || marked == os::Waiting::ServingInput;
+  if (waitsForPrograms && scheduler.LocksHeld() > 0) Fatal("a lock is held", function.signature);
+  const auto delayMs = machine.faults.Begin(function);
+  scheduler.Wait(delayMs > 0 && way == os::Waiting::Instant ? os::Waiting::Deaf : way);
+  scheduler.Serve();
+  if (delayMs > 0) scheduler.Sleep(delayMs);
+  scheduler.Wait(way);
+  if (way == os::Waiting::ServingInput && scheduler.InSentMessage()) return {os::kComCallRefused, std::nullopt};
   return machine.faults.Outcome(function);
 }
 
@@ -39,6 +48,7 @@ bool Laptop::Install(InstalledProgram program) {
 }
 
 Laptop::Laptop(const LaptopOptions& options) : parts_(options.seed, options.interleaving) {
+  parts_.turnsUndocumented = options.turnsUndocumented;
   if (gMachine != nullptr) Fatal("there is a laptop already");
   gMachine = &parts_;
   WriteSettings(options);

@@ -23,7 +23,7 @@ void Management::Door::Serve() {
   while (scheduler_.WaitUntil([this] { return !stopped_.empty(); })) {
     const auto name = std::move(stopped_.front());
     stopped_.pop_front();
-    if (subscription_) subscription_->events.stopped(name);
+    if (subscription_) scheduler_.CallProgram([&] { subscription_->events.stopped(name); });
   }
 }
 

@@ -7,6 +7,11 @@ std::uint64_t Parts::NextProcessRun() {
   return ++runs;
 }
 
+os::Waiting Parts::WayOf(os::WaitingMark mark) const {
+  if (mark.isDocumented || !turnsUndocumented) return mark.way;
+  return mark.way == os::Waiting::Deaf ? os::Waiting::Serving : os::Waiting::Deaf;
+}
+
 void Parts::EndProcess(void (*forget)()) {
   scheduler.EndProcess();
   forget();  // while what it may close is still there

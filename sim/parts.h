@@ -40,9 +40,13 @@ namespace sim {
 struct Parts {
   Parts(std::uint32_t seed, bool interleaving) : scheduler(seed, interleaving) {}
 
+  /// How a door function lets its thread wait on this machine.
+  [[nodiscard]] os::Waiting WayOf(os::WaitingMark mark) const;
+
   /// The process is gone, and all it held. `forget` makes its program forget all it knew.
   void EndProcess(void (*forget)());
 
+  bool turnsUndocumented = false;  // what is not documented is the other way round
   Scheduler scheduler;
   Faults::Door faults;
   ThreadLoops loops{scheduler};

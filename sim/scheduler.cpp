@@ -46,9 +46,22 @@ bool Scheduler::MustUnwind() const {
 }
 
 bool Scheduler::WaitUntil(const Condition& ready, std::optional<std::uint64_t> deadlineMs, Patience patience) {
+  const auto& self = *self_;
+  const auto orDue = [&] { return ready() || self.Due() != nullptr; };
+  for (;;) {
+    if (!WaitOnce(orDue, deadlineMs, patience)) return false;
+    if (ready()) return true;
+    // What ends the wait meanwhile takes effect only after this.
+    Serve();
+    if (deadlineMs && nowMs_ >= *deadlineMs) return ready();
+  }
+}
+
+bool Scheduler::WaitOnce(const Condition& ready, std::optional<std::uint64_t> deadlineMs, Patience patience) {
   if (choosing_) throw std::logic_error("the machine's own actions must not wait");
   if (MustUnwind()) throw ProcessEnded{};
   if (ready() || (ended_ && !IsTest(*self_))) return ready();
+  if (!IsTest(*self_) && self_->way == os::Waiting::Instant) throw std::logic_error("an instant door call waits");
 
   if (IsTest(*self_)) {
     TestWait(ready, deadlineMs.value_or(nowMs_ + kLongestTestWaitMs), !deadlineMs);
@@ -77,10 +90,42 @@ void Scheduler::Checkpoint() {
   if (MustUnwind()) throw ProcessEnded{};
   if (ended_) return;
   if (++checkpointsSinceMove_ > kPollsWithoutTime) {
+    self_->way = os::Waiting::Deaf;
     Sleep(1);
   } else if (interleaving_ && generator_() % 4 == 0) {
     HandOn();  // can run again at once, so this only gives others a chance
   }
+}
+
+// ---- What is handed to a thread while it waits ----
+
+const Deliveries* Scheduler::Participant::Due() const {
+  const auto find = [](const auto& among) -> const Deliveries* {
+    for (const auto& deliveries : among) {
+      if (deliveries.waiting()) return &deliveries;
+    }
+    return nullptr;
+  };
+  if (way != os::Waiting::Serving && way != os::Waiting::ServingInput) return nullptr;
+  if (const auto* due = find(sent)) return due;
+  return way == os::Waiting::ServingInput ? find(input) : nullptr;
+}
+
+void Scheduler::Deliver(Deliveries deliveries, bool isInput) {
+  (isInput ? self_->input : self_->sent).push_back(std::move(deliveries));
+}
+
+void Scheduler::Serve() {
+  if (choosing_) return;  // the machine acts, and no program waits here
+  while (const auto* due = self_->Due()) due->handOverOne();
+}
+
+void Scheduler::CallProgram(const std::function<void()>& handle, bool isSentMessage) {
+  const auto way = std::exchange(self_->way, os::Waiting::Deaf);
+  const auto inSentMessage = std::exchange(self_->inSentMessage, isSentMessage);
+  handle();
+  self_->way = way;
+  self_->inSentMessage = inSentMessage;
 }
 
 // ---- Threads ----

@@ -13,10 +13,18 @@
 #include <utility>
 #include <vector>
 
+#include "os/waiting.h"
+
 namespace sim {
 
 /// Thrown out of a door call when the simulated process is ended; ends the thread it reaches.
 struct ProcessEnded {};
+
+/// What waits to be handed to one thread, of one class of deliveries.
+struct Deliveries {
+  std::function<bool()> waiting;
+  std::function<void()> handOverOne;
+};
 
 /// Virtual time and the threads that live in it.
 ///
@@ -56,6 +64,23 @@ class Scheduler {
   /// A point where a running thread may lose the turn: when the process is ended, when interleaving was asked for, and
   /// when it has run for suspiciously long without time passing (a loop that polls without sleeping).
   void Checkpoint();
+
+  // ---- what is handed to a thread while it waits inside a door call ----
+
+  /// How the door call that the calling thread is in lets it wait from here on.
+  void Wait(os::Waiting way) { self_->way = way; }
+  /// From now on these are deliveries of the calling thread, sent ones or input, until the last ones are taken back.
+  void Deliver(Deliveries deliveries, bool isInput = false);
+  void TakeBackDeliveries() { self_->sent.pop_back(); }
+  /// Hands over what waits now, if the door call under way lets it through.
+  void Serve();
+  /// Calls `handle` as the system calls a program, outside or in the middle of a door call.
+  void CallProgram(const std::function<void()>& handle, bool isSentMessage = false);
+  /// Whether the calling thread is handling a message that another thread sent (InSendMessage).
+  [[nodiscard]] bool InSentMessage() const { return self_->inSentMessage; }
+
+  /// How many locks the calling thread holds.
+  [[nodiscard]] int& LocksHeld() const { return self_->locksHeld; }
 
   /// Starts a thread of the controller. It runs when it gets the turn. False when the process has ended.
   bool StartThread(std::wstring name, std::function<void()> body);
@@ -102,8 +127,17 @@ class Scheduler {
     Patience patience = Patience::Bounded;
     bool whenQuiet = false;  // the test's thread: runs also once all others wait without a time limit
     bool finished = false;
+
+    os::Waiting way = os::Waiting::Deaf;  // as the door call that it is in has it
+    std::vector<Deliveries> sent = {}, input = {};
+    bool inSentMessage = false;
+    int locksHeld = 0;
+
+    /// The first deliveries that the door call under way lets through; null when there are none.
+    [[nodiscard]] const Deliveries* Due() const;
   };
 
+  bool WaitOnce(const Condition& ready, std::optional<std::uint64_t> deadlineMs, Patience patience);
   void ThreadMain(Participant& self, std::function<void()> body);
   [[nodiscard]] bool IsTest(const Participant& participant) const { return &participant == participants_[0].get(); }
   [[nodiscard]] bool CanRun(const Participant& participant) const;

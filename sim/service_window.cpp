@@ -16,7 +16,10 @@ constexpr std::uint32_t kClose = 0x0010, kCommand = 0x0111, kTimer = 0x0113;  //
 ServiceWindow::ServiceWindow(Scheduler& scheduler, ThreadLoops& loops, const FileSystem& files, Displays& displays,
                              Desktop& desktop)
     : scheduler_(scheduler), loops_(loops), files_(files), desktop_(desktop) {
-  displays.WhenLaidOut([this] { Send([](const auto& events) { events.displayChange(); }); });
+  displays.WhenLaidOut([this] {
+    Send([](const auto& events) { events.displayChange(); });
+    scheduler_.Serve();  // a program that changes the displays hears of it inside the call
+  });
 }
 
 // ---- The window ----
@@ -32,6 +35,11 @@ os::WindowHandle ServiceWindow::Door::Create(const std::wstring& className, cons
   if (found == held_.classes.end() || Exists()) return os::WindowHandle::None;
   held_.events = found->second;
   held_.owner = Scheduler::ThreadId();
+  const auto deliver = [this](std::deque<Message>& queue, bool isSent) {
+    scheduler_.Deliver({[&queue] { return !queue.empty(); }, [&, isSent, this] { HandOver(queue, isSent); }}, !isSent);
+  };
+  deliver(held_.sent, true);
+  deliver(held_.input, false);
   held_.handle =
       desktop_.Open({.className = className, .title = title, .program = files_.ownProgram, .visible = false});
   return held_.handle;
@@ -43,6 +51,7 @@ void ServiceWindow::Close(os::WindowHandle window) {
   desktop_.Close(std::exchange(held_.handle, os::WindowHandle::None));
   held_.sent.clear();
   held_.posted.clear();
+  held_.input.clear();
   held_.timers.clear();
 }
 
@@ -60,6 +69,16 @@ void ServiceWindow::Post(Message message) {
   if (Exists()) held_.posted.push_back(std::move(message));
 }
 
+void ServiceWindow::Input(Message message) {
+  if (Exists()) held_.input.push_back(std::move(message));
+}
+
+void ServiceWindow::HandOver(std::deque<Message>& queue, bool isSent) {
+  const Message message = std::move(queue.front());
+  queue.pop_front();
+  scheduler_.CallProgram([&] { message(*held_.events); }, isSent);
+}
+
 bool ServiceWindow::PostRaw(std::uint32_t message, std::uint64_t wParam, std::int64_t lParam) {
   if (!Exists()) return false;
   if (message == kClose) {
@@ -68,6 +87,8 @@ bool ServiceWindow::PostRaw(std::uint32_t message, std::uint64_t wParam, std::in
     Post([wParam](const auto& events) { events.command(static_cast<std::uint16_t>(wParam)); });
   } else if (message == kTimer) {
     Post([wParam](const auto& events) { events.timer(wParam); });
+  } else if (message == os::kNotedMessage) {
+    Post([](const auto& events) { events.noted(); });
   } else if (message == held_.events->hotKeyMessage) {
     Post([=](const auto& events) { events.hotKey(wParam, lParam); });
   } else if (message == held_.events->touchPadStatusMessage) {
@@ -76,17 +97,24 @@ bool ServiceWindow::PostRaw(std::uint32_t message, std::uint64_t wParam, std::in
   return true;
 }
 
-void ServiceWindow::Door::SendCopyData(std::uint64_t kind, os::BytesView record) {
+bool ServiceWindow::Door::SendCopyData(std::uint64_t kind, os::BytesView record,
+                                       std::optional<std::uint64_t> deadlineMs) {
   if (OwnedBy(Scheduler::ThreadId())) {
     held_.events->copyData(kind, record);  // a window's own thread calls its procedure straight away
-    return;
+    return true;
   }
-  const auto handled = std::make_shared<bool>(false);
+  struct Sent {
+    bool isWithdrawn = false, isHandled = false;
+  };
+  const auto sent = std::make_shared<Sent>();
   Send([=, bytes = os::Bytes(record.begin(), record.end())](const auto& events) {
+    if (sent->isWithdrawn) return;
     events.copyData(kind, bytes);
-    *handled = true;
+    sent->isHandled = true;
   });
-  scheduler_.WaitUntil([=, this] { return *handled || !Exists(); });
+  scheduler_.WaitUntil([=, this] { return sent->isHandled || !Exists(); }, deadlineMs);
+  sent->isWithdrawn = true;
+  return sent->isHandled;
 }
 
 void ServiceWindow::PickMenuItem(std::uint16_t id) {
@@ -120,30 +148,29 @@ void ServiceWindow::Door::ServeOneTimer() {
                                 [now](const auto& timer) { return timer.second.dueMs <= now; });
   if (due == held_.timers.end()) return;
   due->second.dueMs = now + due->second.periodMs;
-  held_.events->timer(due->first);
+  scheduler_.CallProgram([&, id = due->first] { held_.events->timer(id); });
 }
 
 // ---- Message loops ----
 
 bool ServiceWindow::Door::HasWork(std::uint32_t thread) const {
   if (loops_.IsQuit(thread)) return true;
-  return OwnedBy(thread) && (!held_.sent.empty() || !held_.posted.empty() || held_.timersChanged);
+  const bool none = held_.sent.empty() && held_.posted.empty() && held_.input.empty();
+  return OwnedBy(thread) && (!none || held_.timersChanged);
 }
 
-bool ServiceWindow::Door::ServeOneMessage() {
-  auto& queue = held_.sent.empty() ? held_.posted : held_.sent;
+bool ServiceWindow::Door::ServeOne(std::deque<Message>& queue) {
   if (!OwnedBy(Scheduler::ThreadId()) || queue.empty()) return false;
-  const Message message = std::move(queue.front());
-  queue.pop_front();
-  message(*held_.events);
+  HandOver(queue, &queue == &held_.sent);
   return true;
 }
 
 int ServiceWindow::Door::RunLoop() {
   const auto thread = Scheduler::ThreadId();
   for (;;) {
-    if (ServeOneMessage()) continue;
+    if (ServeOne(held_.sent) || ServeOne(held_.posted)) continue;
     if (const auto code = loops_.TakeQuit()) return *code;
+    if (ServeOne(held_.input)) continue;
     held_.timersChanged = false;
     const auto timer = OwnedBy(thread) ? NextTimer() : std::nullopt;
     const bool work =

@@ -20,7 +20,8 @@ namespace sim {
 
 /// The controller's hidden window with its queues and timers, and the message loops of the controller's threads.
 ///
-/// A loop serves sent messages first, then posted ones, then the quit message, then timers, as the system does.
+/// A loop serves sent messages first, then posted ones, then the quit message, then input, then timers, as the system
+/// does. A wait of the window's thread inside the system serves what is sent, and one inside COM input as well.
 class ServiceWindow {
  public:
   class Door;
@@ -32,9 +33,10 @@ class ServiceWindow {
   [[nodiscard]] os::WindowHandle Handle() const { return held_.handle; }
   [[nodiscard]] bool Exists() const { return held_.handle != os::WindowHandle::None; }
 
-  /// Queues a message behind the other sent or posted ones; lost without a window.
+  /// Queues a message of another program, or input, behind the others of its class; lost without a window.
   void Send(Message message);
   void Post(Message message);
+  void Input(Message message);
 
   /// Whether a message from a process of lower integrity reaches the window.
   [[nodiscard]] bool LetsThrough(std::uint32_t message) const { return held_.allowed.contains(message); }
@@ -63,7 +65,7 @@ class ServiceWindow {
     const os::ServiceWindowEvents* events = nullptr;  // of the window's class
     os::WindowHandle handle = os::WindowHandle::None;
     std::uint32_t owner = 0;  // the thread whose loop serves the window
-    std::deque<Message> sent = {}, posted = {};
+    std::deque<Message> sent = {}, posted = {}, input = {};
     std::map<std::uint64_t, Timer> timers = {};
     bool timersChanged = false;
     std::set<std::uint32_t> allowed = {};
@@ -73,6 +75,7 @@ class ServiceWindow {
 
   [[nodiscard]] bool OwnedBy(std::uint32_t thread) const;
   void Close(os::WindowHandle window);
+  void HandOver(std::deque<Message>& queue, bool isSent);
 
   Scheduler& scheduler_;
   ThreadLoops& loops_;
@@ -95,15 +98,16 @@ class ServiceWindow::Door : public ServiceWindow {
   void SeeScalePerMonitor() { held_.perMonitorDpi = true; }
   /// Serves the calling thread until its loop is quit; returns the code of that.
   int RunLoop();
-  /// A copy-data record sent by a thread of this process: handled before this returns.
-  void SendCopyData(std::uint64_t kind, os::BytesView record);
+  /// A copy-data record sent by a thread of this process: handled before this returns true. What is not begun by the
+  /// deadline is never handled.
+  bool SendCopyData(std::uint64_t kind, os::BytesView record, std::optional<std::uint64_t> deadlineMs = {});
 
   void EndProcess() { held_ = {}; }
 
  private:
   [[nodiscard]] bool HasWork(std::uint32_t thread) const;
   [[nodiscard]] std::optional<std::uint64_t> NextTimer() const;
-  bool ServeOneMessage();
+  bool ServeOne(std::deque<Message>& queue);
   void ServeOneTimer();
 };
 

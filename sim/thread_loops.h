@@ -17,17 +17,23 @@ class ThreadLoops {
  public:
   explicit ThreadLoops(Scheduler& scheduler) : scheduler_(scheduler) {}
 
-  /// Hands the calling thread what comes into its queue, one after the other, until its loop is quit. `longestMs` grows
+  /// Hands the calling thread what comes into its queue, one after the other, until its loop is quit; also while a
+  /// call that it makes serves. `longestMs` grows
   /// to the longest that one of them took.
   template <class Item, class Take>
   void Serve(std::deque<Item>& queue, std::uint64_t& longestMs, Take take) {
-    while (AwaitWork([&queue] { return !queue.empty(); })) {
-      const auto item = std::move(queue.front());
-      queue.pop_front();
-      const auto start = scheduler_.NowMs();
-      take(item);
-      longestMs = std::max(longestMs, scheduler_.NowMs() - start);
-    }
+    const Deliveries deliveries{.waiting = [&queue] { return !queue.empty(); },
+                                .handOverOne =
+                                    [&] {
+                                      const auto item = std::move(queue.front());
+                                      queue.pop_front();
+                                      const auto start = scheduler_.NowMs();
+                                      scheduler_.CallProgram([&] { take(item); });
+                                      longestMs = std::max(longestMs, scheduler_.NowMs() - start);
+                                    }};
+    scheduler_.Deliver(deliveries);
+    while (AwaitWork(deliveries.waiting)) deliveries.handOverOne();
+    scheduler_.TakeBackDeliveries();
   }
 
   /// The calling thread's loop ends, with this code, once nothing else is left to serve.

@@ -98,7 +98,7 @@ void TouchController::ReportFrom(const HidCollection& collection, os::Bytes repo
 void TouchController::Deliver(const HidCollection& collection, os::Bytes report, os::RawInput input) {
   if (!collection.Works() || !RawInputReaches(collection.capabilities.usagePage)) return;
   input.device = collection.raw;
-  window_.Post([input, report = std::move(report)](const os::ServiceWindowEvents& events) {
+  window_.Input([input, report = std::move(report)](const os::ServiceWindowEvents& events) {
     auto arrived = input;
     arrived.report = report;
     events.rawInput(arrived);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace sim {
 namespace {
@@ -9,12 +10,15 @@ namespace {
 constexpr const wchar_t* kClasses[] = {Ui::kMainClass, Ui::kGuideClass, Ui::kVideoClass};
 constexpr auto kProgram = L"C:\\Program Files\\WindowsApps\\7C31A0D4.TessaviewMaster\\NorvTessaview.exe";
 
+os::Bytes TextRecord(const std::wstring& text, const UiFields& fields) {
+  const auto handle = fields.percent ? static_cast<std::uint32_t>(*fields.percent) : fields.handle;
+  return EncodeUiRecord({.text = text, .handle = handle, .rect = fields.rect, .point = fields.point});
+}
+
 }  // namespace
 
 void Ui::Open(const wchar_t* className) {
-  const auto take = [this, className](std::uint64_t kind, os::BytesView bytes) {
-    received_.push_back({className, kind, os::Bytes(bytes.begin(), bytes.end())});
-  };
+  const auto take = [this, className](std::uint64_t kind, os::BytesView bytes) { return Take(className, kind, bytes); };
   desktop_.Open({.className = className,
                  .title = className,
                  .program = kProgram,
@@ -72,6 +76,30 @@ void Ui::Busy(std::uint32_t ms) {
   scheduler_.After(ms, [] {});  // whoever waits for an answer gets it then
 }
 
+// ---- What its handlers do ----
+
+std::function<bool()> Ui::Take(const wchar_t* className, std::uint64_t kind, os::BytesView bytes) {
+  received_.push_back({className, kind, os::Bytes(bytes.begin(), bytes.end())});
+  const auto record = kind == kTextKind ? DecodeUiRecord(bytes) : std::nullopt;
+  if (record && whenTold) whenTold(record->text);
+  const auto asked = std::exchange(askedBack_, {});
+  if (asked.empty() && handlingMs_ == 0) return {};
+  scheduler_.After(handlingMs_, [] {});
+  return [this, asked, endMs = scheduler_.NowMs() + handlingMs_] {
+    const auto answered = [this](const auto& each) { return *each || !window_.Exists(); };
+    return scheduler_.NowMs() >= endMs && std::all_of(asked.begin(), asked.end(), answered);
+  };
+}
+
+void Ui::AskBack(const std::wstring& text, const UiFields& fields) {
+  if (!window_.LetsThrough(os::kCopyDataMessage)) return;
+  const auto answered = askedBack_.emplace_back(std::make_shared<bool>(false));
+  window_.Send([=, record = TextRecord(text, fields)](const os::ServiceWindowEvents& events) {
+    events.copyData(kTextKind, record);
+    *answered = true;
+  });
+}
+
 // ---- What it got ----
 
 std::vector<std::wstring> Ui::Received() const {
@@ -103,8 +131,7 @@ std::vector<os::Bytes> Ui::ReceivedReports() const {
 // ---- What it asks ----
 
 void Ui::Send(const std::wstring& text, const UiFields& fields) {
-  const auto handle = fields.percent ? static_cast<std::uint32_t>(*fields.percent) : fields.handle;
-  SendRaw(kTextKind, EncodeUiRecord({.text = text, .handle = handle, .rect = fields.rect, .point = fields.point}));
+  SendRaw(kTextKind, TextRecord(text, fields));
 }
 
 void Ui::SendFileCopy(const std::wstring& command, const std::wstring& from, const std::wstring& to) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -70,6 +72,13 @@ class Ui {
   [[nodiscard]] const std::vector<ReceivedRecord>& ReceivedRecords() const { return received_; }
   void ForgetReceived() { received_.clear(); }
 
+  // ---- what its handlers do ----
+  /// Called with each text it takes, before it answers. What is asked in there with AskBack is part of its handler.
+  std::function<void(const std::wstring& text)> whenTold = {};
+  void AskBack(const std::wstring& text, const UiFields& fields = {});
+  /// Each of its handlers takes `ms` milliseconds from now on.
+  void HandleFor(std::uint32_t ms) { handlingMs_ = ms; }
+
   // ---- what it asks ----
   void Send(const std::wstring& text, const UiFields& fields = {});
   void SendFileCopy(const std::wstring& command, const std::wstring& from, const std::wstring& to);
@@ -81,6 +90,7 @@ class Ui {
   void Close(const wchar_t* className);
   template <class Change>
   void ForEachWindow(Change change);
+  [[nodiscard]] std::function<bool()> Take(const wchar_t* className, std::uint64_t kind, os::BytesView bytes);
 
   Scheduler& scheduler_;
   Processes& processes_;
@@ -88,6 +98,8 @@ class Ui {
   ServiceWindow& window_;
   bool hung_ = false;
   std::uint64_t busyUntilMs_ = 0;
+  std::uint32_t handlingMs_ = 0;
+  std::vector<std::shared_ptr<bool>> askedBack_;  // by the handler that runs, each true once it is answered
   std::vector<ReceivedRecord> received_;
 };
 

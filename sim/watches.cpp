@@ -23,7 +23,7 @@ void Watches::Serve(Watchers& watchers, std::wstring what, const std::function<v
   auto& own = watchers.emplace_back(Watcher{std::move(what)});
   while (scheduler_.WaitUntil([&own] { return own.isDue; })) {
     own.isDue = false;
-    onChange();
+    scheduler_.CallProgram(onChange);
   }
 }
 

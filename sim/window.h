@@ -34,7 +34,8 @@ struct Window {
   bool responsive = true;             // false: its thread hangs
   std::uint64_t busyUntilMs = 0;      // its thread answers nothing before this time
   std::vector<PostedMessage> posted = {};
-  std::function<void(std::uint64_t kind, os::BytesView record)> copyData = {};  // what it does with WM_COPYDATA
+  // What it does with WM_COPYDATA, and when it has answered: an empty function says at once.
+  std::function<std::function<bool()>(std::uint64_t kind, os::BytesView record)> copyData = {};
 
   std::uint32_t extendedStyle = 0;
   os::WindowHandle parent = os::WindowHandle::None;  // it is a part of this one and moves along with it

@@ -40,8 +40,9 @@ void Desktop::Door::AwaitIdle(std::uint32_t processId, std::uint64_t deadlineMs)
 bool Desktop::Door::DeliverCopyData(WindowHandle window, std::uint64_t kind, os::BytesView record,
                                     std::optional<std::uint64_t> deadlineMs) {
   if (!AwaitAnswer(window, deadlineMs)) return false;
-  if (const auto take = Find(window)->copyData) take(kind, record);
-  return true;
+  const auto take = Find(window)->copyData;
+  const auto hasAnswered = take ? take(kind, record) : nullptr;
+  return !hasAnswered || scheduler_.WaitUntil(hasAnswered, deadlineMs);
 }
 
 void Desktop::Door::AskToClose(WindowHandle window) {

@@ -63,7 +63,7 @@ void StartWatches() {
   StartUiSender();
   StartMouseWatch();
   StartDragWatch();
-  StartForegroundWatch();
+  StartForegroundWatch(OnForegroundChange);
   StartDesktopWatch();
   StartWinPWatch();
   StartPackageWatch();
@@ -112,7 +112,7 @@ void PublishPanelPower() {
 }
 
 void ShutDown(const PowerNotifications& notifications) {
-  LeaveNoActivateMode();
+  LeaveNoActivateModeForGood();
   for (const auto notification : notifications) os::UnregisterPowerSetting(notification);
   StopFollowingFirstSignIn();
   os::UnregisterSessionEvents(gServiceWindow());

@@ -16,8 +16,6 @@ constexpr std::uint32_t PeriodMs(ServiceTimer timer) {
       return 300'000;
     case ServiceTimer::RetailDemoClone:
       return 180'000;
-    case ServiceTimer::Desktop:
-      return 100;
   }
   return 0;
 }

@@ -15,7 +15,6 @@ enum class ServiceTimer : std::uint64_t {
   Update = 9487,           // asks the UI to look for updates
   RetailDemo = 9527,       // on a machine in a shop: brings the panel back
   RetailDemoClone = 9528,  // on a machine in a shop: extends a duplicated desktop
-  Desktop = 9530,          // looks whether the user is at the desktop by now
 };
 
 /// Starts a timer with its own period; one that runs starts again. Main thread.

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "os/waiting.h"
+
 namespace os {
 
 /// Milliseconds since the system started, never going back (GetTickCount64). Any thread; a memory read.
@@ -12,5 +14,7 @@ namespace os {
 
 /// Blocks the calling thread for `ms` milliseconds (Sleep).
 void Sleep(std::uint32_t ms);
+template <>
+inline constexpr WaitingMark kWaiting<&Sleep>{Waiting::Deaf};
 
 }  // namespace os

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "os/types.h"
+#include "os/waiting.h"
 
 namespace os {
 
@@ -58,6 +59,8 @@ struct DisplayConfiguration {
 /// Reads the display configuration once: buffer sizes for `sizes`, then the data for `query`
 /// (GetDisplayConfigBufferSizes, QueryDisplayConfig). Any thread; milliseconds.
 [[nodiscard]] Result<DisplayConfiguration> QueryDisplayConfiguration(DisplayQuery sizes, DisplayQuery query);
+template <>
+inline constexpr WaitingMark kWaiting<&QueryDisplayConfiguration>{Waiting::Deaf, false};
 
 /// Flags of a configuration change (SDC_*).
 inline constexpr std::uint32_t kSdcTopologyExtend = 0x4, kSdcUseSuppliedConfig = 0x20, kSdcApply = 0x80,
@@ -67,6 +70,8 @@ inline constexpr std::uint32_t kSdcTopologyExtend = 0x4, kSdcUseSuppliedConfig =
 /// code. Any thread; can take seconds, and display-change notifications follow.
 std::int32_t ChangeDisplayConfiguration(const std::vector<DisplayPath>& paths, const std::vector<DisplayMode>& modes,
                                         std::uint32_t flags);
+template <>
+inline constexpr WaitingMark kWaiting<&ChangeDisplayConfiguration>{Waiting::Serving, false};
 
 /// The GDI name of a path's source, such as "\\.\DISPLAY1" (DisplayConfigGetDeviceInfo, GET_SOURCE_NAME); empty when
 /// the system does not know it. Any thread.
@@ -124,6 +129,8 @@ inline constexpr std::int32_t kDisplayChangeSuccessful = 0;  // DISP_CHANGE_SUCC
 /// Changes one display (ChangeDisplaySettingsExW, dmSize 220, no window, no parameter); `flags` are the kCds values.
 /// Returns DISP_CHANGE_SUCCESSFUL (0) or one of the other DISP_CHANGE values. Any thread; can take seconds.
 std::int32_t ChangeDisplaySettings(const std::wstring& gdiName, const DisplaySettings& settings, std::uint32_t flags);
+template <>
+inline constexpr WaitingMark kWaiting<&ChangeDisplaySettings>{Waiting::Serving, false};
 
 /// One present monitor device and its place in the device tree.
 struct MonitorDevice {
@@ -142,5 +149,7 @@ struct MonitorDevice {
 /// (CoInitializeEx, IDesktopWallpaper::GetMonitorDevicePathCount, GetMonitorDevicePathAt, CoUninitialize). An empty
 /// list when the object cannot be had. Any thread; milliseconds.
 [[nodiscard]] std::vector<std::wstring> WallpaperMonitorPaths();
+template <>
+inline constexpr WaitingMark kWaiting<&WallpaperMonitorPaths>{Waiting::ServingInput};
 
 }  // namespace os

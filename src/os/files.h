@@ -5,6 +5,7 @@
 #include <string>
 
 #include "os/types.h"
+#include "os/waiting.h"
 
 namespace os {
 
@@ -18,6 +19,8 @@ Status CreateFolder(const std::wstring& path);
 
 /// Copies a file, overwriting the target (CopyFileW). Any thread; blocks for the length of the copy.
 Status OverwriteByCopy(const std::wstring& from, const std::wstring& to);
+template <>
+inline constexpr WaitingMark kWaiting<&OverwriteByCopy>{Waiting::Deaf};
 
 /// The folder of application data common to all users, such as "C:\ProgramData" (SHGetFolderPathW,
 /// CSIDL_COMMON_APPDATA). Empty when the system cannot tell. Any thread.
@@ -34,5 +37,7 @@ struct FileVersion {
 /// The fixed file version in a program's version resource (GetFileVersionInfoW, VerQueryValueW "\"); empty when the
 /// file has none or cannot be read. Any thread; a file read.
 [[nodiscard]] std::optional<FileVersion> ReadFileVersion(const std::wstring& path);
+template <>
+inline constexpr WaitingMark kWaiting<&ReadFileVersion>{Waiting::Deaf};
 
 }  // namespace os

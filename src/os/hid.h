@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "os/types.h"
+#include "os/waiting.h"
 
 namespace os {
 
@@ -22,6 +23,8 @@ struct HidInterface {
 /// DIGCF_DEVICEINTERFACE, SetupDiEnumDeviceInterfaces, SetupDiGetDeviceInterfaceDetailW for size and data). Empty
 /// optional when there is no HID class. Any thread; milliseconds.
 [[nodiscard]] std::optional<std::vector<HidInterface>> HidInterfaces();
+template <>
+inline constexpr WaitingMark kWaiting<&HidInterfaces>{Waiting::Deaf, false};
 
 /// An open HID device (HANDLE).
 enum class HidHandle : std::uint64_t { None = 0 };
@@ -31,6 +34,8 @@ using HidDevice = Owned<HidHandle, CloseHid>;
 /// Opens a HID device for writing, shared for both (CreateFileW, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
 /// OPEN_EXISTING). Any thread.
 [[nodiscard]] Result<HidDevice> OpenHid(const std::wstring& path);
+template <>
+inline constexpr WaitingMark kWaiting<&OpenHid>{Waiting::Deaf, false};
 
 struct HidAttributes {
   std::uint16_t vendorId = 0, productId = 0, version = 0;
@@ -63,6 +68,8 @@ struct HidValue {
 
 /// Writes one output report, report id first (WriteFile). Blocks until the device took it, milliseconds as a rule.
 bool WriteHidReport(const HidDevice& device, BytesView report);
+template <>
+inline constexpr WaitingMark kWaiting<&WriteHidReport>{Waiting::Deaf, false};
 
 // ---- Raw input ----
 
@@ -105,6 +112,8 @@ using HidNodes = Owned<HidNodesHandle, CloseHidNodes>;
 
 /// The present device nodes of the "HID" enumerator (SetupDiGetClassDevsW, DIGCF_PRESENT | DIGCF_ALLCLASSES).
 [[nodiscard]] Result<HidNodes> OpenHidNodes();
+template <>
+inline constexpr WaitingMark kWaiting<&OpenHidNodes>{Waiting::Deaf, false};
 
 /// The first hardware id of each node, in the list's order; empty for a node that has none (SetupDiEnumDeviceInfo,
 /// SetupDiGetDeviceRegistryPropertyW, SPDRP_HARDWAREID).
@@ -114,5 +123,7 @@ using HidNodes = Owned<HidNodesHandle, CloseHidNodes>;
 /// DICS_DISABLE, DICS_FLAG_GLOBAL, profile 0; SetupDiSetClassInstallParamsW, SetupDiCallClassInstaller). Seconds at
 /// worst.
 Status EnableHidNode(const HidNodes& nodes, std::size_t index, bool enable);
+template <>
+inline constexpr WaitingMark kWaiting<&EnableHidNode>{Waiting::Deaf, false};
 
 }  // namespace os

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "os/types.h"
+#include "os/waiting.h"
 
 // Watching what the user and the programs do. Each function takes the calling thread for itself: it hooks, serves the
 // thread's messages, which is how the system calls the function it was given, and unhooks when the thread's message
@@ -14,6 +15,8 @@ namespace os {
 /// WH_KEYBOARD_LL, GetMessageW, UnhookWindowsHookEx). `onKey` holds up every key of the user and must return within
 /// microseconds; the key is always passed on (CallNextHookEx).
 void WatchKeyboard(const std::function<void(std::uint32_t virtualKey)>& onKey);
+template <>
+inline constexpr WaitingMark kWaiting<&WatchKeyboard>{Waiting::Loop};
 
 enum class MouseEvent { Move, LeftDown, LeftUp };
 
@@ -22,6 +25,8 @@ enum class MouseEvent { Move, LeftDown, LeftUp };
 /// tells where it was. `onMouse` holds up the pointer and must return within microseconds; the event is always passed
 /// on.
 void WatchMouse(const std::function<void(MouseEvent event, Point pointer)>& onMouse);
+template <>
+inline constexpr WaitingMark kWaiting<&WatchMouse>{Waiting::Loop};
 
 /// What happened to a window (the EVENT_ values).
 enum class WindowEvent : std::uint32_t {
@@ -41,5 +46,7 @@ inline constexpr std::int32_t kObjectWindow = 0, kObjectCaret = -8, kObjectCurso
 /// for `onEvent`.
 void WatchWindowEvents(WindowEvent first, WindowEvent last,
                        const std::function<void(WindowEvent event, WindowHandle window, std::int32_t object)>& onEvent);
+template <>
+inline constexpr WaitingMark kWaiting<&WatchWindowEvents>{Waiting::Loop};
 
 }  // namespace os

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "os/types.h"
+#include "os/waiting.h"
 
 namespace os {
 
@@ -12,6 +13,8 @@ inline constexpr std::uint32_t kKeyP = 0x50, kKeyLeftWindows = 0x5B;  // 'P', VK
 
 /// Presses and releases the left mouse button where the pointer is (mouse_event). Any thread.
 void ClickLeftButton();
+template <>
+inline constexpr WaitingMark kWaiting<&ClickLeftButton>{Waiting::Deaf, false};
 
 /// Where the pointer is (GetCursorPos); (0, 0) when the system does not tell, as on another desktop. Any thread.
 [[nodiscard]] Point CursorPosition();

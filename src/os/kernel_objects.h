@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "os/types.h"
+#include "os/waiting.h"
 
 namespace os {
 
@@ -28,6 +29,8 @@ struct NamedMutex {
 
 /// Waits without a time limit until an event is signalled (WaitForSingleObject). False when there is no event.
 bool AwaitEvent(const Event& event);
+template <>
+inline constexpr WaitingMark kWaiting<&AwaitEvent>{Waiting::Deaf};
 
 /// Signals an event, or takes the signal back (SetEvent, ResetEvent). Any thread.
 void SignalEvent(const Event& event);

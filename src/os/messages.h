@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "os/types.h"
+#include "os/waiting.h"
 
 namespace os {
 
@@ -15,9 +16,13 @@ bool PostToWindow(WindowHandle window, std::uint32_t message, std::uint64_t wPar
 /// Sends a copy-data record and waits for the answer (SendMessageW, WM_COPYDATA, dwData 0). Returns at once when the
 /// window is gone. Any thread; blocks for as long as the receiver takes, for ever when it hangs.
 void SendCopyData(WindowHandle window, std::uint64_t kind, BytesView record);
+template <>
+inline constexpr WaitingMark kWaiting<&SendCopyData>{Waiting::Serving};
 
 /// Sends a copy-data record and waits at most `timeoutMs` milliseconds, not at all for a receiver the system holds for
 /// hung (SendMessageTimeoutW, SMTO_ABORTIFHUNG). False when it was not taken in time. Any thread.
 bool SendCopyDataTimeout(WindowHandle window, std::uint64_t kind, BytesView record, std::uint32_t timeoutMs);
+template <>
+inline constexpr WaitingMark kWaiting<&SendCopyDataTimeout>{Waiting::Serving};
 
 }  // namespace os

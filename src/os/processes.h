@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "os/types.h"
+#include "os/waiting.h"
 
 namespace os {
 
@@ -66,6 +67,8 @@ using Process = Owned<ProcessHandle, CloseProcess>;
 [[nodiscard]] Result<Process> StartAsUser(const Token& token, const std::wstring& program,
                                           const std::wstring& commandLine, const Environment& environment,
                                           const wchar_t* desktop);
+template <>
+inline constexpr WaitingMark kWaiting<&StartAsUser>{Waiting::Deaf, false};
 
 enum class WaitOutcome { Ended, TimedOut, Failed };
 struct ProcessWait {
@@ -75,6 +78,8 @@ struct ProcessWait {
 
 /// Waits until a process ends, at most `timeoutMs` milliseconds (WaitForSingleObject).
 [[nodiscard]] ProcessWait WaitForProcess(const Process& process, std::uint32_t timeoutMs);
+template <>
+inline constexpr WaitingMark kWaiting<&WaitForProcess>{Waiting::Deaf};
 
 /// The exit code of an ended process (GetExitCodeProcess).
 [[nodiscard]] std::optional<std::uint32_t> ProcessExitCode(const Process& process);
@@ -92,12 +97,16 @@ struct ProcessWait {
 /// Waits until a program has worked off what it began with and waits for input, at most `timeoutMs` milliseconds
 /// (WaitForInputIdle). Returns at once without a process and for a program without windows. Any thread.
 void AwaitInputIdle(const Process& process, std::uint32_t timeoutMs);
+template <>
+inline constexpr WaitingMark kWaiting<&AwaitInputIdle>{Waiting::Serving, false};
 
 /// Opens a process to wait for its end and to end it (OpenProcess, PROCESS_TERMINATE | SYNCHRONIZE). Any thread.
 [[nodiscard]] Result<Process> OpenToEnd(std::uint32_t processId);
 
 /// Ends a process where it stands (TerminateProcess). Any thread.
 Status TerminateProcess(const Process& process, std::uint32_t exitCode);
+template <>
+inline constexpr WaitingMark kWaiting<&TerminateProcess>{Waiting::Deaf};
 
 /// The package that a process's program came in; all empty for a desktop program.
 struct ProcessPackage {
@@ -133,13 +142,19 @@ using ActivationManager = Owned<ActivationHandle, ReleaseActivation>;
 
 /// Creates the activation manager (CoCreateInstance, CLSCTX_LOCAL_SERVER). After JoinCom, on the same thread.
 [[nodiscard]] Result<ActivationManager> CreateActivationManager();
+template <>
+inline constexpr WaitingMark kWaiting<&CreateActivationManager>{Waiting::ServingInput};
 
 /// Activates a packaged application by its application user model id (ActivateApplication, AO_NONE); an empty
 /// `argument` passes none. Blocks until the application is started, seconds at worst.
 Status ActivateApplication(const ActivationManager& manager, const std::wstring& appUserModelId,
                            const std::wstring& argument);
+template <>
+inline constexpr WaitingMark kWaiting<&ActivateApplication>{Waiting::ServingInput};
 
 /// Opens nothing through the shell (ShellExecuteW without a file, SW_SHOW); a result above 32 is a success.
 std::int64_t ShellOpenNothing();
+template <>
+inline constexpr WaitingMark kWaiting<&ShellOpenNothing>{Waiting::Deaf, false};
 
 }  // namespace os

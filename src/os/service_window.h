@@ -5,12 +5,16 @@
 
 #include "os/hid.h"
 #include "os/types.h"
+#include "os/waiting.h"
 
 namespace os {
 
 /// The power settings the controller listens to (GUID_CONSOLE_DISPLAY_STATE, GUID_LIDSWITCH_STATE_CHANGE,
 /// GUID_POWER_SAVING_STATUS, GUID_ACDC_POWER_SOURCE, GUID_LIDCLOSE_ACTION).
 enum class PowerSetting { ConsoleDisplayState, LidSwitchState, PowerSavingStatus, AcDcPowerSource, LidCloseAction };
+
+/// The controller posts this message to its own window, to be called from the message loop (WM_APP).
+inline constexpr std::uint32_t kNotedMessage = 0x8000;
 
 /// What the service window hands on, decoded from its window messages. Each is called on the thread that runs the
 /// message loop; none may be null.
@@ -29,6 +33,7 @@ struct ServiceWindowEvents {
   void (*powerSetting)(PowerSetting setting, std::uint32_t value);  // PBT_POWERSETTINGCHANGE, DWORD data
   void (*sessionChange)(std::uint32_t event);                       // WM_WTSSESSION_CHANGE, WTS_*
   void (*queryEndSession)(std::uint32_t reason);                    // WM_QUERYENDSESSION, its lParam (ENDSESSION_*)
+  void (*noted)();                                                  // kNotedMessage
   void (*destroy)();                                                // WM_DESTROY
 };
 
@@ -81,6 +86,8 @@ void UnregisterSessionEvents(WindowHandle window);
 /// Serves the calling thread's messages, with an accelerator table for the window, until the quit message; returns its
 /// code (LoadAcceleratorsW, GetMessageW, TranslateAcceleratorW, TranslateMessage, DispatchMessageW).
 int RunMessageLoop(WindowHandle window, std::uint16_t accelerators);
+template <>
+inline constexpr WaitingMark kWaiting<&RunMessageLoop>{Waiting::Loop};
 
 /// Ends the calling thread's message loop (PostQuitMessage).
 void QuitMessageLoop(int code);
@@ -90,5 +97,7 @@ void DestroyServiceWindow(WindowHandle window);
 
 /// Shows a dialog resource and waits until the user closes it (DialogBoxParamW).
 void ShowDialog(WindowHandle owner, std::uint16_t id);
+template <>
+inline constexpr WaitingMark kWaiting<&ShowDialog>{Waiting::Serving};
 
 }  // namespace os

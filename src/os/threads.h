@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <functional>
 
+#include "os/waiting.h"
+
 namespace os {
 
 /// Starts a thread that runs `body` and ends with it; nobody joins it (CreateThread, then CloseHandle).
@@ -30,6 +32,8 @@ class Lock {
   struct State;
   State* state_;
 };
+template <>
+inline constexpr WaitingMark kWaiting<&Lock::lock>{Waiting::Deaf};
 
 /// Counts what one thread has to do for others, `most` at the most (CreateSemaphoreW).
 class Semaphore {
@@ -50,5 +54,7 @@ class Semaphore {
   struct State;
   State* state_;
 };
+template <>
+inline constexpr WaitingMark kWaiting<&Semaphore::Wait>{Waiting::Deaf};
 
 }  // namespace os

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "os/types.h"
+#include "os/waiting.h"
 
 // Changing windows of other programs. The system asks the window's own thread for each change and waits for it: a
 // program that hangs holds the caller up for as long as it hangs.
@@ -23,10 +24,14 @@ enum class ShowCommand : std::uint32_t {
 /// which may be 0: what the system returns does not tell a failure from a window that was hidden. Any thread; waits for
 /// the window's thread.
 Status ShowWindow(WindowHandle window, ShowCommand command);
+template <>
+inline constexpr WaitingMark kWaiting<&ShowWindow>{Waiting::Serving};
 
 /// Moves and sizes a window and has it painted again (MoveWindow, repaint TRUE). Any thread; waits for the window's
 /// thread.
 Status MoveWindow(WindowHandle window, std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height);
+template <>
+inline constexpr WaitingMark kWaiting<&MoveWindow>{Waiting::Serving};
 
 /// Where a window belongs while it is neither minimised nor maximised, and how it is shown (WINDOWPLACEMENT).
 /// Rectangles are relative to the primary display's work area, for windows that are no tool windows.
@@ -42,21 +47,31 @@ struct WindowPlacement {
 
 /// Puts a window where a placement says (SetWindowPlacement). Any thread; waits for the window's thread.
 Status SetPlacement(WindowHandle window, const WindowPlacement& placement);
+template <>
+inline constexpr WaitingMark kWaiting<&SetPlacement>{Waiting::Serving};
 
 /// Puts a window above all that are not so, or back among the others (SetWindowPos, HWND_TOPMOST or HWND_NOTOPMOST,
 /// SWP_NOSIZE | SWP_NOMOVE). Any thread; waits for the window's thread.
 Status SetTopmost(WindowHandle window, bool topmost);
+template <>
+inline constexpr WaitingMark kWaiting<&SetTopmost>{Waiting::Serving};
 
 /// Replaces a window's extended style bits (SetWindowLongW, GWL_EXSTYLE). Any thread; waits for the window's thread.
 void SetWindowExtendedStyle(WindowHandle window, std::uint32_t style);
+template <>
+inline constexpr WaitingMark kWaiting<&SetWindowExtendedStyle>{Waiting::Serving, false};
 
 /// Whether a window's thread answers a message that asks for nothing, within `timeoutMs` milliseconds; not at all for
 /// one that the system holds for hung (SendMessageTimeoutW, WM_NULL, SMTO_ABORTIFHUNG). False also when the window is
 /// gone. Any thread; blocks for that long at most.
 [[nodiscard]] bool AnswersWithin(WindowHandle window, std::uint32_t timeoutMs);
+template <>
+inline constexpr WaitingMark kWaiting<&AnswersWithin>{Waiting::Serving};
 
 /// Asks a window to close, and waits as long as AnswersWithin does (SendMessageTimeoutW, WM_CLOSE, SMTO_ABORTIFHUNG).
 /// False when it gave no answer in time; the window may close later all the same. Any thread.
 bool AskToClose(WindowHandle window, std::uint32_t timeoutMs);
+template <>
+inline constexpr WaitingMark kWaiting<&AskToClose>{Waiting::Serving};
 
 }  // namespace os

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <mutex>
 #include <string>
 #include <vector>
 
@@ -13,7 +12,6 @@
 #include "os/clock.h"
 #include "os/devices.h"
 #include "os/displays.h"
-#include "os/threads.h"
 #include "power/firmware.h"
 #include "power/panel_power.h"
 
@@ -21,8 +19,6 @@ namespace tessaview {
 namespace {
 
 using os::Topology;
-
-os::Lock gResetLock;  // the main thread and "Win+P" both come here
 
 /// The two names of the C panel among the stored configurations.
 struct CPanelKeys {
@@ -146,7 +142,6 @@ void SetExtend() {
 }
 
 void ReSetTessaviewMode() {
-  const std::lock_guard hold(gResetLock);
   Log(L"[Timestamp] ReSetTessaviewMode \n");
   const auto now = LookAround();
   const auto* const rule =

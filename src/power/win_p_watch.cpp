@@ -1,7 +1,6 @@
 #include "power/win_p_watch.h"
 
-#include <memory>
-
+#include "core/noted_events.h"
 #include "core/state.h"
 #include "core/trace_log.h"
 #include "os/hooks.h"
@@ -45,13 +44,9 @@ bool ClaimWin_P_WindowMoveFlag() {
 void StartWinPWatch() {
   // A press and its release may wait. A key that is held repeats its press; the repetitions would do the same again.
   constexpr std::uint32_t kMostWaiting = 2;
-  const auto pressed = std::make_shared<os::Semaphore>(kMostWaiting);
-  os::StartThread(L"Win+P", [pressed] {
-    while (pressed->Wait()) OnWinP();
-  });
-  os::StartThread(L"keyboard", [pressed] {
-    os::WatchKeyboard([&](std::uint32_t virtualKey) {
-      if (virtualKey == os::kKeyP && os::IsKeyDown(os::kKeyLeftWindows)) pressed->Post();
+  os::StartThread(L"keyboard", [] {
+    os::WatchKeyboard([](std::uint32_t virtualKey) {
+      if (virtualKey == os::kKeyP && os::IsKeyDown(os::kKeyLeftWindows)) DealLaterAtMost(kMostWaiting, OnWinP);
     });
   });
 }

@@ -7,8 +7,8 @@ namespace tessaview {
 [[nodiscard]] bool ClaimWin_P_WindowMoveFlag();
 
 /// Watches the keyboard for Win+P on a thread of its own, which hands each press and each release of P with the left
-/// Windows key down to a second thread, so that the keyboard is never held up. The second thread brings a C panel back
-/// that is off although the user wants it on.
+/// Windows key down to the main thread, so that the keyboard is never held up. There a C panel is brought back that is
+/// off although the user wants it on.
 void StartWinPWatch();
 
 }  // namespace tessaview

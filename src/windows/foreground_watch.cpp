@@ -56,11 +56,13 @@ void OnForegroundEvent(os::WindowEvent event, std::int32_t object) {
   if (!IsIgnored(window, root)) Follow({root, IsFullScreenWindow(root)});
 }
 
-void StartForegroundWatch() {
-  os::StartThread(L"foreground", [] {
-    os::WatchWindowEvents(
-        os::WindowEvent::Foreground, os::WindowEvent::LocationChange,
-        [](os::WindowEvent event, os::WindowHandle, std::int32_t object) { OnForegroundEvent(event, object); });
+void StartForegroundWatch(void (*onForeground)()) {
+  os::StartThread(L"foreground", [onForeground] {
+    os::WatchWindowEvents(os::WindowEvent::Foreground, os::WindowEvent::LocationChange,
+                          [onForeground](os::WindowEvent event, os::WindowHandle, std::int32_t object) {
+                            if (event == os::WindowEvent::Foreground) onForeground();
+                            OnForegroundEvent(event, object);
+                          });
   });
 }
 

@@ -1,11 +1,9 @@
 #include "windows/no_activate.h"
 
-#include <mutex>
 #include <vector>
 
 #include "core/state.h"
 #include "os/desktop.h"
-#include "os/threads.h"
 #include "os/window_control.h"
 #include "windows/companion_apps.h"
 #include "windows/patient_calls.h"
@@ -15,10 +13,11 @@
 namespace tessaview {
 namespace {
 
-os::Lock gModeLock;  // "foreground" enters and leaves the mode; the end of the controller leaves it too
-
 /// The windows that were given the style.
 Shared<std::vector<os::WindowHandle>> NoActivateWindows;
+
+/// The controller ends. "foreground" may just be giving windows the style, and takes it back itself then.
+Shared<bool> gIsOver;
 
 bool KeepsActivation(os::WindowHandle window) {
   return (os::WindowExtendedStyle(window) & os::kWsExNoActivate) != 0 || !IsOnCPanel(window) ||
@@ -49,15 +48,19 @@ bool IsExcludedWindow(os::WindowHandle window) {
 }
 
 void EnterNoActivateMode() {
-  const std::lock_guard hold(gModeLock);
   for (const auto window : os::TopWindows()) {
     if ((os::WindowStyle(window) & os::kWsVisible) != 0 && !KeepsActivation(window)) AddNoActivate(window);
   }
+  if (gIsOver.get()) LeaveNoActivateMode();
 }
 
 void LeaveNoActivateMode() {
-  const std::lock_guard hold(gModeLock);
   for (const auto window : NoActivateWindows.exchange({})) RemoveNoActivate(window);
+}
+
+void LeaveNoActivateModeForGood() {
+  gIsOver.set(true);
+  LeaveNoActivateMode();
 }
 
 bool IsInNoActivateMode() {

@@ -18,6 +18,9 @@ void EnterNoActivateMode();
 /// Takes the style from the remembered windows again. Returns at once when there are none; blocks likewise.
 void LeaveNoActivateMode();
 
+/// The same, and the mode is not entered any more: the controller ends.
+void LeaveNoActivateModeForGood();
+
 /// Whether any window is remembered.
 [[nodiscard]] bool IsInNoActivateMode();
 

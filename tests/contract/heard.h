@@ -38,6 +38,7 @@ inline os::ServiceWindowEvents HeardEvents() {
           .powerSetting = [](auto setting, auto value) { Hear("setting", static_cast<int>(setting), value); },
           .sessionChange = [](auto event) { Hear("session", event); },
           .queryEndSession = [](auto reason) { Hear("end", reason); },
+          .noted = [] { Hear("noted"); },
           .destroy = [] { Hear("destroy"); }};
 }
 

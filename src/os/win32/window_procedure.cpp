@@ -62,6 +62,9 @@ LRESULT CALLBACK ServiceWindowProcedure(HWND window, UINT message, WPARAM wParam
     case WM_DISPLAYCHANGE:
       gEvents->displayChange();
       return 0;
+    case kNotedMessage:
+      gEvents->noted();
+      return 0;
     case WM_DESTROY:
       gEvents->destroy();
       return 0;

@@ -48,15 +48,17 @@ void OnRawInput(const os::RawInput& input);
 // ---- mask_wait.cpp ----
 
 /// Lets the UI take its mask off the C panel: at once or, while the sign-in or the lock screen is in the foreground, as
-/// soon as the user is at the desktop. There is no time limit; messages are served meanwhile, and a new call takes the
-/// place of the one before.
+/// soon as the user is at the desktop. There is no time limit, and a new call takes the place of the one before.
 void TakeMaskOffAtDesktop();
 
 /// Forgets a call that still waits.
 void KeepMaskOn();
 
-/// The wait's timer came.
-void OnDesktopTimer();
+/// Looks whether the user is at the desktop by now: the session was unlocked.
+void LookForDesktop();
+
+/// Has the main thread look: another window is in the foreground. Any thread; returns at once.
+void OnForegroundChange();
 
 // ---- retail_demo.cpp ----
 

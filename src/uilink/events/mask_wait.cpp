@@ -1,4 +1,4 @@
-#include "core/service_window.h"
+#include "core/noted_events.h"
 #include "core/state.h"
 #include "power/panel_status.h"
 #include "uilink/events/events.h"
@@ -13,26 +13,27 @@ bool IsUserAtDesktop() {
   return seen == Foreground::Desktop || seen == Foreground::Nothing;
 }
 
-/// A message of the timer may still lie in the queue after the timer was stopped; it counts only while this is true.
-MainThreadOnly<bool> gMaskWaits;
+Shared<bool> gMaskWaits;
 
 }  // namespace
 
 void TakeMaskOffAtDesktop() {
-  *gMaskWaits = true;
-  StartServiceTimer(ServiceTimer::Desktop);
-  OnDesktopTimer();
+  gMaskWaits.set(true);
+  LookForDesktop();
 }
 
 void KeepMaskOn() {
-  *gMaskWaits = false;
-  StopServiceTimer(ServiceTimer::Desktop);
+  gMaskWaits.set(false);
 }
 
-void OnDesktopTimer() {
-  if (!*gMaskWaits || !IsUserAtDesktop()) return;
+void LookForDesktop() {
+  if (!gMaskWaits.get() || !IsUserAtDesktop()) return;
   KeepMaskOn();
   Update_UI_Mask_Status();
+}
+
+void OnForegroundChange() {
+  if (gMaskWaits.get()) DealLater(LookForDesktop);
 }
 
 }  // namespace tessaview

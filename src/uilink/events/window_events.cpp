@@ -1,5 +1,6 @@
 #include "uilink/events/window_events.h"
 
+#include "core/noted_events.h"
 #include "core/resource_ids.h"
 #include "core/service_window.h"
 #include "core/trace_log.h"
@@ -24,14 +25,14 @@ void OnTimer(std::uint64_t id) {
       return OnRetailDemoTimer();
     case ServiceTimer::RetailDemoClone:
       return OnRetailDemoCloneTimer();
-    case ServiceTimer::Desktop:
-      return OnDesktopTimer();
   }
 }
 
 void OnSessionChange(std::uint32_t event) {
   if (event == kSessionLock) Log(L"WTS_SESSION_LOCK \n");
-  if (event == kSessionUnlock) Log(L"WTS_SESSION_UNLOCK \n");
+  if (event != kSessionUnlock) return;
+  Log(L"WTS_SESSION_UNLOCK \n");
+  LookForDesktop();
 }
 
 /// Without the controller the touch surface is of use as a plain touch pad only.
@@ -50,21 +51,26 @@ void OnDestroy() {
 
 }  // namespace
 
+// What needs an answer is answered at once: the UI's commands and the end of the session. What the system only tells
+// can come in the middle of anything that waits for another program, and is dealt with afterwards. The rest comes from
+// the message loop as it is.
 const os::ServiceWindowEvents& ServiceWindowEvents() {
   static const os::ServiceWindowEvents events{
       .hotKeyMessage = HotKeyMessage(),
       .touchPadStatusMessage = TouchPadStatusMessage(),
       .hotKey = OnHotKey,
       .touchPadStatus = OnTouchPadStatus,
-      .displayChange = OnDisplayChange,
+      .displayChange = [] { DealLater(OnDisplayChange); },
       .copyData = OnCopyData,
       .rawInput = OnRawInput,
       .command = OnCommand,
       .timer = OnTimer,
-      .powerBroadcast = OnPowerBroadcast,
-      .powerSetting = OnPowerSetting,
-      .sessionChange = OnSessionChange,
+      .powerBroadcast = [](std::uint32_t event) { DealLater([=] { OnPowerBroadcast(event); }); },
+      .powerSetting = [](os::PowerSetting setting,
+                         std::uint32_t value) { DealLater([=] { OnPowerSetting(setting, value); }); },
+      .sessionChange = [](std::uint32_t event) { DealLater([=] { OnSessionChange(event); }); },
       .queryEndSession = OnQueryEndSession,
+      .noted = DealWithNoted,
       .destroy = OnDestroy,
   };
   return events;

@@ -1,0 +1,122 @@
+// What is delivered to a thread while it is inside a door function: each mark of os/waiting.h that both worlds can
+// show.
+#include "os/clock.h"
+#include "os/desktop.h"
+#include "os/device_io.h"
+#include "os/devices.h"
+#include "os/displays.h"
+#include "os/files.h"
+#include "os/hid.h"
+#include "os/input.h"
+#include "os/kernel_objects.h"
+#include "os/messages.h"
+#include "os/power.h"
+#include "os/processes.h"
+#include "os/registry.h"
+#include "os/services.h"
+#include "os/settings_store.h"
+#include "os/threads.h"
+#include "os/window_control.h"
+#include "tests/contract/heard.h"
+#include "tests/contract/world.h"
+
+namespace {
+
+using contract::Heard, contract::HeardEvents, os::WindowHandle;
+
+class WaitingContract : public contract::Contract {};
+
+struct Call {
+  const char* function;
+  os::Waiting way;
+  std::function<void()> make;
+};
+
+template <auto Function>
+Call CallOf(const char* function, std::function<void()> make) {
+  return {function, os::kWaiting<Function>.way, std::move(make)};
+}
+
+/// Whether a message that another thread has sent is handled while the call is made.
+bool Serves(WindowHandle own, const Call& call) {
+  const auto ended = std::make_shared<os::Event>(os::NewEvent());
+  os::StartThread(L"sender", [own, ended] {
+    os::SendCopyDataTimeout(own, 1, os::Bytes{1}, 3000);
+    os::SignalEvent(*ended);
+  });
+  os::Sleep(50);  // the message is sent by now
+  Heard().clear();
+  call.make();
+  const bool serves = !Heard().empty();
+  if (!serves) {
+    os::QuitMessageLoop(0);
+    os::RunMessageLoop(own, 0);
+  }
+  os::AwaitEvent(*ended);
+  return serves;
+}
+
+TEST_F(WaitingContract, AMessageThatIsSentIsHandledInsideTheCallsThatServe) {
+  static const auto events = HeardEvents();
+  const auto other = world::OpenWindow();
+  const auto file = world::Folder() + L"\\a.txt", copy = world::Folder() + L"\\b.txt";
+  world::WriteFile(file, "text");
+  world::Run([&] {
+    constexpr auto kOwn = L"ContractWaiting";
+    EXPECT_TRUE(os::RegisterServiceWindowClass({kOwn, 0, 0, 0}, events));
+    const auto own = os::CreateServiceWindow(kOwn, L"waits");
+    const auto device = os::OpenDevice(L"\\\\.\\ZRVACPI");
+    const auto signalled = os::NewEvent();
+    os::SignalEvent(signalled);
+    os::Semaphore free(1);
+    const Call calls[] = {
+        CallOf<&os::SendCopyData>("SendCopyData", [&] { os::SendCopyData(other, 1, os::Bytes{1}); }),
+        CallOf<&os::SendCopyDataTimeout>("SendCopyDataTimeout",
+                                         [&] { os::SendCopyDataTimeout(other, 1, os::Bytes{1}, 2000); }),
+        CallOf<&os::AnswersWithin>("AnswersWithin", [&] { (void)os::AnswersWithin(other, 2000); }),
+        CallOf<&os::ShowWindow>("ShowWindow", [&] { (void)os::ShowWindow(other, os::ShowCommand::Minimize); }),
+        CallOf<&os::MoveWindow>("MoveWindow", [&] { (void)os::MoveWindow(other, 20, 20, 300, 200); }),
+        CallOf<&os::SetTopmost>("SetTopmost", [&] { (void)os::SetTopmost(other, true); }),
+        CallOf<&os::SetWindowExtendedStyle>("SetWindowExtendedStyle", [&] { os::SetWindowExtendedStyle(other, 0x80); }),
+        CallOf<&os::Sleep>("Sleep", [] { os::Sleep(50); }),
+        CallOf<&os::AwaitEvent>("AwaitEvent", [&] { os::AwaitEvent(signalled); }),
+        CallOf<&os::Semaphore::Wait>("Semaphore::Wait",
+                                     [&] {
+                                       free.Post();
+                                       (void)free.Wait();
+                                     }),
+        CallOf<&os::Control>("Control", [&] { (void)os::Control(*device, 0x22240C, os::Bytes(8), 8); }),
+        CallOf<&os::OverwriteByCopy>("OverwriteByCopy", [&] { (void)os::OverwriteByCopy(file, copy); }),
+        CallOf<&os::ReadFileVersion>("ReadFileVersion", [] { (void)os::ReadFileVersion(os::OwnProgramPath()); }),
+        CallOf<&os::ServiceState>("ServiceState", [] { (void)os::ServiceState(L"RpcSs"); }),
+        CallOf<&os::HidInterfaces>("HidInterfaces", [] { (void)os::HidInterfaces(); }),
+        CallOf<&os::QueryDisplayConfiguration>("QueryDisplayConfiguration",
+                                               [] {
+                                                 constexpr auto kActive = os::DisplayQuery::OnlyActivePaths;
+                                                 (void)os::QueryDisplayConfiguration(kActive, kActive);
+                                               }),
+        CallOf<&os::ClickLeftButton>("ClickLeftButton", [] { os::ClickLeftButton(); }),
+        CallOf<&os::FindTopWindow>("FindTopWindow", [] { (void)os::FindTopWindow(world::kClass); }),
+        CallOf<&os::TopWindows>("TopWindows", [] { (void)os::TopWindows(); }),
+        CallOf<&os::WindowTitle>("WindowTitle", [&] { (void)os::WindowTitle(other); }),
+        CallOf<&os::WindowRect>("WindowRect", [&] { (void)os::WindowRect(other); }),
+        CallOf<&os::GetPlacement>("GetPlacement", [&] { (void)os::GetPlacement(other); }),
+        CallOf<&os::ForegroundWindow>("ForegroundWindow", [] { (void)os::ForegroundWindow(); }),
+        CallOf<&os::PostToWindow>("PostToWindow", [&] { os::PostToWindow(other, 0x8001, 0, 0); }),
+        CallOf<&os::StartTimer>("StartTimer", [&] { os::StartTimer(own, 9, 60'000); }),
+        CallOf<&os::DesktopMonitors>("DesktopMonitors", [] { (void)os::DesktopMonitors(); }),
+        CallOf<&os::MonitorDevices>("MonitorDevices", [] { (void)os::MonitorDevices(); }),
+        CallOf<&os::QueryPath>("QueryPath", [&] { (void)os::QueryPath(file); }),
+        CallOf<&os::ProcessImagePath>("ProcessImagePath",
+                                      [&] { (void)os::ProcessImagePath(os::WindowProcessId(other)); }),
+        CallOf<&os::QueryPowerStatus>("QueryPowerStatus", [] { (void)os::QueryPowerStatus(); }),
+    };
+    for (const auto& call : calls) {
+      const bool serves = call.way == os::Waiting::Serving || call.way == os::Waiting::ServingInput;
+      EXPECT_EQ(Serves(own, call), serves) << call.function;
+    }
+    os::DestroyServiceWindow(own);
+  });
+}
+
+}  // namespace
