@@ -41,12 +41,25 @@ TEST(Watchdog, BringsTheUiBackFiveMinutesAfterItEnded) {
   EXPECT_EQ(laptop.trace.Usage(), Texts{L"UI_EXIST_WITH_CHECKING_TIMES_1"});
 }
 
-TEST(Watchdog, WaitsOnlyThreeSecondsInAShop) {
-  WatchedUi laptop;
-  laptop.processes.Run(L"C:\\Shop\\RoVaN_Watchdog.exe");
-  laptop.KillUi();
-  laptop.Advance(5000);
-  EXPECT_TRUE(laptop.ui.Running());
+TEST(Watchdog, WaitsOnlyThreeSecondsInAShopWhichItKnowsByAProgramOfExactlyThisName) {
+  struct Case {
+    const wchar_t* program;
+    bool isListed = true, isShop = false;
+  };
+  for (const auto& each : {Case{.program = L"C:\\Shop\\RoVaN_Watchdog.exe", .isShop = true},
+                           {.program = L"C:\\Shop\\RoVaN_Watchdog.exe", .isListed = false},
+                           {.program = L"C:\\Shop\\rovan_watchdog.exe"},
+                           {.program = L"C:\\Shop\\RoVaN_Watchdog.exe.bak"},
+                           {.program = L"C:\\Shop\\My RoVaN_Watchdog.exe"}}) {
+    WatchedUi laptop;
+    laptop.processes.Run(each.program);
+    if (!each.isListed) laptop.faults.Fail<&os::RunningPrograms>();
+    laptop.KillUi();
+    laptop.Advance(2900);
+    EXPECT_EQ(laptop.Relaunches(), 0U);
+    laptop.Advance(1000);
+    EXPECT_EQ(laptop.Relaunches(), each.isShop ? 1U : 0U) << testing::PrintToString(each.program);
+  }
 }
 
 TEST(Watchdog, ReportsWhatCameOfItAndLaunchesOnlyAUiThatIsWanted) {
@@ -112,7 +125,9 @@ TEST(Watchdog, WithoutAThreadForItThereIsNoController) {
     Laptop laptop;
     laptop.faults.Fail<&os::StartThread>({.times = 1, .after = started});
     laptop.Boot();
-    if (laptop.ExitCode()) exitCodes.push_back(*laptop.ExitCode());
+    if (!laptop.ExitCode()) continue;
+    exitCodes.push_back(*laptop.ExitCode());
+    EXPECT_TRUE(laptop.trace.Contains(L"[Failure] There is no thread for \"process stops\" \n"));
   }
   EXPECT_EQ(exitCodes, std::vector{11});
 }

@@ -2,7 +2,9 @@
 
 #include <memory>
 
+#include "core/log_failure.h"
 #include "core/state.h"
+#include "core/threads.h"
 #include "core/trace_log.h"
 #include "os/hooks.h"
 #include "os/input.h"
@@ -46,13 +48,14 @@ void StartWinPWatch() {
   // A press and its release may wait. A key that is held repeats its press; the repetitions would do the same again.
   constexpr std::uint32_t kMostWaiting = 2;
   const auto pressed = std::make_shared<os::Semaphore>(kMostWaiting);
-  os::StartThread(L"Win+P", [pressed] {
+  StartThread(L"Win+P", [pressed] {
     while (pressed->Wait()) OnWinP();
   });
-  os::StartThread(L"keyboard", [pressed] {
-    os::WatchKeyboard([&](std::uint32_t virtualKey) {
+  StartThread(L"keyboard", [pressed] {
+    const auto onKey = [&](std::uint32_t virtualKey) {
       if (virtualKey == os::kKeyP && os::IsKeyDown(os::kKeyLeftWindows)) pressed->Post();
-    });
+    };
+    LogFailure(L"The keyboard cannot be watched", os::WatchKeyboard(onKey));
   });
 }
 

@@ -2,11 +2,12 @@
 
 #include <string>
 
+#include "core/log_failure.h"
 #include "core/service_window.h"
 #include "core/state.h"
+#include "core/threads.h"
 #include "core/trace_log.h"
 #include "os/desktop.h"
-#include "os/threads.h"
 #include "windows/full_screen.h"
 #include "windows/no_activate.h"
 
@@ -57,10 +58,12 @@ void OnForegroundEvent(os::WindowEvent event, std::int32_t object) {
 }
 
 void StartForegroundWatch() {
-  os::StartThread(L"foreground", [] {
-    os::WatchWindowEvents(
-        os::WindowEvent::Foreground, os::WindowEvent::LocationChange,
-        [](os::WindowEvent event, os::WindowHandle, std::int32_t object) { OnForegroundEvent(event, object); });
+  StartThread(L"foreground", [] {
+    LogFailure(L"The window in front cannot be watched",
+               os::WatchWindowEvents(os::WindowEvent::Foreground, os::WindowEvent::LocationChange,
+                                     [](os::WindowEvent event, os::WindowHandle, std::int32_t object) {
+                                       OnForegroundEvent(event, object);
+                                     }));
   });
 }
 
