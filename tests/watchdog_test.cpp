@@ -42,23 +42,18 @@ TEST(Watchdog, BringsTheUiBackFiveMinutesAfterItEnded) {
 }
 
 TEST(Watchdog, WaitsOnlyThreeSecondsInAShopWhichItKnowsByAProgramOfExactlyThisName) {
-  struct Case {
-    const wchar_t* program;
-    bool isListed = true, isShop = false;
-  };
-  for (const auto& each : {Case{.program = L"C:\\Shop\\RoVaN_Watchdog.exe", .isShop = true},
-                           {.program = L"C:\\Shop\\RoVaN_Watchdog.exe", .isListed = false},
-                           {.program = L"C:\\Shop\\rovan_watchdog.exe"},
-                           {.program = L"C:\\Shop\\RoVaN_Watchdog.exe.bak"},
-                           {.program = L"C:\\Shop\\My RoVaN_Watchdog.exe"}}) {
+  const Texts others = {L"rovan_watchdog.exe", L"RoVaN_Watchdog.exe.bak", L"My RoVaN_Watchdog.exe"};
+  for (const auto& [programs, isListed, relaunches] : {std::tuple(Texts{L"RoVaN_Watchdog.exe"}, true, 1U),
+                                                       {Texts{L"RoVaN_Watchdog.exe"}, false, 0U},
+                                                       {others, true, 0U}}) {
     WatchedUi laptop;
-    laptop.processes.Run(each.program);
-    if (!each.isListed) laptop.faults.Fail<&os::RunningPrograms>();
+    for (const auto& program : programs) laptop.processes.Run(L"C:\\Shop\\" + program);
+    if (!isListed) laptop.faults.Fail<&os::RunningPrograms>();
     laptop.KillUi();
     laptop.Advance(2900);
     EXPECT_EQ(laptop.Relaunches(), 0U);
     laptop.Advance(1000);
-    EXPECT_EQ(laptop.Relaunches(), each.isShop ? 1U : 0U) << testing::PrintToString(each.program);
+    EXPECT_EQ(laptop.Relaunches(), relaunches) << testing::PrintToString(programs);
   }
 }
 
