@@ -96,7 +96,7 @@ void MoveToAndFro(benchmark::State& state, sim::Laptop& laptop) {
 
 void MoveOntoEmptyCallback(benchmark::State& state) {
   sim::Laptop laptop;
-  os::StartThread(L"empty", [] { os::WatchMouse([](MouseEvent, Point) {}); });
+  os::StartThread(L"empty", [] { return os::WatchMouse([](MouseEvent, Point) {}); });
   laptop.Settle();
   MoveToAndFro(state, laptop);
 }
@@ -104,7 +104,7 @@ BENCHMARK(MoveOntoEmptyCallback)->MinTime(0.1)->Repetitions(9)->ReportAggregates
 
 void MoveOntoController(benchmark::State& state) {
   sim::Laptop laptop({.uiInstalled = false});
-  os::StartThread(L"mouse", [] { os::WatchMouse(tessaview::OnMouse); });
+  os::StartThread(L"mouse", [] { return os::WatchMouse(tessaview::OnMouse); });
   laptop.Settle();
   MoveToAndFro(state, laptop);
 }

@@ -25,22 +25,28 @@ Status RegisterServiceWindowClass(const WindowClass& windowClass, const ServiceW
   return Machine().window.RegisterClass(windowClass, events);
 }
 
-WindowHandle CreateServiceWindow(const std::wstring& className, const std::wstring& title) {
-  if (sim::Enter<&CreateServiceWindow>().failed()) return WindowHandle::None;
-  return Machine().window.Create(className, title);
+Result<WindowHandle> CreateServiceWindow(const std::wstring& className, const std::wstring& title) {
+  if (const auto call = sim::Enter<&CreateServiceWindow>(); call.failed()) return Error{call.error()};
+  const auto window = Machine().window.Create(className, title);
+  if (window == WindowHandle::None) return Error{sim::kCannotFindWindowClass};
+  return window;
 }
 
-void BecomePerMonitorDpiAware() {
-  if (!sim::Enter<&BecomePerMonitorDpiAware>().failed()) Machine().window.SeeScalePerMonitor();
+Status BecomePerMonitorDpiAware() {
+  if (const auto call = sim::Enter<&BecomePerMonitorDpiAware>(); call.failed()) return Error{call.error()};
+  Machine().window.SeeScalePerMonitor();
+  return Done{};
 }
 
 void RefreshWindow(WindowHandle /*window*/) {
   sim::Enter<&RefreshWindow>();  // a window that is never shown has nothing to paint
 }
 
-void AllowMessage(WindowHandle window, std::uint32_t message) {
-  if (sim::Enter<&AllowMessage>().failed() || !IsServiceWindow(window)) return;
+Status AllowMessage(WindowHandle window, std::uint32_t message) {
+  if (const auto call = sim::Enter<&AllowMessage>(); call.failed()) return Error{call.error()};
+  if (!IsServiceWindow(window)) return Error{sim::kInvalidWindowHandle};
   Machine().window.Allow(message);
+  return Done{};
 }
 
 void StartTimer(WindowHandle window, std::uint64_t id, std::uint32_t periodMs) {
@@ -53,8 +59,9 @@ void StopTimer(WindowHandle window, std::uint64_t id) {
   Machine().window.StopTimer(id);
 }
 
-PowerNotification RegisterPowerSetting(WindowHandle window, PowerSetting setting) {
-  if (sim::Enter<&RegisterPowerSetting>().failed() || !IsServiceWindow(window)) return PowerNotification::None;
+Result<PowerNotification> RegisterPowerSetting(WindowHandle window, PowerSetting setting) {
+  if (const auto call = sim::Enter<&RegisterPowerSetting>(); call.failed()) return Error{call.error()};
+  if (!IsServiceWindow(window)) return Error{sim::kInvalidWindowHandle};
   return Machine().power.Register(setting);
 }
 

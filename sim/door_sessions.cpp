@@ -13,8 +13,8 @@ Result<bool> IsSetupComplete() {
   return Machine().sessions.setupComplete;
 }
 
-SetupWait WaitForSetup(void (*onCompleted)()) {
-  if (sim::Enter<&WaitForSetup>().failed()) return SetupWait::None;
+Result<SetupWait> WaitForSetup(void (*onCompleted)()) {
+  if (const auto call = sim::Enter<&WaitForSetup>(); call.failed()) return Error{call.error()};
   return Machine().sessions.WaitForSetup(onCompleted);
 }
 

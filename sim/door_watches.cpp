@@ -1,32 +1,43 @@
 #include "os/hooks.h"
 #include "os/watches.h"
 #include "sim/parts.h"
+#include "sim/system_errors.h"
 
 namespace os {
 
 using sim::Machine;
 
-void WatchKeyboard(const std::function<void(std::uint32_t virtualKey)>& onKey) {
-  if (!sim::Enter<&WatchKeyboard>().failed()) Machine().input.Watch(onKey);
+Status WatchKeyboard(const std::function<void(std::uint32_t virtualKey)>& onKey) {
+  if (const auto call = sim::Enter<&WatchKeyboard>(); call.failed()) return Error{call.error()};
+  Machine().input.Watch(onKey);
+  return Done{};
 }
 
-void WatchMouse(const std::function<void(MouseEvent event, Point pointer)>& onMouse) {
-  if (!sim::Enter<&WatchMouse>().failed()) Machine().mouse.Watch(onMouse);
+Status WatchMouse(const std::function<void(MouseEvent event, Point pointer)>& onMouse) {
+  if (const auto call = sim::Enter<&WatchMouse>(); call.failed()) return Error{call.error()};
+  Machine().mouse.Watch(onMouse);
+  return Done{};
 }
 
-void WatchWindowEvents(
+Status WatchWindowEvents(
     WindowEvent first, WindowEvent last,
     const std::function<void(WindowEvent event, WindowHandle window, std::int32_t object)>& onEvent) {
-  if (!sim::Enter<&WatchWindowEvents>().failed()) Machine().windowEvents.Watch(first, last, onEvent);
+  if (const auto call = sim::Enter<&WatchWindowEvents>(); call.failed()) return Error{call.error()};
+  Machine().windowEvents.Watch(first, last, onEvent);
+  return Done{};
 }
 
-void WatchRegistryKey(const std::wstring& key, const std::function<void()>& onChange) {
-  if (sim::Enter<&WatchRegistryKey>().failed() || !Machine().registry.Has(key)) return;
+Status WatchRegistryKey(const std::wstring& key, const std::function<void()>& onChange) {
+  if (const auto call = sim::Enter<&WatchRegistryKey>(); call.failed()) return Error{call.error()};
+  if (!Machine().registry.Has(key)) return Error{sim::kFileNotFound};
   Machine().watches.WatchKey(key, onChange);
+  return Done{};
 }
 
-void WatchSystemLog(const wchar_t* query, const std::function<void()>& onEvents) {
-  if (!sim::Enter<&WatchSystemLog>().failed()) Machine().watches.WatchLog(query, onEvents);
+Status WatchSystemLog(const wchar_t* query, const std::function<void()>& onEvents) {
+  if (const auto call = sim::Enter<&WatchSystemLog>(); call.failed()) return Error{call.error()};
+  Machine().watches.WatchLog(query, onEvents);
+  return Done{};
 }
 
 }  // namespace os

@@ -44,7 +44,7 @@ void FileSystem::AddFile(const std::wstring& path, os::Bytes content) {
 
 void FileSystem::AddTextFile(const std::wstring& path, const std::wstring& text) {
   AddFile(path);
-  (void)WriteText(path, text);
+  (void)WriteText(path, text);  // into a file that was just made
 }
 
 void FileSystem::AddProgram(const std::wstring& path, const os::FileVersion& version) {

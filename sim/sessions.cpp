@@ -111,8 +111,8 @@ std::optional<std::uint32_t> Sessions::Door::SessionOf(os::EnvironmentHandle env
 
 // ---- First sign-in ----
 
-os::SetupWait Sessions::Door::WaitForSetup(void (*onCompleted)()) {
-  if (setupComplete) return os::SetupWait::None;
+os::Result<os::SetupWait> Sessions::Door::WaitForSetup(void (*onCompleted)()) {
+  if (setupComplete) return os::Error{kInvalidState};
   onSetup_ = onCompleted;
   return static_cast<os::SetupWait>(1);
 }

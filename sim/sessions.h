@@ -96,7 +96,7 @@ class Sessions::Door : public Sessions {
   [[nodiscard]] std::optional<std::uint32_t> SessionOf(os::EnvironmentHandle environment);
   void Close(os::TokenHandle token) noexcept { tokens_.Close(token); }
   void Close(os::EnvironmentHandle environment) noexcept { environments_.Close(environment); }
-  os::SetupWait WaitForSetup(void (*onCompleted)());
+  os::Result<os::SetupWait> WaitForSetup(void (*onCompleted)());
   void EndWaitForSetup() { onSetup_ = nullptr; }
   /// The process is gone, and all it held.
   void EndProcess();

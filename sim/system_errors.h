@@ -11,7 +11,7 @@ inline constexpr std::uint32_t kFileNotFound = 2, kPathNotFound = 3, kAccessDeni
                                kInvalidParameter = 87, kInsufficientBuffer = 122, kAlreadyExists = 183,
                                kNoMoreItems = 259, kNoToken = 1008, kNotFound = 1168, kNotAllAssigned = 1300,
                                kNoSuchPrivilege = 1313, kPrivilegeNotHeld = 1314, kInvalidWindowHandle = 1400,
-                               kClassAlreadyExists = 1410;
+                               kCannotFindWindowClass = 1407, kClassAlreadyExists = 1410, kInvalidState = 5023;
 
 /// What a call comes to that may fail with one of them; 0 is a success.
 [[nodiscard]] inline os::Status Outcome(std::uint32_t error) {

@@ -14,6 +14,7 @@ TEST(PackageWatch, LaunchesAUiThatHasJustBeenInstalled) {
   laptop.faults.Fail<&os::SessionUserToken>({.times = 1});
   laptop.apps.InstallUi();
   EXPECT_FALSE(laptop.ui.Running()) << "the check could not be made";
+  EXPECT_TRUE(laptop.trace.Contains(L" CreateProcessWithUserLevel Fail \n"));
   laptop.apps.InstallUi();
   EXPECT_TRUE(laptop.ui.Running());
   EXPECT_EQ(laptop.apps.Activations().size(), 1U);

@@ -1,5 +1,8 @@
 #include "os/device_io.h"
+#include "os/hooks.h"
 #include "os/messages.h"
+#include "os/process_stops.h"
+#include "os/watches.h"
 #include "tests/support.h"
 
 namespace {
@@ -55,9 +58,65 @@ TEST(StartUp, LeavesAtOnceAndTouchesNothingBesideAnotherInstanceOrWithoutAWindow
     if (!second) laptop.faults.Fail<&os::CreateServiceWindow>();
     laptop.Boot();
     EXPECT_EQ(laptop.ExitCode(), 0);
+    EXPECT_NE(second, laptop.trace.Contains(L"[Failure] The window cannot be created, error = 31 (0x1F) \n"));
     EXPECT_FALSE(laptop.window.Exists() || laptop.settings.Exists());
     EXPECT_TRUE(laptop.touch.NodeSwitches().empty() && laptop.processes.Starts().empty());
     EXPECT_EQ(laptop.events.OpenHandles(), 0U);
+  }
+}
+
+/// Starts a laptop on which these doors fail. The log has a line of the controller's own for each that did.
+template <auto... Doors>
+void ExpectTold(std::initializer_list<const wchar_t*> what) {
+  Laptop laptop;
+  (laptop.faults.Fail<Doors>({.error = 1450, .times = 30}), ...);
+  laptop.Boot();
+  for (const std::wstring sentence : what) {
+    EXPECT_TRUE(laptop.trace.Contains(L"[Failure] " + sentence + L", error = 1450 (0x5AA) \n"))
+        << testing::PrintToString(sentence);
+  }
+}
+
+TEST(StartUp, SaysWhatCouldNotBeSetUp) {
+  ExpectTold<&os::BecomePerMonitorDpiAware, &os::AllowMessage, &os::RegisterPowerSetting, &os::RegisterSessionEvents,
+             &os::WatchKeyboard, &os::WatchMouse, &os::WatchWindowEvents, &os::WatchRegistryKey, &os::WatchSystemLog,
+             &os::OpenDevice, &os::OpenHid, &os::JoinCom, &os::JoinComMultithreaded>(
+      {L"The process cannot see the monitors' scales", L"The window cannot let a message through",
+       L"A power setting cannot be followed", L"The session cannot be followed", L"The keyboard cannot be watched",
+       L"The mouse cannot be watched", L"The drags of windows cannot be watched",
+       L"The window in front cannot be watched", L"Switches of the desktop cannot be watched",
+       L"The installed packages cannot be watched", L"The system's log cannot be watched",
+       L"The firmware cannot be opened", L"A collection of the touch controller cannot be opened",
+       L"The HID collection cannot be opened", L"The thread cannot join COM", L"The watchdog cannot join COM"});
+  ExpectTold<&os::RegisterServiceWindowClass>({L"The window class cannot be registered"});
+  ExpectTold<&os::InitializeComSecurity, &os::CreateActivationManager>(
+      {L"The process cannot set its COM security", L"The activation manager cannot be had"});
+  ExpectTold<&os::CreateManagementLocator, &os::ActivateApplication>(
+      {L"The way to Windows management cannot be had", L"The application cannot be activated"});
+  ExpectTold<&os::IsSetupComplete, &os::ConnectToManagement>(
+      {L"The state of Windows' setup cannot be told", L"Windows management cannot be connected to"});
+  ExpectTold<&os::SetManagementBlanket, &os::SubscribeToProcessStops>(
+      {L"Calls of Windows management cannot be secured", L"Ended processes cannot be asked for"});
+}
+
+TEST(StartUp, InAShopAPanelThatIsOffComesBackAfterFiveMinutes) {
+  constexpr std::uint32_t kPeriodMs = 300'000;
+  for (const auto& [saved, isShop] : {std::pair(L"Off", false), {L"On", true}, {L"Off", true}}) {
+    Laptop laptop({.saved = saved});
+    if (isShop) laptop.services.Set(L"RetailDemo", sim::Services::kRunning);
+    laptop.displays.Project(Topology::Internal);
+    laptop.Boot();
+    const bool comesBack = isShop && saved[1] == L'f';
+    EXPECT_EQ(laptop.window.TimerPeriod(9527), comesBack ? std::optional(kPeriodMs) : std::nullopt);
+    if (!comesBack) continue;
+    laptop.events.Signal(KernelObjects::kSwitchingEvent);
+    laptop.Advance(kPeriodMs - 30'000);
+    EXPECT_FALSE(laptop.input.LeftClicks() != 0 || laptop.events.Signalled(KernelObjects::kPowerEvent));
+    laptop.Advance(40'000);
+    EXPECT_EQ(laptop.displays.topology, Topology::Extend);
+    EXPECT_TRUE(laptop.events.Signalled(KernelObjects::kPowerEvent) && laptop.input.LeftClicks() == 1);
+    EXPECT_FALSE(laptop.events.Signalled(KernelObjects::kSwitchingEvent) || laptop.window.TimerPeriod(9527));
+    EXPECT_EQ(laptop.hotKey.Received().back().wParam, 1U) << "the touch pad is wanted on";
   }
 }
 

@@ -44,6 +44,14 @@ TEST(UiLaunch, LaunchesNothingBesideAWindowOfTheUi) {
   }
 }
 
+TEST(UiLaunch, HappensAlsoWhenSetupEndsBetweenTheQuestionAndTheWaitForIt) {
+  Laptop laptop({.setupComplete = false});
+  laptop.faults.Slow<&os::WaitForSetup>(100);
+  laptop.After(50, [&laptop] { laptop.sessions.setupComplete = true; });
+  EXPECT_TRUE(laptop.Boot());
+  EXPECT_EQ(laptop.apps.Activations().size(), 1U);
+}
+
 TEST(UiLaunch, MakesTheSurfaceATouchPadWhenTheTouchScreenIsWrong) {
   Laptop laptop;
   laptop.desktop.OpenInForeground({.className = L"BootAppClass"});  // there is no waiting for the desktop either

@@ -41,12 +41,20 @@ TEST(Watchdog, BringsTheUiBackFiveMinutesAfterItEnded) {
   EXPECT_EQ(laptop.trace.Usage(), Texts{L"UI_EXIST_WITH_CHECKING_TIMES_1"});
 }
 
-TEST(Watchdog, WaitsOnlyThreeSecondsInAShop) {
-  WatchedUi laptop;
-  laptop.processes.Run(L"C:\\Shop\\RoVaN_Watchdog.exe");
-  laptop.KillUi();
-  laptop.Advance(5000);
-  EXPECT_TRUE(laptop.ui.Running());
+TEST(Watchdog, WaitsOnlyThreeSecondsInAShopWhichItKnowsByAProgramOfExactlyThisName) {
+  const Texts others = {L"rovan_watchdog.exe", L"RoVaN_Watchdog.exe.bak", L"My RoVaN_Watchdog.exe"};
+  for (const auto& [programs, isListed, relaunches] : {std::tuple(Texts{L"RoVaN_Watchdog.exe"}, true, 1U),
+                                                       {Texts{L"RoVaN_Watchdog.exe"}, false, 0U},
+                                                       {others, true, 0U}}) {
+    WatchedUi laptop;
+    for (const auto& program : programs) laptop.processes.Run(L"C:\\Shop\\" + program);
+    if (!isListed) laptop.faults.Fail<&os::RunningPrograms>();
+    laptop.KillUi();
+    laptop.Advance(2900);
+    EXPECT_EQ(laptop.Relaunches(), 0U);
+    laptop.Advance(1000);
+    EXPECT_EQ(laptop.Relaunches(), relaunches) << testing::PrintToString(programs);
+  }
 }
 
 TEST(Watchdog, ReportsWhatCameOfItAndLaunchesOnlyAUiThatIsWanted) {
@@ -112,7 +120,9 @@ TEST(Watchdog, WithoutAThreadForItThereIsNoController) {
     Laptop laptop;
     laptop.faults.Fail<&os::StartThread>({.times = 1, .after = started});
     laptop.Boot();
-    if (laptop.ExitCode()) exitCodes.push_back(*laptop.ExitCode());
+    if (!laptop.ExitCode()) continue;
+    exitCodes.push_back(*laptop.ExitCode());
+    EXPECT_TRUE(laptop.trace.Contains(L"[Failure] There is no thread for \"process stops\" \n"));
   }
   EXPECT_EQ(exitCodes, std::vector{11});
 }

@@ -154,17 +154,21 @@ TEST_F(WindowCommands, AFrameIsClosedWithTheApplicationInsideItAndNeverWithItsHo
   }
 }
 
-TEST_F(WindowCommands, AWallpaperIsSetByTheToolInTwoSteps) {
+TEST_F(WindowCommands, AWallpaperIsSetByTheToolInTwoStepsOneAfterTheOther) {
   const std::wstring tool = L"C:\\Program Files\\NORV\\Tessaview\\NorvTessaviewWallpaper.exe";
   laptop.files.AddFile(tool);
-  laptop.processes[L"NorvTessaviewWallpaper.exe"] = {};
+  std::vector<std::uint64_t> startedMs;
+  laptop.processes[L"NorvTessaviewWallpaper.exe"] = {.neverEnds = true,
+                                                     .onStart = [&] { startedMs.push_back(laptop.NowMs()); }};
   for (const auto& [text, argument] :
        {std::pair(L"WALLPAPER=C:\\My Pictures\\a=b.jpg", L" -UI \"C:\\My Pictures\\a=b.jpg\""),
         {L"WALLPAPERB=C:\\b.jpg", L" -UIB \"C:\\b.jpg\""}}) {
     const auto before = laptop.processes.Starts().size();
+    startedMs.clear();
     laptop.ui.Send(text);
     const auto& starts = laptop.processes.Starts();
     ASSERT_EQ(starts.size(), before + 2);
+    EXPECT_EQ(startedMs[1] - startedMs[0], 5000U) << "a preparation that hangs is given up";
     EXPECT_EQ(starts[before].commandLine, L"\"" + tool + L"\" -SET Tessaview");
     EXPECT_EQ(starts[before + 1].commandLine, L"\"" + tool + L"\"" + argument);
   }

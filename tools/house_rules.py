@@ -60,6 +60,21 @@ def time_and_threads_behind_the_door(tree):
                     yield file.at(number, f"'{found[0].strip()}' {message}")
 
 
+# An outcome that is thrown away. A parameter list of C, "(void)", is followed by no name.
+DROPPED = re.compile(r"(\(void\)|\bstatic_cast<void>\(|\bstd::ignore\s*=)\s*[\w:(*]")
+
+
+def dropped_outcomes_have_reasons(tree):
+    for file in tree.cpp("src/", "sim/"):
+        spoken, before = file.without_comments.split("\n"), ""
+        for number, (bare, line) in enumerate(zip(file.bare_lines, file.lines), 1):
+            is_commented = before.lstrip().startswith("//") or spoken[number - 1].rstrip() != line.rstrip()
+            if DROPPED.search(bare) and not is_commented:
+                yield file.at(number, "an outcome is dropped; log a failure (LogFailure), or say why it may be dropped "
+                                      "in a comment on this line or above it")
+            before = line
+
+
 def tidy_text(tree):
     for file in tree.files.values():
         if file.text and not file.text.endswith("\n"):
@@ -80,6 +95,7 @@ def cpp_files_are_short(tree):
 
 RULES = include_rules.RULES + verification_table.RULES + document_tables.RULES + (
     time_and_threads_behind_the_door,
+    dropped_outcomes_have_reasons,
     tidy_text,
     cpp_files_are_short,
 )

@@ -53,6 +53,10 @@ BITES = {
                           "sim/ui.cpp:2: 'std::jthread' starts", "src/core/a.cpp:1: 'std::thread' starts",
                           "src/power/a.cpp:2: 'usleep(' sleeps", "tests/a_test.cpp:1: <chrono> reads",
                           "tests/a_test.cpp:2: 'std::chrono' reads"]),
+    "outcome dropped without a reason": (
+        {"src/core/a.cpp": "(void)os::Go();  // as it may\n// may it?\n  if (a) (void)Go();\n\n  std::ignore = Go();\n"
+                           "  static_cast<void>(Go(\"// no\"));\n", "sim/a.cpp": "int F(void);\n\n(void)Go();\n"},
+        ["sim/a.cpp:3: an outcome is dropped", "src/core/a.cpp:5: an outcome", "src/core/a.cpp:6: an outcome"]),
     "includes": ({"sim/a.cpp": '#include "core/a.h"\n', "sim/a.h": "// #pragma once\n", "src/core/a.h": H,
                   "src/core/b.cpp": "#include <core/a.h>\n", "src/misc/a.h": H,
                   "src/os/win32/b.h": H + '#include "core/a.h"\n', "src/power/a.cpp": '#include "os/win32/b.h"\n',

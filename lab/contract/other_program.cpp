@@ -6,6 +6,8 @@
 #include <string_view>
 #include <utility>
 
+#include "os/threads.h"
+#include "os/win32/process_end.h"
 #include "tests/contract/world.h"
 
 namespace contract {
@@ -56,6 +58,25 @@ int ServeWindow() {
   return 0;
 }
 
+/// Ends as the product's programs do: by an exception out of a thread, by the library's own giving up, or in order
+/// while another thread holds the lock under which modules come and go.
+int EndLikeTheProduct(std::string_view how) {
+  os::win32::FailFastFromHereOn();
+  if (how == "--abort") std::abort();
+  static HANDLE held = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+  os::StartThread(
+      L"other", how == "--throw" ? [] { throw 1; } : [] {
+        using LockLoader = NTSTATUS NTAPI(ULONG flags, ULONG * result, ULONG_PTR * cookie);
+        ULONG_PTR cookie = 0;
+        const auto lock = GetProcAddress(GetModuleHandleW(L"ntdll"), "LdrLockLoaderLock");
+        reinterpret_cast<LockLoader*>(reinterpret_cast<void*>(lock))(0, nullptr, &cookie);
+        SetEvent(held);
+        Sleep(INFINITE);
+      });
+  WaitForSingleObject(held, INFINITE);
+  os::win32::EndProcess(7);
+}
+
 }  // namespace
 
 UINT RequestMessage() {
@@ -65,13 +86,14 @@ UINT RequestMessage() {
 
 }  // namespace contract
 
-/// As the other program: --exit CODE · --last (2 seconds) · --window
+/// As the other program: --exit CODE · --last (2 seconds) · --window · --throw · --abort · --end
 int main(int count, char** arguments) {
   constexpr DWORD kLastingMs = 2000;
   const std::string_view what = count > 1 ? arguments[1] : "";
   if (what == "--exit") return std::atoi(arguments[2]);
   if (what == "--window") return contract::ServeWindow();
   if (what == "--last") return Sleep(kLastingMs), 0;
+  if (what == "--throw" || what == "--abort" || what == "--end") return contract::EndLikeTheProduct(what);
   testing::InitGoogleTest(&count, arguments);
   return RUN_ALL_TESTS();
 }

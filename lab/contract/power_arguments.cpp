@@ -59,9 +59,10 @@ TEST(PowerArguments, TheLidsActionIsReadFromTheSchemeForEachSource) {
 TEST(HookArguments, EventsOfTheOwnProcessAreLeftOutAndWhoCannotWatchReturns) {
   static DWORD asked;
   CONTRACT_PATCH(SetWinEventHook, [](auto, auto, auto, auto, auto, auto, auto flags) -> HWINEVENTHOOK {
-    return asked = flags, nullptr;
+    return asked = flags, SetLastError(ERROR_GEN_FAILURE), nullptr;
   });
-  os::WatchWindowEvents(os::WindowEvent::Foreground, os::WindowEvent::LocationChange, [](auto, auto, auto) {});
+  const auto watched = os::WatchWindowEvents(os::WindowEvent::Foreground, os::WindowEvent::LocationChange, {});
+  EXPECT_EQ(watched.error(), 31U);
   EXPECT_EQ(asked, DWORD{WINEVENT_SKIPOWNPROCESS});
 }
 
@@ -99,7 +100,7 @@ TEST(WatchArguments, EventsOfTheSystemsLogAreTakenWholeAndToldOnce) {
   gBatches = {3, 1, 0, 0, 2};  // six events in all: the second signal came for one of the first four
   gClosed.clear(), gWaits = 0;
   int told = 0;
-  for (const auto* query : {L"*[it]", L"*[another]"}) os::WatchSystemLog(query, [&] { ++told; });
+  for (const auto* query : {L"*[it]", L"*[another]"}) EXPECT_FALSE(os::WatchSystemLog(query, [&] { ++told; }));
   EXPECT_TRUE(told == 2 && gWaits == 4) << "the other one it is not let to watch";
   EXPECT_EQ(gClosed, (std::vector<std::size_t>{1, 2, 3, 1, 1, 2, 0x50}));
 }

@@ -39,8 +39,8 @@ TEST(WindowArguments, NotificationsAreAskedForThisWindowAndThisSession) {
   });
   for (std::size_t i = 0; i < std::size(kSettings); ++i) {
     const auto notification = os::RegisterPowerSetting(kWindow, static_cast<os::PowerSetting>(i));
-    EXPECT_TRUE(notification == os::PowerNotification{0x77} && IsEqualGUID(setting, kSettings[i])) << i;
-    os::UnregisterPowerSetting(notification);
+    EXPECT_TRUE(notification && IsEqualGUID(setting, kSettings[i])) << i;
+    os::UnregisterPowerSetting(*notification);
   }
   CONTRACT_PATCH(WTSRegisterSessionNotification, [](auto window, auto flags) -> BOOL {
     return SetLastError(ERROR_GEN_FAILURE), window == kNative && flags == NOTIFY_FOR_THIS_SESSION;
@@ -60,8 +60,7 @@ TEST(WindowArguments, NotificationsAreAskedForThisWindowAndThisSession) {
     return asked += own && dialog == MAKEINTRESOURCEW(103) ? "dialog" : "", 1;
   });
   os::UnregisterSessionEvents(kWindow);
-  os::AllowMessage(kWindow, os::kCopyDataMessage);
-  os::BecomePerMonitorDpiAware();
+  EXPECT_TRUE(os::AllowMessage(kWindow, os::kCopyDataMessage) && os::BecomePerMonitorDpiAware());
   os::ShowDialog(kWindow, 103);
   EXPECT_EQ(asked, ".....unregistered allowed aware dialog");
 }
@@ -71,7 +70,7 @@ TEST(WindowArguments, NotificationsAreAskedForThisWindowAndThisSession) {
 TEST(WindowDecoder, EachMessageIsDecodedIntoItsEvent) {
   static const auto events = HeardEvents();  // no id of a registered message: those registrations failed
   ASSERT_TRUE(os::RegisterServiceWindowClass({L"ContractDecoder", 0, 0, 0}, events));
-  const auto window = os::CreateServiceWindow(L"ContractDecoder", L"");
+  const auto window = *os::CreateServiceWindow(L"ContractDecoder", L"");
   // A record of 38 bytes: two reports of three bytes each. Input 2 is a mouse's, and 3 is announced as larger.
   CONTRACT_PATCH(GetRawInputData, [](auto input, auto command, auto to, auto size, auto headerSize) -> UINT {
     const auto number = reinterpret_cast<std::uintptr_t>(input);

@@ -1,9 +1,10 @@
 #include "app/start_up.h"
 
-#include <array>
 #include <system_error>
+#include <vector>
 
 #include "core/factory_config.h"
+#include "core/log_failure.h"
 #include "core/resource_ids.h"
 #include "core/service_window.h"
 #include "core/trace_log.h"
@@ -40,13 +41,14 @@ namespace {
 /// Without a thread for its watchdog the controller does not run: "resource unavailable, try again", as C++ has it.
 constexpr int kNoThread = static_cast<int>(std::errc::resource_unavailable_try_again);
 
-using PowerNotifications = std::array<os::PowerNotification, 5>;
+using PowerNotifications = std::vector<os::PowerNotification>;  // those that were given
 
-os::Status RegisterWindowClass(const std::wstring& className) {
-  const auto status = os::RegisterServiceWindowClass(
-      {.name = className, .largeIcon = kLargeIcon, .smallIcon = kSmallIcon, .menu = kMainMenu}, ServiceWindowEvents());
-  os::BecomePerMonitorDpiAware();
-  return status;
+void RegisterWindowClass(const std::wstring& className) {
+  const os::WindowClass windowClass{
+      .name = className, .largeIcon = kLargeIcon, .smallIcon = kSmallIcon, .menu = kMainMenu};
+  LogFailure(L"The window class cannot be registered",
+             os::RegisterServiceWindowClass(windowClass, ServiceWindowEvents()));
+  LogFailure(L"The process cannot see the monitors' scales", os::BecomePerMonitorDpiAware());
 }
 
 void PrepareWindow(os::WindowHandle window) {
@@ -54,7 +56,7 @@ void PrepareWindow(os::WindowHandle window) {
   StartServiceTimer(ServiceTimer::Update);
   os::RefreshWindow(window);
   for (const auto message : {os::kCopyDataMessage, HotKeyMessage(), TouchPadStatusMessage()}) {
-    os::AllowMessage(window, message);
+    LogFailure(L"The window cannot let a message through", os::AllowMessage(window, message));
   }
 }
 
@@ -89,11 +91,15 @@ void ReconnectTouchPad() {
 PowerNotifications RegisterPowerNotifications(os::WindowHandle window) {
   using os::PowerSetting;
   ExpectFirstNotifications();
-  return {os::RegisterPowerSetting(window, PowerSetting::ConsoleDisplayState),
-          os::RegisterPowerSetting(window, PowerSetting::LidSwitchState),
-          os::RegisterPowerSetting(window, PowerSetting::PowerSavingStatus),
-          os::RegisterPowerSetting(window, PowerSetting::AcDcPowerSource),
-          os::RegisterPowerSetting(window, PowerSetting::LidCloseAction)};
+  PowerNotifications notifications;
+  for (const auto setting :
+       {PowerSetting::ConsoleDisplayState, PowerSetting::LidSwitchState, PowerSetting::PowerSavingStatus,
+        PowerSetting::AcDcPowerSource, PowerSetting::LidCloseAction}) {
+    const auto notification = os::RegisterPowerSetting(window, setting);
+    LogFailure(L"A power setting cannot be followed", notification);
+    if (notification) notifications.push_back(*notification);
+  }
+  return notifications;
 }
 
 void CheckProjection() {
@@ -132,11 +138,13 @@ int RunController() {
   // One instance per session, and its window.
   const auto title = os::LoadResourceText(kTitleText);
   const auto className = os::LoadResourceText(kClassText);
-  (void)RegisterWindowClass(className);
+  RegisterWindowClass(className);
   const auto instance = os::CreateNamedMutex(L"Mutex_TessaviewService");  // held until the process ends
   if (instance.alreadyExisted) return 0;
-  const auto window = os::CreateServiceWindow(className, title);
-  if (window == os::WindowHandle::None) return 0;
+  const auto created = os::CreateServiceWindow(className, title);
+  LogFailure(L"The window cannot be created", created);
+  if (!created) return 0;
+  const auto window = *created;
   PrepareWindow(window);
 
   // What the machine consists of.
@@ -155,7 +163,7 @@ int RunController() {
 
   // What happens from now on.
   const auto notifications = RegisterPowerNotifications(window);
-  (void)os::RegisterSessionEvents(window);
+  LogFailure(L"The session cannot be followed", os::RegisterSessionEvents(window));
   CheckProjection();
   PublishPanelPower();
   SubscribeToTouchPadStatus();

@@ -59,8 +59,8 @@ class LogFormat {
 template <class... Args>
 void FormatLogText(wchar_t (&text)[kLogTextSize], LogFormat<std::type_identity_t<Args>...> format,
                    const Args&... args) {
-  // A text that does not fit leaves a full buffer behind a failure result on some libraries; it stays terminated.
   text[0] = 0;
+  // A text that does not fit leaves a full buffer behind a failure result on some libraries; it stays terminated.
   (void)std::swprintf(text, kLogTextSize, format.get(), LogArgument(args)...);
   text[kLogTextSize - 1] = 0;
 }

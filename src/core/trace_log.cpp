@@ -41,7 +41,7 @@ void TraceLevel::RegisterProviderOnce() {
   const auto provider = os::RegisterTraceProvider(kProviderId, OnTraceEnabled);
   if (!provider) return;
   gProvider.set(*provider);
-  (void)os::SetTraceProviderTraits(*provider, ProviderTraits());
+  (void)os::SetTraceProviderTraits(*provider, ProviderTraits());  // each event carries them as well
 }
 
 std::uint32_t WriteTraceLog(const wchar_t* text) {

@@ -13,6 +13,7 @@ std::wstring FindStoredConfiguration(const std::wstring& text) {
 
 void StampStoredConfiguration(const std::wstring& name, std::uint64_t fileTime) {
   if (name.empty()) return;  // would open the database's own key
+  // A stamp that cannot be written leaves the choice to the system, as without the controller.
   (void)os::WriteRegistryLongNumber(std::wstring(kConfigurationDatabase) + L"\\" + name, L"Timestamp", fileTime);
 }
 

@@ -1,9 +1,10 @@
+#include "core/log_failure.h"
 #include "core/state.h"
+#include "core/threads.h"
 #include "core/trace_log.h"
 #include "lifecycle/watches.h"
 #include "os/desktop.h"
 #include "os/hooks.h"
-#include "os/threads.h"
 #include "uilink/channel/ui_channel.h"
 
 namespace tessaview {
@@ -27,9 +28,10 @@ void OnDesktopSwitch() {
 }  // namespace
 
 void StartDesktopWatch() {
-  os::StartThread(L"desktop switch", [] {
-    os::WatchWindowEvents(os::WindowEvent::DesktopSwitch, os::WindowEvent::DesktopSwitch,
-                          [](os::WindowEvent, os::WindowHandle, std::int32_t) { OnDesktopSwitch(); });
+  StartThread(L"desktop switch", [] {
+    LogFailure(L"Switches of the desktop cannot be watched",
+               os::WatchWindowEvents(os::WindowEvent::DesktopSwitch, os::WindowEvent::DesktopSwitch,
+                                     [](os::WindowEvent, os::WindowHandle, std::int32_t) { OnDesktopSwitch(); }));
   });
 }
 

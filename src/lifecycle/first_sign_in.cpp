@@ -1,5 +1,6 @@
 #include "lifecycle/first_sign_in.h"
 
+#include "core/log_failure.h"
 #include "core/state.h"
 #include "os/first_sign_in.h"
 
@@ -9,6 +10,12 @@ namespace {
 Shared<bool> gIsComplete;
 Shared<void (*)()> gOnCompleted;
 MainThreadOnly<os::SetupWait> gOOBEWaitHandle;
+
+bool IsSetupOver() {
+  const auto complete = os::IsSetupComplete();
+  LogFailure(L"The state of Windows' setup cannot be told", complete);
+  return complete && *complete;
+}
 
 void OnSetupCompleted() {
   gIsComplete.set(true);
@@ -23,9 +30,13 @@ bool isOOBEComplete() {
 
 void FollowFirstSignIn(void (*onCompleted)()) {
   gOnCompleted.set(onCompleted);
-  const auto complete = os::IsSetupComplete();
-  gIsComplete.set(complete && *complete);
-  *gOOBEWaitHandle = os::WaitForSetup(OnSetupCompleted);
+  gIsComplete.set(IsSetupOver());
+  const auto wait = os::WaitForSetup(OnSetupCompleted);
+  if (wait) *gOOBEWaitHandle = *wait;
+  if (wait || isOOBEComplete()) return;
+  // There is nothing to wait for when setup ended after it was asked about.
+  gIsComplete.set(IsSetupOver());
+  if (!isOOBEComplete()) LogFailure(L"The end of Windows' setup cannot be waited for", wait);
 }
 
 void StopFollowingFirstSignIn() {

@@ -12,8 +12,9 @@ namespace tessaview {
 /// They lie beside this program; a missing one is a log line. Does not wait for them.
 void StartHelperTools();
 
-/// Has the wallpaper tool prepare the C panel, and then set a picture by an option of its own ("-UI" for the C panel,
-/// "-UIB" for the B panel), as the active user. Does not wait for it.
+/// Has the wallpaper tool prepare the C panel, and once that has ended, 5 seconds later at most, set a picture by an
+/// option of its own ("-UI" for the C panel, "-UIB" for the B panel), as the active user. Pictures are set in the order
+/// in which they came, on a thread of their own. Any thread; returns at once.
 void SetWallpaper(const wchar_t* option, const std::wstring& picture);
 
 }  // namespace tessaview

@@ -18,30 +18,41 @@ constexpr std::uint32_t kRetryPauseMs = 500;
 
 constexpr std::uint32_t kNotInstalled = 0, kInstalled = 1;  // exit codes of the check tool
 
+/// Runs the tool once and logs what it says. False when it could not be started. A run that does not end in time leaves
+/// `exitCode` as it was.
+bool Ask(std::uint32_t& exitCode) {
+  if (!CreateProcessWithUserLevel(PathBesideProgram(kCheckTool), exitCode)) {
+    Log(L" CreateProcessWithUserLevel Fail \n");
+    return false;
+  }
+  if (exitCode == kInstalled) {
+    Log(L" Found Package \n");
+  } else if (exitCode == kNotInstalled) {
+    Log(L" No Found Package \n");
+  } else {
+    Log(L" PackageCheck Fail , ExitCode = %d \n", exitCode);
+  }
+  return true;
+}
+
 }  // namespace
 
 bool RunPackageCheck() {
   InitialDisplayUntilCPanelShows();
 
-  const auto tool = PathBesideProgram(kCheckTool);
   std::uint32_t exitCode = kNotInstalled;  // a run that does not end in time leaves the verdict of the one before
   for (int attempt = 1; attempt <= kMostAttempts; ++attempt) {
-    const bool started = CreateProcessWithUserLevel(tool, exitCode);
-    if (started && exitCode == kInstalled) {
-      Log(L" Found Package \n");
-      return true;
-    }
-    if (!started) {
-      Log(L" CreateProcessWithUserLevel Fail \n");
-    } else if (exitCode == kNotInstalled) {
-      Log(L" No Found Package \n");
-    } else {
-      Log(L" PackageCheck Fail , ExitCode = %d \n", exitCode);
-    }
+    const bool started = Ask(exitCode);
+    if (started && exitCode == kInstalled) return true;
     os::Sleep(kRetryPauseMs);
     if (attempt == kReportedAttempt && started && exitCode == kNotInstalled) RecordUsage(L"NOT_EXIST_UWP");
   }
   return false;
+}
+
+bool CheckPackage() {
+  std::uint32_t exitCode = kNotInstalled;
+  return Ask(exitCode) && exitCode == kInstalled;
 }
 
 PackageVerdict CheckPackageQuietly() {

@@ -7,6 +7,10 @@ namespace tessaview {
 /// seconds more, and for up to 5 seconds for each run of a tool that hangs.
 bool RunPackageCheck();
 
+/// Asks the check tool once and logs what it says. True when it says that the package is installed. Blocks for up to 5
+/// seconds. Any thread.
+[[nodiscard]] bool CheckPackage();
+
 /// What a single run of the check tool says; a run that takes too long says that the package is not installed.
 enum class PackageVerdict { Installed, NotInstalled, Unknown };
 

@@ -1,3 +1,5 @@
+#include "core/log_failure.h"
+#include "core/threads.h"
 #include "core/trace_log.h"
 #include "display/panel_geometry.h"
 #include "lifecycle/first_sign_in.h"
@@ -6,7 +8,6 @@
 #include "lifecycle/ui_launch.h"
 #include "lifecycle/watches.h"
 #include "os/clock.h"
-#include "os/threads.h"
 #include "os/watches.h"
 #include "touch/touch_screen_check.h"
 
@@ -28,13 +29,15 @@ void OnPackagesChanged() {
   os::Sleep(kCalmMs);
   Log(L"[PackageWatch] The installed packages changed \n");
   InitialDisplay();
-  if (MayLaunchUi() && CheckPackageQuietly() == PackageVerdict::Installed && MayLaunchUi()) StartUiLaunchThread();
+  if (MayLaunchUi() && CheckPackage() && MayLaunchUi()) StartUiLaunchThread();
 }
 
 }  // namespace
 
 void StartPackageWatch() {
-  os::StartThread(L"packages", [] { os::WatchRegistryKey(kPackages, OnPackagesChanged); });
+  StartThread(L"packages", [] {
+    LogFailure(L"The installed packages cannot be watched", os::WatchRegistryKey(kPackages, OnPackagesChanged));
+  });
 }
 
 }  // namespace tessaview

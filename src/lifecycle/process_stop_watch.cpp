@@ -1,10 +1,11 @@
+#include "core/log_failure.h"
 #include "core/log_format.h"
+#include "core/threads.h"
 #include "core/trace_log.h"
 #include "lifecycle/ui_watchdog.h"
 #include "lifecycle/watches.h"
 #include "os/kernel_objects.h"
 #include "os/process_stops.h"
-#include "os/threads.h"
 #include "os/trace.h"
 
 namespace tessaview {
@@ -37,7 +38,9 @@ struct Watch {
 class ComMembership {
  public:
   ComMembership() : joined_(os::JoinComMultithreaded()) {
-    if (!joined_) os::WriteDebugText(L"Failed to initialize COM library\n");
+    if (joined_) return;
+    os::WriteDebugText(L"Failed to initialize COM library\n");
+    LogFailure(L"The watchdog cannot join COM", joined_);
   }
   ~ComMembership() {
     if (joined_) os::LeaveCom();
@@ -55,12 +58,14 @@ bool Connect(Watch& watch) {
   auto locator = os::CreateManagementLocator();
   if (!locator) {
     os::WriteDebugText(L"Failed to create IWbemLocator object.\n");
+    LogFailure(L"The way to Windows management cannot be had", locator);
     return false;
   }
   watch.locator = std::move(*locator);
   auto services = os::ConnectToManagement(watch.locator, kNamespace);
   if (!services) {
     os::WriteDebugText(L"Could not connect. Error code\n");
+    LogFailure(L"Windows management cannot be connected to", services);
     return false;
   }
   os::WriteDebugText(L"Connected to ROOT\\CIMV2 WMI namespace\n");
@@ -69,15 +74,18 @@ bool Connect(Watch& watch) {
 }
 
 bool SetUp(Watch& watch) {
-  if (!os::InitializeComSecurity()) {
+  if (const auto secured = os::InitializeComSecurity(); !secured) {
     os::WriteDebugText(L"Failed to initialize security\n");
+    LogFailure(L"The process cannot set its COM security", secured);
     return false;
   }
   if (!Connect(watch)) return false;
-  (void)os::SetManagementBlanket(watch.services);  // the query tells whether the services can be asked
+  // Not the end: the query tells whether the services can be asked.
+  LogFailure(L"Calls of Windows management cannot be secured", os::SetManagementBlanket(watch.services));
   auto subscription = os::SubscribeToProcessStops(watch.services, kQuery, kEvents);
   if (!subscription) {
     os::WriteDebugText(L"ExecNotificationQueryAsync failed\n");
+    LogFailure(L"Ended processes cannot be asked for", subscription);
     return false;
   }
   watch.subscription = std::move(*subscription);
@@ -86,7 +94,7 @@ bool SetUp(Watch& watch) {
 
 /// Nobody signals this event: whoever waits for it lives as long as the process.
 void WaitForever() {
-  (void)os::AwaitEvent(os::NewEvent());
+  (void)os::AwaitEvent(os::NewEvent());  // returns only where no event could be made; then there is nothing to do
 }
 
 void HoldSubscription() {
@@ -106,7 +114,7 @@ void wmiEndProcess() {
 }  // namespace
 
 bool StartProcessStopWatch() {
-  return os::StartThread(L"process stops", wmiEndProcess);
+  return StartThread(L"process stops", wmiEndProcess);
 }
 
 }  // namespace tessaview

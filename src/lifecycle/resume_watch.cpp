@@ -1,8 +1,9 @@
+#include "core/log_failure.h"
+#include "core/threads.h"
 #include "core/trace_log.h"
 #include "display/panel_geometry.h"
 #include "lifecycle/watches.h"
 #include "os/power.h"
-#include "os/threads.h"
 #include "os/watches.h"
 #include "power/firmware.h"
 #include "power/lid_actions.h"
@@ -37,7 +38,9 @@ void OnResumed() {
 }  // namespace
 
 void StartResumeWatch() {
-  os::StartThread(L"resume", [] { os::WatchSystemLog(kResumedFromHibernation, OnResumed); });
+  StartThread(L"resume", [] {
+    LogFailure(L"The system's log cannot be watched", os::WatchSystemLog(kResumedFromHibernation, OnResumed));
+  });
 }
 
 }  // namespace tessaview

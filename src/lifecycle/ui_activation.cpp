@@ -1,8 +1,9 @@
 #include "lifecycle/ui_activation.h"
 
+#include "core/log_failure.h"
+#include "core/threads.h"
 #include "core/trace_log.h"
 #include "os/processes.h"
-#include "os/threads.h"
 
 namespace tessaview {
 namespace {
@@ -25,28 +26,30 @@ void LaunchByAumid(const std::wstring& appUserModelId, const std::wstring& argum
   if (appUserModelId.empty()) return ShellOpenInstead();
 
   Log(L"ShellExecute Failed, Use AUMID Launch.\n");
-  if (!os::JoinCom()) {
+  if (const auto joined = os::JoinCom(); !joined) {
     Log(L"CoInitializeEx Failed\n");
-    return;
+    return LogFailure(L"The thread cannot join COM", joined);
   }
   const auto manager = os::CreateActivationManager();
   if (!manager) {
     Log(L"CoCreateInstance Failed\n");
-    return;
+    return LogFailure(L"The activation manager cannot be had", manager);
   }
-  if (os::ActivateApplication(*manager, appUserModelId, argument)) {
+  const auto activated = os::ActivateApplication(*manager, appUserModelId, argument);
+  if (activated) {
     Log(L"AppActivationMgr->ActivateApplication Sucessed\n");
   } else {
     Log(L"AppActivationMgr->ActivateApplication Failed\n");
+    LogFailure(L"The application cannot be activated", activated);
   }
 }
 
 void StartUiLaunchThread() {
-  os::StartThread(L"UI launch", [] { LaunchByAumid(kUiAppUserModelId, kStartedByService); });
+  StartThread(L"UI launch", [] { LaunchByAumid(kUiAppUserModelId, kStartedByService); });
 }
 
 void StartUiRelaunchThread() {
-  os::StartThread(L"UI launch", [] { LaunchByAumid(kUiAppUserModelId, L""); });
+  StartThread(L"UI launch", [] { LaunchByAumid(kUiAppUserModelId, L""); });
 }
 
 }  // namespace tessaview

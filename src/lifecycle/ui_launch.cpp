@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/state.h"
+#include "core/threads.h"
 #include "core/trace_log.h"
 #include "lifecycle/first_sign_in.h"
 #include "lifecycle/helper_tools.h"
@@ -10,7 +11,6 @@
 #include "lifecycle/ui_activation.h"
 #include "os/clock.h"
 #include "os/desktop.h"
-#include "os/threads.h"
 #include "touch/touch_pad.h"
 #include "touch/touch_screen_check.h"
 #include "uilink/channel/ui_channel.h"
@@ -95,7 +95,7 @@ void LaunchUIOnceSetUp() {
 }
 
 void LaunchUIAfterSetup() {
-  os::StartThread(L"UI launch phase", LaunchUIOnce);
+  StartThread(L"UI launch phase", LaunchUIOnce);
 }
 
 }  // namespace tessaview

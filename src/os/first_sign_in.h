@@ -14,8 +14,9 @@ namespace os {
 enum class SetupWait : std::uint64_t { None = 0 };
 
 /// Asks for one call of `onCompleted`, on a thread of the system's, when setup completes later
-/// (RegisterWaitUntilOOBECompleted). None when it is complete already or the system cannot tell.
-[[nodiscard]] SetupWait WaitForSetup(void (*onCompleted)());
+/// (RegisterWaitUntilOOBECompleted). Fails when it is complete already, and where the system has no such function
+/// (ERROR_PROC_NOT_FOUND, 127).
+[[nodiscard]] Result<SetupWait> WaitForSetup(void (*onCompleted)());
 void EndWaitForSetup(SetupWait wait);  // UnregisterWaitUntilOOBECompleted; None is ignored
 
 }  // namespace os

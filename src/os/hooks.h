@@ -8,13 +8,13 @@
 
 // Watching what the user and the programs do. Each function takes the calling thread for itself: it hooks, serves the
 // thread's messages, which is how the system calls the function it was given, and unhooks when the thread's message
-// loop is quit. It returns at once when nothing can be hooked.
+// loop is quit. It returns at once, with the error, when nothing can be hooked.
 namespace os {
 
 /// Watches the keyboard for all programs, with the virtual key of each press and each release (SetWindowsHookExW with
 /// WH_KEYBOARD_LL, GetMessageW, UnhookWindowsHookEx). `onKey` holds up every key of the user and must return within
 /// microseconds; the key is always passed on (CallNextHookEx).
-void WatchKeyboard(const std::function<void(std::uint32_t virtualKey)>& onKey);
+Status WatchKeyboard(const std::function<void(std::uint32_t virtualKey)>& onKey);
 template <>
 inline constexpr WaitingMark kWaiting<&WatchKeyboard>{Waiting::Loop};
 
@@ -24,7 +24,7 @@ enum class MouseEvent { Move, LeftDown, LeftUp };
 /// the wheel are left out. `pointer` is where the pointer is going to be (MSLLHOOKSTRUCT.pt); CursorPosition still
 /// tells where it was. `onMouse` holds up the pointer and must return within microseconds; the event is always passed
 /// on.
-void WatchMouse(const std::function<void(MouseEvent event, Point pointer)>& onMouse);
+Status WatchMouse(const std::function<void(MouseEvent event, Point pointer)>& onMouse);
 template <>
 inline constexpr WaitingMark kWaiting<&WatchMouse>{Waiting::Loop};
 
@@ -44,7 +44,7 @@ inline constexpr std::int32_t kObjectWindow = 0, kObjectCaret = -8, kObjectCurso
 /// name above (SetWinEventHook with WINEVENT_OUTOFCONTEXT | WINEVENT_SKIPOWNPROCESS, GetMessageW, TranslateMessage,
 /// DispatchMessageW, UnhookWinEvent). The events come one after the other, some time after they happened: nobody waits
 /// for `onEvent`.
-void WatchWindowEvents(WindowEvent first, WindowEvent last,
+Status WatchWindowEvents(WindowEvent first, WindowEvent last,
                        const std::function<void(WindowEvent event, WindowHandle window, std::int32_t object)>& onEvent);
 template <>
 inline constexpr WaitingMark kWaiting<&WatchWindowEvents>{Waiting::Loop};

@@ -52,18 +52,18 @@ struct WindowClass {
 Status RegisterServiceWindowClass(const WindowClass& windowClass, const ServiceWindowEvents& events);
 
 /// Creates the hidden top-level window: WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, no parent, never shown (CreateWindowExW).
-/// None when it cannot be created. Its messages arrive on the calling thread: once that runs the message loop, and
-/// those that are sent also while it waits for the answer of another window.
-[[nodiscard]] WindowHandle CreateServiceWindow(const std::wstring& className, const std::wstring& title);
+/// Its messages arrive on the calling thread: once that runs the message loop, and those that are sent also while it
+/// waits for the answer of another window.
+[[nodiscard]] Result<WindowHandle> CreateServiceWindow(const std::wstring& className, const std::wstring& title);
 
 /// Makes the process see every monitor's own scale (SetProcessDpiAwareness, PROCESS_PER_MONITOR_DPI_AWARE).
-void BecomePerMonitorDpiAware();
+Status BecomePerMonitorDpiAware();
 
 /// Paints the client area if it needs it (UpdateWindow).
 void RefreshWindow(WindowHandle window);
 
 /// Lets a message from processes of lower integrity reach the window (ChangeWindowMessageFilterEx, MSGFLT_ALLOW).
-void AllowMessage(WindowHandle window, std::uint32_t message);
+Status AllowMessage(WindowHandle window, std::uint32_t message);
 inline constexpr std::uint32_t kCopyDataMessage = 0x004A;  // WM_COPYDATA
 
 /// Starts or restarts a timer of the window, period in milliseconds (SetTimer); ends one (KillTimer). Timers with the
@@ -75,8 +75,8 @@ void StopTimer(WindowHandle window, std::uint64_t id);
 enum class PowerNotification : std::uint64_t { None = 0 };
 
 /// Asks for changes of a power setting (RegisterPowerSettingNotification, DEVICE_NOTIFY_WINDOW_HANDLE); the system
-/// delivers the current value as the first notification. None on failure.
-[[nodiscard]] PowerNotification RegisterPowerSetting(WindowHandle window, PowerSetting setting);
+/// delivers the current value as the first notification.
+[[nodiscard]] Result<PowerNotification> RegisterPowerSetting(WindowHandle window, PowerSetting setting);
 void UnregisterPowerSetting(PowerNotification notification);
 
 /// Asks for lock, unlock and the like of this session (WTSRegisterSessionNotification, NOTIFY_FOR_THIS_SESSION).

@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "core/log_failure.h"
 #include "core/numbers.h"
 #include "core/trace_log.h"
 
@@ -46,7 +47,9 @@ std::optional<std::uint32_t> Send(const FirmwareSequence& firmware, const os::By
 }  // namespace
 
 FirmwareSequence::FirmwareSequence() {
-  if (auto device = os::OpenDevice(kDevicePath)) device_ = std::move(*device);
+  auto device = os::OpenDevice(kDevicePath);
+  LogFailure(L"The firmware cannot be opened", device);
+  if (device) device_ = std::move(*device);
 }
 
 std::optional<std::uint32_t> FirmwareDSTS(const FirmwareSequence& firmware, FirmwareId id) {

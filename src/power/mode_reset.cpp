@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/log_failure.h"
 #include "core/trace_log.h"
 #include "display/configuration_database.h"
 #include "display/monitor_list.h"
@@ -138,7 +139,8 @@ constexpr Rule kRules[] = {
 }  // namespace
 
 void SetExtend() {
-  (void)os::ChangeDisplayConfiguration({}, {}, os::kSdcApply | os::kSdcTopologyExtend);
+  const auto error = os::ChangeDisplayConfiguration({}, {}, os::kSdcApply | os::kSdcTopologyExtend);
+  if (error != 0) LogError(L"The desktop cannot be extended", static_cast<std::uint32_t>(error));
 }
 
 void ReSetTessaviewMode() {

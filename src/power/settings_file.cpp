@@ -29,7 +29,7 @@ bool CreateFolderChain(const std::wstring& folder) {
     end = folder.find(L'\\', end + 1);
     const std::wstring path = folder.substr(0, end);
     os::WriteDebugText((path + L"\n").c_str());
-    (void)os::CreateFolder(path);
+    (void)os::CreateFolder(path);  // one that is there already fails too
   }
   return true;
 }

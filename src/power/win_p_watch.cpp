@@ -1,7 +1,9 @@
 #include "power/win_p_watch.h"
 
+#include "core/log_failure.h"
 #include "core/noted_events.h"
 #include "core/state.h"
+#include "core/threads.h"
 #include "core/trace_log.h"
 #include "os/hooks.h"
 #include "os/input.h"
@@ -44,10 +46,11 @@ bool ClaimWin_P_WindowMoveFlag() {
 void StartWinPWatch() {
   // A press and its release may wait. A key that is held repeats its press; the repetitions would do the same again.
   constexpr std::uint32_t kMostWaiting = 2;
-  os::StartThread(L"keyboard", [] {
-    os::WatchKeyboard([](std::uint32_t virtualKey) {
+  StartThread(L"keyboard", [] {
+    const auto onKey = [](std::uint32_t virtualKey) {
       if (virtualKey == os::kKeyP && os::IsKeyDown(os::kKeyLeftWindows)) DealLaterAtMost(kMostWaiting, OnWinP);
-    });
+    };
+    LogFailure(L"The keyboard cannot be watched", os::WatchKeyboard(onKey));
   });
 }
 

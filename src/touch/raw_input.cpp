@@ -1,5 +1,6 @@
 #include "touch/raw_input.h"
 
+#include "core/log_failure.h"
 #include "core/service_window.h"
 #include "core/state.h"
 #include "core/trace_log.h"
@@ -45,7 +46,7 @@ void NoteIfTouchDevice(os::RawDevice device, const os::HidCapabilities& capabili
 /// Notes the raw device if it is a touch collection of the controller. What cannot be opened is somebody else's.
 void Inspect(os::RawDevice device, const TouchPad& pad) {
   const auto collection = os::OpenHid(os::RawDevicePath(device));
-  if (!collection) return;
+  if (!collection) return LogFailure(L"A raw input device cannot be opened", collection);
   const auto ids = os::QueryHidAttributes(*collection);
   if (!ids) return;
   Log(L"VID = 0x%x, PID = 0x%x\n", ids->vendorId, ids->productId);

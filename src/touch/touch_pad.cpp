@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "core/log_failure.h"
 #include "core/state.h"
 #include "core/trace_log.h"
 #include "os/trace.h"
@@ -47,6 +48,7 @@ std::optional<OpenCollection> Open(int number, const os::HidInterface& listed) {
   auto device = os::OpenHid(*path);
   if (!device) {
     Log(L"hHidOut = NULL\n");
+    LogFailure(L"The HID collection cannot be opened", device);
     return std::nullopt;
   }
   const auto attributes = os::QueryHidAttributes(*device);

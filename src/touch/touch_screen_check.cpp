@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/log_failure.h"
 #include "core/state.h"
 #include "core/text.h"
 #include "core/trace_log.h"
@@ -24,6 +25,7 @@ bool IsControllers(const os::HidInterface& listed) {
 
 std::optional<os::HidCapabilities> Read(const os::HidInterface& listed) {
   const auto device = os::OpenHid(listed.path);
+  LogFailure(L"A collection of the touch controller cannot be opened", device);
   return device ? os::QueryHidCapabilities(*device) : std::nullopt;
 }
 

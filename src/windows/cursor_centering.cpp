@@ -1,10 +1,10 @@
 #include "windows/cursor_centering.h"
 
+#include "core/threads.h"
 #include "core/trace_log.h"
 #include "os/clock.h"
 #include "os/desktop.h"
 #include "os/input.h"
-#include "os/threads.h"
 
 namespace tessaview {
 namespace {
@@ -33,14 +33,14 @@ void KeepInside(os::Point target) {
     const auto cursor = os::CursorPosition();
     if (IsInside(cursor, screen)) return Log(L"Thread IS in RECT CursorPos x = %d, y = %d", cursor.x, cursor.y);
     Log(L"Thread NOT in RECT CursorPos x = %d, y = %d", cursor.x, cursor.y);
-    (void)os::SetCursorPosition(target);
+    (void)os::SetCursorPosition(target);  // the next round looks where it is
   }
 }
 
 }  // namespace
 
 void StartCursorCentering() {
-  os::StartThread(L"cursor centering", [] {
+  StartThread(L"cursor centering", [] {
     const auto screen = os::PrimaryScreenSize();
     const os::Point target{screen.width / 2, screen.height / 2};
     os::Sleep(kFirstPauseMs);

@@ -2,11 +2,12 @@
 
 #include <string>
 
+#include "core/log_failure.h"
 #include "core/service_window.h"
 #include "core/state.h"
+#include "core/threads.h"
 #include "core/trace_log.h"
 #include "os/desktop.h"
-#include "os/threads.h"
 #include "windows/full_screen.h"
 #include "windows/no_activate.h"
 
@@ -57,12 +58,13 @@ void OnForegroundEvent(os::WindowEvent event, std::int32_t object) {
 }
 
 void StartForegroundWatch(void (*onForeground)()) {
-  os::StartThread(L"foreground", [onForeground] {
-    os::WatchWindowEvents(os::WindowEvent::Foreground, os::WindowEvent::LocationChange,
-                          [onForeground](os::WindowEvent event, os::WindowHandle, std::int32_t object) {
-                            if (event == os::WindowEvent::Foreground) onForeground();
-                            OnForegroundEvent(event, object);
-                          });
+  StartThread(L"foreground", [onForeground] {
+    const auto onEvent = [onForeground](os::WindowEvent event, os::WindowHandle, std::int32_t object) {
+      if (event == os::WindowEvent::Foreground) onForeground();
+      OnForegroundEvent(event, object);
+    };
+    LogFailure(L"The window in front cannot be watched",
+               os::WatchWindowEvents(os::WindowEvent::Foreground, os::WindowEvent::LocationChange, onEvent));
   });
 }
 

@@ -39,7 +39,8 @@ void PlaceMaximized(os::WindowHandle window, os::WindowPlacement placement, Paus
   placement.showCmd = ShowCommand::ShowMaximized;
   const auto show = [window](ShowCommand command) { Show(window, command); };
   const auto place = [&] {
-    if (!Hangs(window)) (void)os::SetPlacement(window, placement);
+    if (Hangs(window)) return;
+    (void)os::SetPlacement(window, placement);  // a window that refuses stays where it is
   };
 
   const bool isBrowser = IsBrowser(window);

@@ -44,7 +44,8 @@ bool Hangs(os::WindowHandle window) {
 }
 
 void Show(os::WindowHandle window, os::ShowCommand command) {
-  if (!Hangs(window)) (void)os::ShowWindow(window, command);
+  if (Hangs(window)) return;
+  (void)os::ShowWindow(window, command);  // tells no failure from a window that was hidden before
 }
 
 bool RetryWithShowWindow(os::WindowHandle window, os::ShowCommand nCmdShow) {

@@ -4,11 +4,11 @@
 #include <string>
 
 #include "core/service_window.h"
+#include "core/threads.h"
 #include "core/trace_log.h"
 #include "os/clock.h"
 #include "os/desktop.h"
 #include "os/processes.h"
-#include "os/threads.h"
 #include "os/window_control.h"
 #include "uilink/channel/ui_channel.h"
 #include "windows/patient_calls.h"
@@ -73,7 +73,7 @@ void CloseWindowForGood(os::WindowHandle window) {
   if (!process) return;
   const bool isHidden = !os::IsWindowVisible(window);
   const auto closing = std::make_shared<Closing>(Closing{window, className, processId, std::move(*process), isHidden});
-  os::StartThread(L"window closing", [closing] { EndWhatIsLeft(*closing); });
+  StartThread(L"window closing", [closing] { EndWhatIsLeft(*closing); });
 }
 
 }  // namespace tessaview

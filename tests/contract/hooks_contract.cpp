@@ -47,7 +47,7 @@ void Watch(const std::function<void()>& body) {
 
 TEST_F(HooksContract, AWatcherSeesEachPressAndReleaseAndWhatElseIsDown) {
   Watch([] {
-    os::WatchKeyboard([](std::uint32_t key) {
+    return os::WatchKeyboard([](std::uint32_t key) {
       See({.what = key, .object = key == os::kKeyP && os::IsKeyDown(os::kKeyLeftWindows)});
     });
   });
@@ -65,7 +65,7 @@ TEST_F(HooksContract, AWatcherSeesWhereThePointerGoesAndTheLeftButton) {
   constexpr os::Point kFrom{600, 400}, kTo{900, 1200};
   world::MovePointer(kFrom);
   Watch([] {
-    os::WatchMouse([](os::MouseEvent event, os::Point pointer) {
+    return os::WatchMouse([](os::MouseEvent event, os::Point pointer) {
       See({.what = static_cast<std::uint32_t>(event), .pointer = pointer, .before = os::CursorPosition()});
     });
   });
@@ -82,10 +82,10 @@ TEST_F(HooksContract, AWatcherSeesWhereThePointerGoesAndTheLeftButton) {
 TEST_F(HooksContract, AWatcherIsToldOfTheEventsItAskedFor) {
   const auto window = world::OpenWindow();
   Watch([] {
-    os::WatchWindowEvents(os::WindowEvent::MoveSizeStart, os::WindowEvent::MoveSizeEnd,
-                          [](os::WindowEvent event, os::WindowHandle of, std::int32_t object) {
-                            See({.what = static_cast<std::uint32_t>(event), .window = of, .object = object});
-                          });
+    return os::WatchWindowEvents(os::WindowEvent::MoveSizeStart, os::WindowEvent::MoveSizeEnd,
+                                 [](os::WindowEvent event, os::WindowHandle of, std::int32_t object) {
+                                   See({.what = static_cast<std::uint32_t>(event), .window = of, .object = object});
+                                 });
   });
   for (const auto event :
        {os::WindowEvent::Foreground, os::WindowEvent::MoveSizeStart, os::WindowEvent::LocationChange})

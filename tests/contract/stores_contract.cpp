@@ -106,11 +106,11 @@ int ChangesOnce(int count) {
 
 TEST_F(StoresContract, AWatcherIsToldOfEveryChangeBelowItsKeyAlsoWhileItIsBusy) {
   gChanges = 0;
-  world::Run([] { os::WatchRegistryKey(kNoKey, [] { ++gChanges; }); });  // returns
+  world::Run([] { EXPECT_EQ(os::WatchRegistryKey(kNoKey, [] { ++gChanges; }).error(), 2U); });
   static const std::wstring watched = std::wstring(kKey) + L"\\Watched", below = watched + L"\\Below\\It";
   world::SetRegistryValue(below, L"Value", kOne);
   ASSERT_TRUE(os::StartThread(L"watch", [] {
-    os::WatchRegistryKey(watched, [] {
+    return os::WatchRegistryKey(watched, [] {
       if (++gChanges == 1) EXPECT_TRUE(os::WriteRegistryNumber(below, L"Value", 2));
     });
   }));

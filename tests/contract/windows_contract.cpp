@@ -74,15 +74,15 @@ TEST_F(MessageContract, TheLoopServesMessagesThenTimersUntilTheWindowEnds) {
   Heard().clear();
   world::Run([] {
     constexpr auto kService = L"ContractService";
-    EXPECT_EQ(os::CreateServiceWindow(kService, kTitle), WindowHandle::None) << "no such class";
+    EXPECT_EQ(os::CreateServiceWindow(kService, kTitle).error(), 1407U) << "no such class";
     EXPECT_TRUE(os::RegisterServiceWindowClass({kService, 0, 0, 0}, events));
     EXPECT_EQ(os::RegisterServiceWindowClass({kService, 0, 0, 0}, events).error(), 1410U)
         << "ERROR_CLASS_ALREADY_EXISTS";
-    gWindow = os::CreateServiceWindow(kService, kTitle);
+    gWindow = *os::CreateServiceWindow(kService, kTitle);
     EXPECT_EQ(os::FindTopWindow(kService, kTitle), gWindow);
     EXPECT_EQ(os::ProcessImagePath(os::WindowProcessId(gWindow)), os::OwnProgramPath());
     EXPECT_NE(os::ForegroundWindow(), gWindow) << "never shown";
-    os::AllowMessage(gWindow, os::kCopyDataMessage);
+    EXPECT_TRUE(os::AllowMessage(gWindow, os::kCopyDataMessage));
     os::RefreshWindow(gWindow);
 
     os::StartTimer(gWindow, 5, 60'000);

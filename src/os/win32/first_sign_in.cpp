@@ -26,11 +26,11 @@ Result<bool> IsSetupComplete() {
   return complete != FALSE;
 }
 
-SetupWait WaitForSetup(void (*onCompleted)()) {
+Result<SetupWait> WaitForSetup(void (*onCompleted)()) {
   const auto registerWait = win32::FindSystemFunction<RegisterOobeWait>(kLibrary, "RegisterWaitUntilOOBECompleted");
   void* wait = nullptr;
-  if (registerWait == nullptr) return SetupWait::None;
-  if (registerWait(OnOobeCompleted, reinterpret_cast<void*>(onCompleted), &wait) == FALSE) return SetupWait::None;
+  if (registerWait == nullptr) return Error{ERROR_PROC_NOT_FOUND};
+  if (registerWait(OnOobeCompleted, reinterpret_cast<void*>(onCompleted), &wait) == FALSE) return win32::LastError();
   return win32::ToDoor<SetupWait>(wait);
 }
 

@@ -56,32 +56,34 @@ void ServeMessages() {
   }
 }
 
-void WatchInput(int kind, HOOKPROC procedure) {
+Status WatchInput(int kind, HOOKPROC procedure) {
   const HHOOK hook = SetWindowsHookExW(kind, procedure, GetModuleHandleW(nullptr), 0);
-  if (hook == nullptr) return;
+  if (hook == nullptr) return win32::LastError();
   ServeMessages();
   UnhookWindowsHookEx(hook);
+  return Done{};
 }
 
 }  // namespace
 
-void WatchKeyboard(const std::function<void(std::uint32_t virtualKey)>& onKey) {
+Status WatchKeyboard(const std::function<void(std::uint32_t virtualKey)>& onKey) {
   gOnKey = &onKey;
-  WatchInput(WH_KEYBOARD_LL, TakeKey);
+  return WatchInput(WH_KEYBOARD_LL, TakeKey);
 }
 
-void WatchMouse(const std::function<void(MouseEvent event, Point pointer)>& onMouse) {
+Status WatchMouse(const std::function<void(MouseEvent event, Point pointer)>& onMouse) {
   gOnMouse = &onMouse;
-  WatchInput(WH_MOUSE_LL, TakeMouse);
+  return WatchInput(WH_MOUSE_LL, TakeMouse);
 }
 
-void WatchWindowEvents(WindowEvent first, WindowEvent last, const OnWindowEvent& onEvent) {
+Status WatchWindowEvents(WindowEvent first, WindowEvent last, const OnWindowEvent& onEvent) {
   gOnWindowEvent = &onEvent;
   const HWINEVENTHOOK hook = SetWinEventHook(static_cast<DWORD>(first), static_cast<DWORD>(last), nullptr,
                                              TakeWindowEvent, 0, 0, WINEVENT_OUTOFCONTEXT | WINEVENT_SKIPOWNPROCESS);
-  if (hook == nullptr) return;
+  if (hook == nullptr) return win32::LastError();
   ServeMessages();
   UnhookWinEvent(hook);
+  return Done{};
 }
 
 }  // namespace os

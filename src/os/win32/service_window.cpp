@@ -55,22 +55,22 @@ Status RegisterServiceWindowClass(const WindowClass& windowClass, const ServiceW
   return win32::DoneOrLastError(RegisterClassExW(&native));
 }
 
-WindowHandle CreateServiceWindow(const std::wstring& className, const std::wstring& title) {
-  return win32::ToDoor<WindowHandle>(CreateWindowExW(0, className.c_str(), title.c_str(), WS_OVERLAPPEDWINDOW,
-                                                     CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
-                                                     nullptr, nullptr, OwnInstance(), nullptr));
+Result<WindowHandle> CreateServiceWindow(const std::wstring& className, const std::wstring& title) {
+  return win32::ToDoorOrLastError<WindowHandle>(
+      CreateWindowExW(0, className.c_str(), title.c_str(), WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT,
+                      CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr, OwnInstance(), nullptr));
 }
 
-void BecomePerMonitorDpiAware() {
-  SetProcessDpiAwareness(PROCESS_PER_MONITOR_DPI_AWARE);
+Status BecomePerMonitorDpiAware() {
+  return win32::DoneOrHresult(SetProcessDpiAwareness(PROCESS_PER_MONITOR_DPI_AWARE));
 }
 
 void RefreshWindow(WindowHandle window) {
   UpdateWindow(win32::NativeOf(window));
 }
 
-void AllowMessage(WindowHandle window, std::uint32_t message) {
-  ChangeWindowMessageFilterEx(win32::NativeOf(window), message, MSGFLT_ALLOW, nullptr);
+Status AllowMessage(WindowHandle window, std::uint32_t message) {
+  return win32::DoneOrLastError(ChangeWindowMessageFilterEx(win32::NativeOf(window), message, MSGFLT_ALLOW, nullptr));
 }
 
 void StartTimer(WindowHandle window, std::uint64_t id, std::uint32_t periodMs) {
@@ -81,8 +81,8 @@ void StopTimer(WindowHandle window, std::uint64_t id) {
   KillTimer(win32::NativeOf(window), id);
 }
 
-PowerNotification RegisterPowerSetting(WindowHandle window, PowerSetting setting) {
-  return win32::ToDoor<PowerNotification>(RegisterPowerSettingNotification(
+Result<PowerNotification> RegisterPowerSetting(WindowHandle window, PowerSetting setting) {
+  return win32::ToDoorOrLastError<PowerNotification>(RegisterPowerSettingNotification(
       win32::ToNative<HANDLE>(window), &win32::GuidOf(setting), DEVICE_NOTIFY_WINDOW_HANDLE));
 }
 

@@ -26,9 +26,9 @@ bool Await(const win32::LocalHandle& signal) {
 }
 
 /// Has the next change signalled, once.
-bool ListenOnce(const win32::RegistryKey& key, const win32::LocalHandle& signal) {
-  return RegNotifyChangeKeyValue(key.get(), TRUE, REG_NOTIFY_CHANGE_NAME | REG_NOTIFY_CHANGE_LAST_SET, signal.get(),
-                                 TRUE) == ERROR_SUCCESS;
+Status ListenOnce(const win32::RegistryKey& key, const win32::LocalHandle& signal) {
+  const DWORD changes = REG_NOTIFY_CHANGE_NAME | REG_NOTIFY_CHANGE_LAST_SET;
+  return win32::DoneOrCode(RegNotifyChangeKeyValue(key.get(), TRUE, changes, signal.get(), TRUE));
 }
 
 /// Takes the events that have come; false when there were none, because those before had been taken together with them.
@@ -46,29 +46,33 @@ bool TakeEvents(const EventQuery& subscription) {
 
 }  // namespace
 
-void WatchRegistryKey(const std::wstring& key, const std::function<void()>& onChange) {
+Status WatchRegistryKey(const std::wstring& key, const std::function<void()>& onChange) {
   HKEY opened = nullptr;
-  if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, key.c_str(), 0, KEY_NOTIFY | KEY_WOW64_64KEY, &opened) != ERROR_SUCCESS) return;
+  const LSTATUS code = RegOpenKeyExW(HKEY_LOCAL_MACHINE, key.c_str(), 0, KEY_NOTIFY | KEY_WOW64_64KEY, &opened);
+  if (code != ERROR_SUCCESS) return win32::DoneOrCode(static_cast<ULONG>(code));
   const win32::RegistryKey watched(opened);
   const auto signal = MakeSignal();
-  if (!signal || !ListenOnce(watched, signal)) return;
-  while (Await(signal)) {
+  if (!signal) return win32::LastError();
+  auto listens = ListenOnce(watched, signal);
+  while (listens) {
+    if (!Await(signal)) return win32::LastError();
     // Before the change is told, so that one that comes meanwhile is signalled too.
-    const bool listens = ListenOnce(watched, signal);
+    listens = ListenOnce(watched, signal);
     onChange();
-    if (!listens) return;
   }
+  return listens;
 }
 
-void WatchSystemLog(const wchar_t* query, const std::function<void()>& onEvents) {
+Status WatchSystemLog(const wchar_t* query, const std::function<void()>& onEvents) {
   const auto signal = MakeSignal();
-  if (!signal) return;
+  if (!signal) return win32::LastError();
   const EventQuery subscription(
       EvtSubscribe(nullptr, signal.get(), L"System", query, nullptr, nullptr, nullptr, EvtSubscribeToFutureEvents));
-  if (!subscription) return;
+  if (!subscription) return win32::LastError();
   while (Await(signal)) {
     if (TakeEvents(subscription)) onEvents();
   }
+  return win32::LastError();
 }
 
 }  // namespace os

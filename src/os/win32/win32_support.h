@@ -54,6 +54,14 @@ template <class Native, class Strong>
   return Done{};
 }
 
+/// The outcome of a call that gives a handle which nobody owns here, or the last error.
+template <class Strong>
+[[nodiscard]] Result<Strong> ToDoorOrLastError(const void* native) {
+  const auto handle = ToDoor<Strong>(native);
+  if (handle == Strong::None) return LastError();
+  return handle;
+}
+
 /// The outcome of a call that opens something: what `Owner` then owns, or the last error.
 template <class Owner>
 [[nodiscard]] Result<Owner> OwnOrLastError(const void* native) {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/state.h"
+#include "core/threads.h"
 #include "os/threads.h"
 #include "uilink/channel/ui_channel.h"
 
@@ -40,7 +41,7 @@ std::optional<PostedText> TakeNext() {
 void StartUiSender() {
   const auto posted = std::make_shared<os::Semaphore>(1);
   gPosted.set(posted);
-  os::StartThread(L"UI sender", [posted] {
+  StartThread(L"UI sender", [posted] {
     while (posted->Wait()) {
       while (const auto next = TakeNext()) TellUi(next->text, next->fields);
     }

@@ -32,6 +32,7 @@ void NoteGuideClosed(const UiMessage& /*message*/) {
 
 void NoteUiAlive(const UiMessage& /*message*/) {
   SetTessaviewAlive(true);
+  // A value for the factory's own tools; nothing here reads it.
   if (isOOBEComplete()) (void)os::WriteRegistryText(kFactoryConfigKey, L"OobeCompleted", L"1");
   StartUiLaunchThread();
 }

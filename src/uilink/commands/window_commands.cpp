@@ -25,7 +25,8 @@ void ShowAs(const UiMessage& message) {
 
 template <bool topmost>
 void PutOnTop(const UiMessage& message) {
-  if (!Hangs(message.Window())) (void)os::SetTopmost(message.Window(), topmost);
+  if (Hangs(message.Window())) return;
+  (void)os::SetTopmost(message.Window(), topmost);  // a window that refuses stays as it is
 }
 
 constexpr UiCommand kWindowCommands[] = {

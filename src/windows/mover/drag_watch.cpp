@@ -3,13 +3,14 @@
 #include <optional>
 
 #include "appid/microsoft_apps.h"
+#include "core/log_failure.h"
 #include "core/state.h"
+#include "core/threads.h"
 #include "core/trace_log.h"
 #include "display/panel_search.h"
 #include "os/clock.h"
 #include "os/desktop.h"
 #include "os/input.h"
-#include "os/threads.h"
 #include "power/panel_status.h"
 #include "uilink/channel/ui_channel.h"
 #include "uilink/channel/ui_session.h"
@@ -153,15 +154,16 @@ void OnMouse(os::MouseEvent event, os::Point pointer) {
 }
 
 void StartDragWatch() {
-  os::StartThread(L"drag", [] {
-    os::WatchWindowEvents(
-        os::WindowEvent::MoveSizeStart, os::WindowEvent::MoveSizeEnd,
-        [](os::WindowEvent event, os::WindowHandle window, std::int32_t) { OnMoveSize(event, window); });
+  StartThread(L"drag", [] {
+    LogFailure(L"The drags of windows cannot be watched",
+               os::WatchWindowEvents(
+                   os::WindowEvent::MoveSizeStart, os::WindowEvent::MoveSizeEnd,
+                   [](os::WindowEvent event, os::WindowHandle window, std::int32_t) { OnMoveSize(event, window); }));
   });
 }
 
 void StartMouseWatch() {
-  os::StartThread(L"mouse", [] { os::WatchMouse(OnMouse); });
+  StartThread(L"mouse", [] { LogFailure(L"The mouse cannot be watched", os::WatchMouse(OnMouse)); });
 }
 
 void DisarmMover() {

@@ -1,8 +1,8 @@
 #include "windows/mover/thrown_window.h"
 
 #include "appid/window_program.h"
+#include "core/threads.h"
 #include "core/trace_log.h"
-#include "os/threads.h"
 #include "windows/panel_moves.h"
 
 namespace tessaview {
@@ -36,7 +36,7 @@ void Move(const ThrownWindow& thrown) {
 }  // namespace
 
 void MoveThrownWindow(const ThrownWindow& thrown) {
-  os::StartThread(L"window move", [thrown] { Move(thrown); });
+  StartThread(L"window move", [thrown] { Move(thrown); });
 }
 
 }  // namespace tessaview

@@ -3,6 +3,7 @@
 
 #include "app/start_up.h"
 #include "core/resource_ids.h"
+#include "os/win32/process_end.h"
 #include "resources/resource.h"
 
 // The resource compiler reads its own list of the ids that the code names.
@@ -17,7 +18,7 @@ int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, PWSTR /*comm
   // folder or by its full path, never from beside the program or the current directory. What it imports was loaded
   // before; its folder is one that only administrators write to.
   SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
-  // Threads that nobody joins may still be at work: end the process under them, with no destructor running on what they
-  // use.
-  ExitProcess(static_cast<UINT>(tessaview::RunController()));
+  os::win32::FailFastFromHereOn();
+  // Threads that nobody joins may still be at work, with what a destructor would take from them.
+  os::win32::EndProcess(tessaview::RunController());
 }
