@@ -14,10 +14,16 @@ void WatchMouse(const std::function<void(MouseEvent event, Point pointer)>& onMo
   if (!sim::Enter<&WatchMouse>().failed()) Machine().mouse.Watch(onMouse);
 }
 
+void HookAgain(InputHook hook) {
+  if (sim::Enter<&HookAgain>().failed()) return;
+  auto& [keyboard, mouse] = Machine().hooks;
+  (hook == InputHook::Mouse ? mouse : keyboard).HookAgain();
+}
+
 void WatchWindowEvents(
-    WindowEvent first, WindowEvent last,
+    const std::vector<WindowEventRange>& ranges,
     const std::function<void(WindowEvent event, WindowHandle window, std::int32_t object)>& onEvent) {
-  if (!sim::Enter<&WatchWindowEvents>().failed()) Machine().windowEvents.Watch(first, last, onEvent);
+  if (!sim::Enter<&WatchWindowEvents>().failed()) Machine().windowEvents.Watch(ranges, onEvent);
 }
 
 void WatchRegistryKey(const std::wstring& key, const std::function<void()>& onChange) {

@@ -75,7 +75,8 @@ TEST_F(NoActivate, IgnoresWhatChangesNothing) {
   laptop.Settle();
   EXPECT_TRUE(Activates(late)) << "the same window as before";
   const auto view = laptop.desktop.Open({.className = L"Tessaview_ViewClass", .title = L"View"});
-  for (const auto ignored : {view, laptop.desktop.Open({}), laptop.desktop.Find(L"TessaviewTitle")}) {
+  for (const auto ignored :
+       {view, laptop.desktop.Open({}), laptop.desktop.FindIn(os::WindowHandle::None, nullptr, L"TessaviewTitle")}) {
     Use(ignored);
     EXPECT_FALSE(Activates(onC));
   }

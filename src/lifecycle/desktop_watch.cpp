@@ -28,7 +28,7 @@ void OnDesktopSwitch() {
 
 void StartDesktopWatch() {
   os::StartThread(L"desktop switch", [] {
-    os::WatchWindowEvents(os::WindowEvent::DesktopSwitch, os::WindowEvent::DesktopSwitch,
+    os::WatchWindowEvents({{os::WindowEvent::DesktopSwitch, os::WindowEvent::DesktopSwitch}},
                           [](os::WindowEvent, os::WindowHandle, std::int32_t) { OnDesktopSwitch(); });
   });
 }

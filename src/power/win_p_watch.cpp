@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "core/input_hooks.h"
 #include "core/state.h"
 #include "core/trace_log.h"
 #include "os/hooks.h"
@@ -51,6 +52,7 @@ void StartWinPWatch() {
   });
   os::StartThread(L"keyboard", [pressed] {
     os::WatchKeyboard([&](std::uint32_t virtualKey) {
+      NoteHookCalled(os::InputHook::Keyboard);
       if (virtualKey == os::kKeyP && os::IsKeyDown(os::kKeyLeftWindows)) pressed->Post();
     });
   });

@@ -42,7 +42,10 @@ void StartUiSender() {
   gPosted.set(posted);
   os::StartThread(L"UI sender", [posted] {
     while (posted->Wait()) {
-      while (const auto next = TakeNext()) TellUi(next->text, next->fields);
+      while (const auto next = TakeNext()) {
+        TellUi(next->text, next->fields);
+        if (next->isTold) os::SignalEvent(*next->isTold);
+      }
     }
   });
 }

@@ -1,5 +1,6 @@
 #include "uilink/events/window_events.h"
 
+#include "core/input_hooks.h"
 #include "core/resource_ids.h"
 #include "core/service_window.h"
 #include "core/trace_log.h"
@@ -31,7 +32,9 @@ void OnTimer(std::uint64_t id) {
 
 void OnSessionChange(std::uint32_t event) {
   if (event == kSessionLock) Log(L"WTS_SESSION_LOCK \n");
-  if (event == kSessionUnlock) Log(L"WTS_SESSION_UNLOCK \n");
+  if (event != kSessionUnlock) return;
+  Log(L"WTS_SESSION_UNLOCK \n");
+  ReviveHooks();
 }
 
 /// Without the controller the touch surface is of use as a plain touch pad only.
