@@ -114,13 +114,13 @@ BENCHMARK(MoveOntoController)->MinTime(0.1)->Repetitions(9)->ReportAggregatesOnl
 
 void LocationChangeFiltered(benchmark::State& state) {
   Machine laptop;
-  for (auto _ : state) tessaview::OnForegroundEvent(os::WindowEvent::LocationChange, os::kObjectCursor);
+  for (auto _ : state) tessaview::OnForegroundEvent(os::kObjectCursor);
 }
 BENCHMARK(LocationChangeFiltered);
 
 void LocationChangeOfTheSameWindow(benchmark::State& state) {
   Machine laptop;
-  for (auto _ : state) tessaview::OnForegroundEvent(os::WindowEvent::LocationChange, os::kObjectWindow);
+  for (auto _ : state) tessaview::OnForegroundEvent(os::kObjectWindow);
 }
 BENCHMARK(LocationChangeOfTheSameWindow);
 

@@ -115,10 +115,10 @@ void Desktop::PassOnForeground() {
   SetForeground(next == windows_.end() ? WindowHandle::None : next->handle);
 }
 
-void Desktop::Raise(os::WindowEvent event, WindowHandle window, std::int32_t object) {
+int Desktop::Raise(os::WindowEvent event, WindowHandle window, std::int32_t object) {
   const auto* of = Find(window);
-  if (of != nullptr && Lower(of->program) == Lower(files_.ownProgram)) return;
-  events_.Raise(event, window, object);
+  if (of != nullptr && Lower(of->program) == Lower(files_.ownProgram)) return 0;
+  return events_.Raise(event, window, object);
 }
 
 void Desktop::SetTopmost(WindowHandle window, bool topmost) {

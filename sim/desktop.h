@@ -50,8 +50,9 @@ class Desktop {
   /// Brings a window to the top and to the user; None for the moment when no window is.
   void SetForeground(os::WindowHandle window);
 
-  /// Tells those who watch window events that something happened; nobody hears of the controller's own windows.
-  void Raise(os::WindowEvent event, os::WindowHandle window, std::int32_t object = os::kObjectWindow);
+  /// Tells those who watch window events that something happened, and returns how many they are; nobody hears of the
+  /// controller's own windows.
+  int Raise(os::WindowEvent event, os::WindowHandle window, std::int32_t object = os::kObjectWindow);
 
   // ---- Finding ----
 

@@ -7,7 +7,7 @@ using sim::Machine;
 
 bool IsKeyDown(std::uint32_t virtualKey) {
   if (sim::Enter<&IsKeyDown>().failed()) return false;
-  return Machine().input.IsDown(virtualKey);
+  return virtualKey == kButtonLeft ? Machine().mouse.IsPressed() : Machine().input.IsDown(virtualKey);
 }
 
 void ClickLeftButton() {

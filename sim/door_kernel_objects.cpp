@@ -24,9 +24,10 @@ Event NewEvent() {
   return Machine().events.NewEvent();
 }
 
-bool AwaitEvent(const Event& event) {
+bool AwaitEvent(const Event& event, std::uint32_t limitMs) {
   if (sim::Enter<&AwaitEvent>().failed() || !event) return false;
-  return Machine().scheduler.WaitUntil([&] { return Machine().events.IsSignalled(event.get()); });
+  auto& scheduler = Machine().scheduler;
+  return scheduler.WaitUntil([&] { return Machine().events.IsSignalled(event.get()); }, scheduler.DeadlineIn(limitMs));
 }
 
 void SignalEvent(const Event& event) {

@@ -19,11 +19,17 @@ Status WatchMouse(const std::function<void(MouseEvent event, Point pointer)>& on
   return Done{};
 }
 
+void HookAgain(InputHook hook) {
+  if (sim::Enter<&HookAgain>().failed()) return;
+  auto& [keyboard, mouse] = Machine().hooks;
+  (hook == InputHook::Mouse ? mouse : keyboard).HookAgain();
+}
+
 Status WatchWindowEvents(
-    WindowEvent first, WindowEvent last,
+    const std::vector<WindowEventRange>& ranges,
     const std::function<void(WindowEvent event, WindowHandle window, std::int32_t object)>& onEvent) {
   if (const auto call = sim::Enter<&WatchWindowEvents>(); call.failed()) return Error{call.error()};
-  Machine().windowEvents.Watch(first, last, onEvent);
+  Machine().windowEvents.Watch(ranges, onEvent);
   return Done{};
 }
 

@@ -10,7 +10,12 @@ void Input::Turn(std::uint32_t virtualKey, bool down) {
   } else {
     down_.erase(virtualKey);
   }
-  if (watchers_ > 0) pending_.push_back({virtualKey, down_});
+  const auto call = [this, virtualKey, down = down_] {
+    downThen_ = &down;
+    (*watcher_)(virtualKey);
+    downThen_ = nullptr;
+  };
+  hook_.Offer(call, [] {});
 }
 
 void Input::Press(std::uint32_t virtualKey) {
@@ -31,24 +36,17 @@ void Input::PressWinP() {
   scheduler_.SettleStory();
 }
 
-void Input::Door::Watch(const std::function<void(std::uint32_t)>& onKey) {
-  ++watchers_;
-  loops_.Serve(pending_, longestHoldUpMs_, [&](const Key& key) {
-    served_ = &key;
-    onKey(key.virtualKey);
-    served_ = nullptr;
-  });
-  --watchers_;
+void Input::Door::Watch(const Watcher& onKey) {
+  watcher_ = &onKey;
+  hook_.Watch();
 }
 
 bool Input::Door::IsDown(std::uint32_t virtualKey) const {
-  return (served_ != nullptr ? served_->down : down_).contains(virtualKey);
+  return (downThen_ != nullptr ? *downThen_ : down_).contains(virtualKey);
 }
 
 void Input::Door::EndProcess() {
-  pending_.clear();
-  served_ = nullptr;
-  watchers_ = 0;
+  downThen_ = nullptr;
 }
 
 }  // namespace sim

@@ -1,12 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <set>
 
+#include "sim/hooks.h"
 #include "sim/scheduler.h"
-#include "sim/thread_loops.h"
 
 namespace sim {
 
@@ -16,7 +15,7 @@ class Input {
  public:
   class Door;
 
-  Input(Scheduler& scheduler, ThreadLoops& loops) : scheduler_(scheduler), loops_(loops) {}
+  Input(Scheduler& scheduler, Hook::Door& hook) : scheduler_(scheduler), hook_(hook) {}
 
   void Press(std::uint32_t virtualKey);
   void Release(std::uint32_t virtualKey);
@@ -24,38 +23,31 @@ class Input {
   /// The left Windows key goes down, P down and up, the Windows key up.
   void PressWinP();
 
-  /// The longest that a watching program held up one key, in milliseconds.
-  [[nodiscard]] std::uint64_t LongestHoldUpMs() const { return longestHoldUpMs_; }
-  [[nodiscard]] bool IsWatched() const { return watchers_ > 0; }
-
   /// Clicks of the left button that a program made.
   [[nodiscard]] int LeftClicks() const { return leftClicks_; }
 
  private:
-  struct Key {
-    std::uint32_t virtualKey = 0;
-    std::set<std::uint32_t> down;  // the keys that were down when it came
-  };
+  using Keys = std::set<std::uint32_t>;
+  using Watcher = std::function<void(std::uint32_t)>;
   void Turn(std::uint32_t virtualKey, bool down);
 
   Scheduler& scheduler_;
-  ThreadLoops& loops_;
-  std::set<std::uint32_t> down_;
-  std::deque<Key> pending_;
-  const Key* served_ = nullptr;  // while a program looks at it
-  int watchers_ = 0, leftClicks_ = 0;
-  std::uint64_t longestHoldUpMs_ = 0;
+  Hook::Door& hook_;
+  Keys down_;
+  const Watcher* watcher_ = nullptr;
+  const Keys* downThen_ = nullptr;  // when the key came that a program looks at
+  int leftClicks_ = 0;
 };
 
 class Input::Door : public Input {
  public:
   using Input::Input;
 
-  void Watch(const std::function<void(std::uint32_t)>& onKey);
+  void Watch(const Watcher& onKey);
   [[nodiscard]] bool IsDown(std::uint32_t virtualKey) const;
   void ClickLeft() { ++leftClicks_; }
 
-  /// The process is gone, and its hooks with it; the keys stay as they are.
+  /// The process is gone; the keys stay as they are.
   void EndProcess();
 };
 

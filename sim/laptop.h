@@ -89,6 +89,8 @@ class Laptop {
   ServiceWindow& window = parts_.window;
   Input& input = parts_.input;
   Mouse& mouse = parts_.mouse;
+  Hook& keyboardHook = parts_.hooks.keyboard;
+  Hook& mouseHook = parts_.hooks.mouse;
   Ui& ui = parts_.ui;
   Apps& apps = parts_.apps;
   HotKey& hotKey = parts_.hotKey;

@@ -24,22 +24,14 @@ void Mouse::Later(std::uint32_t ms, std::function<void()> step) {
 }
 
 void Mouse::Add(std::optional<MouseEvent> kind, Point point, std::function<void()> effect) {
-  if (watchers_ == 0) return effect();
-  pending_.push_back({kind, point, std::move(effect)});
+  std::function<void()> call;
+  if (kind) call = [=, this] { (*watcher_)(*kind, point); };
+  hook_.Offer(std::move(call), std::move(effect));
 }
 
-void Mouse::Door::Watch(const std::function<void(MouseEvent, Point)>& onMouse) {
-  ++watchers_;
-  loops_.Serve(pending_, longestHoldUpMs_, [&](const Event& event) {
-    if (event.kind) onMouse(*event.kind, event.point);
-    event.effect();
-  });
-  --watchers_;
-}
-
-void Mouse::Door::EndProcess() {
-  watchers_ = 0;
-  for (const auto& event : std::exchange(pending_, {})) event.effect();
+void Mouse::Door::Watch(const Watcher& onMouse) {
+  watcher_ = &onMouse;
+  hook_.Watch();
 }
 
 // ---- What the events do ----
@@ -66,7 +58,8 @@ void Mouse::TakePress(WindowHandle window) {
 void Mouse::TakeGrab(WindowHandle window, Grip grip) {
   TakePress(window);
   const auto* found = desktop_.Find(window);
-  if (found == nullptr || !found->responsive) return;  // a window that hangs cannot be moved
+  // One that hangs cannot be moved, and of one that was minimised meanwhile there is nothing to hold.
+  if (found == nullptr || !found->responsive || !found->IsUp()) return;
   drag_ = {window, grip, cursor_, found->area};
   desktop_.Raise(WindowEvent::MoveSizeStart, window);
 }

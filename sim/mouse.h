@@ -1,15 +1,14 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <optional>
 
 #include "os/hooks.h"
 #include "os/types.h"
 #include "sim/desktop.h"
+#include "sim/hooks.h"
 #include "sim/scheduler.h"
-#include "sim/thread_loops.h"
 
 namespace sim {
 
@@ -20,8 +19,8 @@ class Mouse {
  public:
   class Door;
 
-  Mouse(Scheduler& scheduler, ThreadLoops& loops, Desktop& desktop)
-      : scheduler_(scheduler), loops_(loops), desktop_(desktop) {}
+  Mouse(Scheduler& scheduler, Hook::Door& hook, Desktop& desktop)
+      : scheduler_(scheduler), hook_(hook), desktop_(desktop) {}
 
   /// Where the pointer is.
   [[nodiscard]] os::Point At() const { return desktop_.Onto(cursor_); }
@@ -45,9 +44,6 @@ class Mouse {
   void CancelDrag();
   void DragTitleBar(os::WindowHandle window, os::Point from, os::Point to);
 
-  /// The longest that a watching program held up one event, in milliseconds.
-  [[nodiscard]] std::uint64_t LongestHoldUpMs() const { return longestHoldUpMs_; }
-
  private:
   enum class Grip { TitleBar, Border };
   struct Drag {
@@ -56,13 +52,10 @@ class Mouse {
     os::Point grabbedAt;
     os::Rect from;  // the window's place then
   };
-  struct Event {
-    std::optional<os::MouseEvent> kind;  // none: who watches the mouse does not see it
-    os::Point point;
-    std::function<void()> effect;
-  };
+  using Watcher = std::function<void(os::MouseEvent, os::Point)>;
 
   void Later(std::uint32_t ms, std::function<void()> step);
+  /// Without a kind, who watches the mouse does not see it.
   void Add(std::optional<os::MouseEvent> kind, os::Point point, std::function<void()> effect);
   void QueueMove(std::uint32_t afterMs, os::Point to);
   void QueuePress(std::function<void()> effect);
@@ -74,26 +67,22 @@ class Mouse {
   void EndDrag();
 
   Scheduler& scheduler_;
-  ThreadLoops& loops_;
+  Hook::Door& hook_;
   Desktop& desktop_;
   os::Point cursor_ = {960, 540};  // the middle of the B panel
   os::Point hand_ = cursor_;       // where the last event that was queued puts it
   bool pressed_ = false;
   std::optional<Drag> drag_;
-  std::deque<Event> pending_;
+  const Watcher* watcher_ = nullptr;
   std::uint64_t nextStepMs_ = 0;  // when the gesture that is under way is over
   int stepsUnderWay_ = 0;
-  int watchers_ = 0;
-  std::uint64_t longestHoldUpMs_ = 0;
 };
 
 class Mouse::Door : public Mouse {
  public:
   using Mouse::Mouse;
 
-  void Watch(const std::function<void(os::MouseEvent, os::Point)>& onMouse);
-  /// The process is gone, and its hooks with it: what they held up takes effect.
-  void EndProcess();
+  void Watch(const Watcher& onMouse);
 };
 
 }  // namespace sim

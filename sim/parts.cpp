@@ -17,7 +17,7 @@ void Parts::EndProcess(void (*forget)()) {
   forget();  // while what it may close is still there
   desktop.Close(window.Handle());
   const auto end = [](auto&... parts) { (parts.EndProcess(), ...); };
-  end(window, loops, power, sessions, input, mouse, windowEvents, apps, firmware, trace, touch, watches, management,
+  end(window, loops, power, sessions, hooks, input, windowEvents, apps, firmware, trace, touch, watches, management,
       processes, events);
   processRun = NextProcessRun();
   scheduler.BeginProcess();

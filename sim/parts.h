@@ -10,6 +10,7 @@
 #include "sim/faults.h"
 #include "sim/file_system.h"
 #include "sim/firmware.h"
+#include "sim/hooks.h"
 #include "sim/hot_key.h"
 #include "sim/input.h"
 #include "sim/kernel_objects.h"
@@ -64,13 +65,14 @@ struct Parts {
   ServiceWindow::Door window{scheduler, loops, files, displays, desktop};
   Firmware::Door firmware{displays};
   TouchController::Door touch{scheduler, window};
-  Input::Door input{scheduler, loops};
-  Mouse::Door mouse{scheduler, loops, desktop};
+  Hooks hooks{scheduler, loops};
+  Input::Door input{scheduler, hooks.keyboard};
+  Mouse::Door mouse{scheduler, hooks.mouse, desktop};
   Ui ui{scheduler, processes, desktop, window};
   Apps::Door apps{scheduler, registry, processes, ui};
   HotKey hotKey{scheduler, desktop, window};
-  Power::Door power{scheduler, watches, window, touch};
-  Sessions::Door sessions{scheduler, desktop, window};
+  Power::Door power{scheduler, watches, window, touch, hooks};
+  Sessions::Door sessions{scheduler, desktop, window, hooks};
 
   /// Which process run this is, counted over all laptops: what belongs to an earlier one is void.
   std::uint64_t processRun = NextProcessRun();

@@ -44,6 +44,7 @@ void Power::Rest(int state) {
   Broadcast(kSuspend);
   scheduler_.Advance(kHourMs);
   watches_.Woke(state);
+  hooks_.Resume();
   Broadcast(kResumeAutomatic);
 }
 

@@ -6,6 +6,7 @@
 #include "os/power.h"
 #include "os/service_window.h"
 #include "sim/handle_table.h"
+#include "sim/hooks.h"
 #include "sim/scheduler.h"
 #include "sim/service_window.h"
 #include "sim/touch_controller.h"
@@ -19,8 +20,8 @@ class Power {
  public:
   class Door;
 
-  Power(Scheduler& scheduler, Watches& watches, ServiceWindow& window, TouchController& touch)
-      : scheduler_(scheduler), watches_(watches), window_(window), touch_(touch) {}
+  Power(Scheduler& scheduler, Watches& watches, ServiceWindow& window, TouchController& touch, Hooks& hooks)
+      : scheduler_(scheduler), watches_(watches), window_(window), touch_(touch), hooks_(hooks) {}
 
   static constexpr std::uint32_t kSuspend = 4, kStatusChange = 10, kResumeAutomatic = 18;  // PBT_*
   enum class Display : std::uint32_t { Off, On, Dimmed };
@@ -64,6 +65,7 @@ class Power {
   Watches& watches_;
   ServiceWindow& window_;
   TouchController& touch_;
+  Hooks& hooks_;
   os::PowerStatus status_{.acLineStatus = 1, .systemStatusFlag = 0};
   // By PowerSetting: display on, lid open, saver off, on mains, sleep when the lid closes.
   std::array<std::uint32_t, 5> values_{1, 1, 0, 0, 1};

@@ -158,8 +158,8 @@ void Scheduler::ThreadMain(Participant& self, std::function<void()> body) {
   GiveTurnTo(Next());
 }
 
-void Scheduler::After(std::uint64_t ms, std::function<void()> action) {
-  actions_.emplace(nowMs_ + ms, std::move(action));
+Scheduler::Actions::iterator Scheduler::After(std::uint64_t ms, std::function<void()> action) {
+  return actions_.emplace(nowMs_ + ms, std::move(action));
 }
 
 // ---- Choosing who runs ----

@@ -85,8 +85,11 @@ class Scheduler {
   /// Starts a thread of the controller. It runs when it gets the turn. False when the process has ended.
   bool StartThread(std::wstring name, std::function<void()> body);
 
-  /// Calls `action` in `ms` milliseconds; it must not wait. For what the machine does by itself.
-  void After(std::uint64_t ms, std::function<void()> action);
+  /// Calls `action` in `ms` milliseconds; it must not wait. For what the machine does by itself. Cancel takes it back
+  /// before it was called.
+  using Actions = std::multimap<std::uint64_t, std::function<void()>>;
+  Actions::iterator After(std::uint64_t ms, std::function<void()> action);
+  void Cancel(Actions::iterator action) { actions_.erase(action); }
 
   /// The id of the calling thread; 0 is the test's.
   [[nodiscard]] static std::uint32_t ThreadId();
@@ -162,7 +165,7 @@ class Scheduler {
   std::uint32_t checkpointsSinceMove_ = 0;  // since time last moved
   std::uint32_t nextId_ = 0;
   std::vector<std::unique_ptr<Participant>> participants_;  // the first is the test's thread
-  std::multimap<std::uint64_t, std::function<void()>> actions_;
+  Actions actions_;
 
   std::mutex mutex_;      // guards `current_` only
   Participant* current_;  // who has the turn

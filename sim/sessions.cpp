@@ -34,6 +34,7 @@ void Sessions::Lock() {
 
 void Sessions::Unlock() {
   desktop_.CloseAll(kLockScreenClass);
+  hooks_.Unlock();
   Tell(kUnlocked);
 }
 

@@ -9,6 +9,7 @@
 #include "os/first_sign_in.h"
 #include "os/processes.h"
 #include "sim/handle_table.h"
+#include "sim/hooks.h"
 #include "sim/scheduler.h"
 #include "sim/service_window.h"
 
@@ -26,8 +27,8 @@ class Sessions {
  public:
   class Door;
 
-  Sessions(Scheduler& scheduler, Desktop& desktop, ServiceWindow& window)
-      : scheduler_(scheduler), desktop_(desktop), window_(window) {}
+  Sessions(Scheduler& scheduler, Desktop& desktop, ServiceWindow& window, Hooks& hooks)
+      : scheduler_(scheduler), desktop_(desktop), window_(window), hooks_(hooks) {}
 
   static constexpr std::uint32_t kActive = 0, kDisconnected = 4, kListen = 6;  // WTS_CONNECTSTATE_CLASS
 
@@ -73,6 +74,7 @@ class Sessions {
   Scheduler& scheduler_;
   Desktop& desktop_;
   ServiceWindow& window_;
+  Hooks& hooks_;
   HandleTable<os::TokenHandle, TokenOf> tokens_;
   HandleTable<os::EnvironmentHandle, std::uint32_t> environments_;
   std::set<std::wstring> enabledPrivileges_;

@@ -1,16 +1,22 @@
 #include "sim/window_events.h"
 
+#include <algorithm>
+
 namespace sim {
 
-void WindowEvents::Raise(os::WindowEvent event, os::WindowHandle window, std::int32_t object) {
-  for (auto& subscription : subscriptions_) {
-    const bool wanted = subscription.first <= event && event <= subscription.last;
-    if (wanted) subscription.queue.push_back({event, window, object});
+int WindowEvents::Raise(os::WindowEvent event, os::WindowHandle window, std::int32_t object) {
+  int watchers = 0;
+  for (auto& [ranges, queue, longestMs] : subscriptions_) {
+    const auto holds = [event](const auto& range) { return range.first <= event && event <= range.last; };
+    if (std::none_of(ranges.begin(), ranges.end(), holds)) continue;
+    queue.push_back({event, window, object});
+    ++watchers;
   }
+  return watchers;
 }
 
-void WindowEvents::Watch(os::WindowEvent first, os::WindowEvent last, const Watcher& watcher) {
-  auto& own = subscriptions_.emplace_back(Subscription{first, last});
+void WindowEvents::Watch(const std::vector<os::WindowEventRange>& ranges, const Watcher& watcher) {
+  auto& own = subscriptions_.emplace_back(Subscription{ranges});
   loops_.Serve(own.queue, own.longestMs, [&](const Event& event) { watcher(event.event, event.window, event.object); });
   subscriptions_.remove_if([&own](const Subscription& each) { return &each == &own; });
 }

@@ -4,6 +4,7 @@
 #include <deque>
 #include <functional>
 #include <list>
+#include <vector>
 
 #include "os/hooks.h"
 #include "os/types.h"
@@ -18,10 +19,11 @@ class WindowEvents {
 
   using Watcher = std::function<void(os::WindowEvent, os::WindowHandle, std::int32_t object)>;
 
-  void Raise(os::WindowEvent event, os::WindowHandle window, std::int32_t object);
+  /// Returns how many watchers there are of it.
+  int Raise(os::WindowEvent event, os::WindowHandle window, std::int32_t object);
 
   /// Serves the calling thread's events until its message loop is quit.
-  void Watch(os::WindowEvent first, os::WindowEvent last, const Watcher& watcher);
+  void Watch(const std::vector<os::WindowEventRange>& ranges, const Watcher& watcher);
 
   void EndProcess() { subscriptions_.clear(); }
 
@@ -32,7 +34,7 @@ class WindowEvents {
     std::int32_t object;
   };
   struct Subscription {
-    os::WindowEvent first, last;
+    std::vector<os::WindowEventRange> ranges;
     std::deque<Event> queue = {};
     std::uint64_t longestMs = 0;  // nobody asks: these watchers hold nothing up
   };

@@ -74,9 +74,14 @@ TEST_F(NoActivate, IgnoresWhatChangesNothing) {
   laptop.desktop.Raise(os::WindowEvent::LocationChange, game);
   laptop.Settle();
   EXPECT_TRUE(Activates(late)) << "the same window as before";
+  constexpr auto kShown = static_cast<os::WindowEvent>(0x8002);
+  EXPECT_EQ(laptop.desktop.Raise(kShown, game), 0) << "nobody is woken by what nobody asked for";
   const auto view = laptop.desktop.Open({.className = L"Tessaview_ViewClass", .title = L"View"});
-  for (const auto ignored : {view, laptop.desktop.Open({}), laptop.desktop.Find(L"TessaviewTitle")}) {
+  for (const auto ignored : {view, laptop.desktop.Open({}), laptop.desktop.Find(L"TESSAVIEWSERVICE")}) {
     Use(ignored);
+    EXPECT_EQ(laptop.desktop.Foreground(), ignored);
+    laptop.desktop.Raise(os::WindowEvent::LocationChange, game);
+    laptop.Settle();
     EXPECT_FALSE(Activates(onC));
   }
 }

@@ -234,7 +234,7 @@ class Throwing {
   }
 
   void ExpectService() {
-    EXPECT_EQ(laptop_.mouse.LongestHoldUpMs(), 0U);
+    EXPECT_EQ(laptop_.mouseHook.LongestHoldUpMs(), 0U);
     laptop_.ui.ForgetReceived();
     laptop_.ui.Send(L"BLGET");
     EXPECT_EQ(TimesTold(laptop_, L"BLSET"), 1);

@@ -112,7 +112,8 @@ TEST_F(Mover, DownWinsWhereTheNewerUisFirstAreasOverlap) {
 }
 
 TEST_F(Mover, LeavesAloneWhatIsNoThrow) {
-  const auto window = Open(), dialog = Open({.style = kDialogStyle}), ui = Open({.className = L"Tessaview_Setting"});
+  const auto window = Open(), dialog = Open({.style = kDialogStyle}), ui = Open({.className = L"Tessaview_Setting"}),
+             dialogOnC = Open({.area = kOnCPanel, .style = kDialogStyle});
   laptop.displays.AddMonitor({.x = 1920});
   laptop.displays.Changed();
   const auto elsewhere = Open({.area = {2000, 100, 3000, 800}});
@@ -120,21 +121,30 @@ TEST_F(Mover, LeavesAloneWhatIsNoThrow) {
   laptop.mouse.Glide({900, 500});
   laptop.mouse.Drop();
   EXPECT_EQ(Words(window), Texts{L"WSPRESS"}) << "sized";
-  for (const auto dragged : {dialog, elsewhere}) {
-    const auto x = dragged == elsewhere ? 1800 : 0;
-    laptop.mouse.DragTitleBar(dragged, {kPress.x + x, kPress.y}, {kDown.x + x, kDown.y});
-    EXPECT_EQ(Words(dragged), Texts{L"WSPRESS"});
+  struct Drag {
+    os::WindowHandle window;
+    os::Point from, to;
+  };
+  for (const auto& [dragged, from, to] : {Drag{dialog, kPress, kDown},
+                                          {elsewhere, {2500, 110}, {2575, 200}},
+                                          {dialogOnC, kPressOnC, kUp},
+                                          {window, kPress, {kPress.x, 400}},
+                                          {window, {kPress.x, 400}, {300, 400}}}) {
+    laptop.mouse.DragTitleBar(dragged, from, to);
+    EXPECT_EQ(Words(dragged), Texts{L"WSPRESS"}) << to.x << " " << to.y;
     EXPECT_TRUE(laptop.desktop.Journal(dragged).empty());
   }
   laptop.mouse.DragTitleBar(ui, kPress, kDown);
-  EXPECT_EQ(Words(elsewhere), Texts{L"WSPRESS"}) << "the last one that was looked at";
+  EXPECT_EQ(Words(window), Texts{L"WSPRESS"}) << "the last one that was looked at";
 }
 
 TEST_F(Mover, NeedsTheUiAndThePanel) {
-  const auto window = Open();
+  const auto onC = Open({.area = kOnCPanel}), window = Open();
   laptop.ui.Send(L"DIED");
   laptop.mouse.DragTitleBar(window, kPress, kDown);
   EXPECT_EQ(Words(window), Texts{L"WSPRESS"});
+  laptop.mouse.DragTitleBar(onC, kPressOnC, kUp);
+  EXPECT_EQ(Words(onC), Texts{L"WSPRESS"});
   laptop.ui.Send(L"CLOSEQUICKGUIDE");
   laptop.ui.OpenGuide();
   laptop.mouse.DragTitleBar(window, {775, 201}, kDown);
@@ -148,10 +158,13 @@ TEST_F(Mover, NeedsTheUiAndThePanel) {
 
 TEST_F(Mover, IsOffForGoodOnceTheUiDoesWithoutIt) {
   const auto window = Open();
+  DragOut(laptop, window, kPress, kDown);
   laptop.ui.Send(L"BLOCKACTIONMENU");
+  EXPECT_EQ(Words(window).back(), L"WSPRESS");
+  laptop.mouse.Drop();
   laptop.mouse.DragTitleBar(window, kPress, kDown);
   MoveTo({960, 1594});
-  EXPECT_TRUE(laptop.ui.Received().empty());
+  EXPECT_TRUE(laptop.ui.Received().empty() && laptop.desktop.Journal(window).empty());
 }
 
 TEST_F(Mover, ShowsThatMicrosoftsApplicationsCannotBeThrown) {
@@ -222,6 +235,20 @@ TEST_F(Mover, TheNavigatorComesAtTheLowerEdgeOnceEachTime) {
   }
 }
 
+TEST_F(Mover, MovesTheWindowOnceTheUiKnowsOrAfter200Milliseconds) {
+  for (const auto& [busyMs, startsAfterMs] : {std::pair(150U, 150U), {1000U, 200U}}) {
+    const auto window = Open();
+    DragOut(laptop, window, kPress, kDown);
+    laptop.ui.Busy(busyMs);
+    laptop.After(0, [&] { laptop.mouse.Drop(); });
+    laptop.Advance(startsAfterMs - 1);
+    EXPECT_TRUE(laptop.desktop.Journal(window).empty());
+    laptop.Advance(1);
+    EXPECT_EQ(laptop.desktop.Journal(window), Texts{L"show 6"});
+    laptop.Settle();
+  }
+}
+
 TEST_F(Mover, WhatAHungUiMissesIsBoundedAndNeverAnEnd) {
   constexpr int kDrags = 5, kSwings = 40;
   const auto window = Open();
@@ -235,7 +262,7 @@ TEST_F(Mover, WhatAHungUiMissesIsBoundedAndNeverAnEnd) {
     }
     laptop.mouse.Drop();
   }
-  EXPECT_EQ(laptop.mouse.LongestHoldUpMs(), 0U);
+  EXPECT_EQ(laptop.mouseHook.LongestHoldUpMs(), 0U);
   EXPECT_EQ(laptop.Area(window), kCPanel);
   laptop.ui.Recover();
   const auto words = Words(window);

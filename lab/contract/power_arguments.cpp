@@ -5,6 +5,7 @@
 #include <powrprof.h>
 #include <winevt.h>
 
+#include <cstdint>
 #include <cstring>
 #include <cwchar>
 #include <vector>
@@ -56,14 +57,38 @@ TEST(PowerArguments, TheLidsActionIsReadFromTheSchemeForEachSource) {
   EXPECT_EQ(os::ActivePowerScheme().error(), 120U);
 }
 
-TEST(HookArguments, EventsOfTheOwnProcessAreLeftOutAndWhoCannotWatchReturns) {
-  static DWORD asked;
-  CONTRACT_PATCH(SetWinEventHook, [](auto, auto, auto, auto, auto, auto, auto flags) -> HWINEVENTHOOK {
-    return asked = flags, SetLastError(ERROR_GEN_FAILURE), nullptr;
+std::vector<DWORD> gAsked;
+
+TEST(HookArguments, EachRangeOfEventsIsHookedWithoutTheOwnProcessAndWhoCannotWatchReturns) {
+  gAsked.clear();
+  CONTRACT_PATCH(SetWinEventHook, [](auto first, auto last, auto, auto, auto, auto, auto flags) -> HWINEVENTHOOK {
+    return gAsked.insert(gAsked.end(), {first, last, flags}), SetLastError(ERROR_GEN_FAILURE), nullptr;
   });
-  const auto watched = os::WatchWindowEvents(os::WindowEvent::Foreground, os::WindowEvent::LocationChange, {});
+  const auto watched = os::WatchWindowEvents({{os::WindowEvent::Foreground, os::WindowEvent::Foreground},
+                                              {os::WindowEvent::MoveSizeStart, os::WindowEvent::LocationChange}},
+                                             [](auto, auto, auto) {});
   EXPECT_EQ(watched.error(), 31U);
-  EXPECT_EQ(asked, DWORD{WINEVENT_SKIPOWNPROCESS});
+  EXPECT_EQ(gAsked, (std::vector<DWORD>{3, 3, WINEVENT_SKIPOWNPROCESS, 0x0A, 0x800B, WINEVENT_SKIPOWNPROCESS}));
+}
+
+std::vector<std::intptr_t> gHooks;  // as they were set, or with a minus released
+int gPriority, gMessages;
+
+TEST(HookArguments, ANewHookIsInPlaceBeforeTheOldOneIsReleasedOnAThreadThatRunsBeforeAllOthers) {
+  gHooks.clear(), gPriority = gMessages = 0;
+  CONTRACT_PATCH(SetThreadPriority, [](auto, auto priority) -> BOOL { return gPriority = priority, TRUE; });
+  CONTRACT_PATCH(SetWindowsHookExW, [](auto kind, auto, auto, auto) -> HHOOK {
+    gHooks.push_back(gMessages == 2 || kind != WH_MOUSE_LL ? 0 : gMessages + 1);  // the third time there is none
+    return reinterpret_cast<HHOOK>(gHooks.back());
+  });
+  CONTRACT_PATCH(UnhookWindowsHookEx,
+                 [](auto hook) -> BOOL { return gHooks.push_back(-reinterpret_cast<std::intptr_t>(hook)), FALSE; });
+  CONTRACT_PATCH(GetMessageW, [](auto message, auto, auto, auto) -> BOOL {
+    os::HookAgain(os::InputHook::Mouse);
+    return ++gMessages <= 2 && PeekMessageW(message, nullptr, 0, 0, PM_REMOVE);
+  });
+  EXPECT_TRUE(os::WatchMouse([](auto, auto) {}));
+  EXPECT_TRUE(gPriority == THREAD_PRIORITY_TIME_CRITICAL && gHooks == (std::vector<std::intptr_t>{1, 2, -1, 0, -2}));
 }
 
 // ---- The system's log, which Wine has none of ----

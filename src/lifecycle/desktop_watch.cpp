@@ -30,7 +30,7 @@ void OnDesktopSwitch() {
 void StartDesktopWatch() {
   StartThread(L"desktop switch", [] {
     LogFailure(L"Switches of the desktop cannot be watched",
-               os::WatchWindowEvents(os::WindowEvent::DesktopSwitch, os::WindowEvent::DesktopSwitch,
+               os::WatchWindowEvents({{os::WindowEvent::DesktopSwitch, os::WindowEvent::DesktopSwitch}},
                                      [](os::WindowEvent, os::WindowHandle, std::int32_t) { OnDesktopSwitch(); }));
   });
 }

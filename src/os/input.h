@@ -7,9 +7,11 @@
 
 namespace os {
 
-/// Whether a key is down now (GetAsyncKeyState). Any thread.
+/// Whether a key is down now, or a button of the mouse, left and right as they are on the mouse (GetAsyncKeyState). Any
+/// thread.
 [[nodiscard]] bool IsKeyDown(std::uint32_t virtualKey);
-inline constexpr std::uint32_t kKeyP = 0x50, kKeyLeftWindows = 0x5B;  // 'P', VK_LWIN
+inline constexpr std::uint32_t kKeyP = 0x50, kKeyLeftWindows = 0x5B;     // 'P', VK_LWIN
+inline constexpr std::uint32_t kButtonLeft = 0x01, kButtonRight = 0x02;  // VK_LBUTTON, VK_RBUTTON
 
 /// Presses and releases the left mouse button where the pointer is (mouse_event). Any thread.
 void ClickLeftButton();

@@ -27,8 +27,10 @@ struct NamedMutex {
 /// Creates an event without a name that stays signalled once it is (CreateEventW, manual reset, not signalled).
 [[nodiscard]] Event NewEvent();
 
-/// Waits without a time limit until an event is signalled (WaitForSingleObject). False when there is no event.
-bool AwaitEvent(const Event& event);
+/// Waits until an event is signalled (WaitForSingleObject), without a time limit unless one is given, in milliseconds.
+/// False when the time is up, and when there is no event.
+inline constexpr std::uint32_t kWithoutLimit = 0xFFFFFFFF;  // INFINITE
+bool AwaitEvent(const Event& event, std::uint32_t limitMs = kWithoutLimit);
 template <>
 inline constexpr WaitingMark kWaiting<&AwaitEvent>{Waiting::Deaf};
 

@@ -1,5 +1,6 @@
 #include "power/win_p_watch.h"
 
+#include "core/input_hooks.h"
 #include "core/log_failure.h"
 #include "core/noted_events.h"
 #include "core/state.h"
@@ -48,6 +49,7 @@ void StartWinPWatch() {
   constexpr std::uint32_t kMostWaiting = 2;
   StartThread(L"keyboard", [] {
     const auto onKey = [](std::uint32_t virtualKey) {
+      NoteHookCalled(os::InputHook::Keyboard);
       if (virtualKey == os::kKeyP && os::IsKeyDown(os::kKeyLeftWindows)) DealLaterAtMost(kMostWaiting, OnWinP);
     };
     LogFailure(L"The keyboard cannot be watched", os::WatchKeyboard(onKey));

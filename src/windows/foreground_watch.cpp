@@ -24,9 +24,8 @@ struct Seen {
 Shared<Seen> gLastSeen;
 
 /// Pointer and carets move all the time, and change nothing.
-bool MayChangeTheAnswer(os::WindowEvent event, std::int32_t object) {
-  if (event == os::WindowEvent::LocationChange) return object != os::kObjectCursor && object != os::kObjectCaret;
-  return event == os::WindowEvent::Foreground;
+bool MayChangeTheAnswer(std::int32_t object) {
+  return object != os::kObjectCursor && object != os::kObjectCaret;
 }
 
 /// Windows of the UI and of the controller come and go in front of the one that the user works with.
@@ -50,8 +49,8 @@ void Follow(const Seen& now) {
 
 }  // namespace
 
-void OnForegroundEvent(os::WindowEvent event, std::int32_t object) {
-  if (!MayChangeTheAnswer(event, object)) return;
+void OnForegroundEvent(std::int32_t object) {
+  if (!MayChangeTheAnswer(object)) return;
   const auto window = os::ForegroundWindow();
   const auto root = os::RootWindow(window);
   if (!IsIgnored(window, root)) Follow({root, IsFullScreenWindow(root)});
@@ -61,10 +60,13 @@ void StartForegroundWatch(void (*onForeground)()) {
   StartThread(L"foreground", [onForeground] {
     const auto onEvent = [onForeground](os::WindowEvent event, os::WindowHandle, std::int32_t object) {
       if (event == os::WindowEvent::Foreground) onForeground();
-      OnForegroundEvent(event, object);
+      OnForegroundEvent(object);
     };
+    // Not one range over both: nearly all that happens on a desktop lies between the two.
     LogFailure(L"The window in front cannot be watched",
-               os::WatchWindowEvents(os::WindowEvent::Foreground, os::WindowEvent::LocationChange, onEvent));
+               os::WatchWindowEvents({{os::WindowEvent::Foreground, os::WindowEvent::Foreground},
+                                      {os::WindowEvent::LocationChange, os::WindowEvent::LocationChange}},
+                                     onEvent));
   });
 }
 

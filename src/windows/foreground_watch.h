@@ -1,6 +1,6 @@
 #pragma once
 
-#include "os/hooks.h"
+#include <cstdint>
 
 namespace tessaview {
 
@@ -9,8 +9,8 @@ namespace tessaview {
 /// foreground, and must not wait.
 void StartForegroundWatch(void (*onForeground)());
 
-/// What the watch does with an event. A new window in the foreground counts, and a window that moved; a moved pointer
-/// or caret does not. On the watch's thread.
-void OnForegroundEvent(os::WindowEvent event, std::int32_t object);
+/// What the watch does when a window has come to the foreground, or when something has moved: a window counts, the
+/// pointer and a caret (os::kObject…) do not. On the watch's thread.
+void OnForegroundEvent(std::int32_t object);
 
 }  // namespace tessaview

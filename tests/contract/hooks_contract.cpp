@@ -63,11 +63,16 @@ TEST_F(HooksContract, AWatcherSeesEachPressAndReleaseAndWhatElseIsDown) {
 
 TEST_F(HooksContract, AWatcherSeesWhereThePointerGoesAndTheLeftButton) {
   constexpr os::Point kFrom{600, 400}, kTo{900, 1200};
+  os::HookAgain(os::InputHook::Mouse);
   world::MovePointer(kFrom);
   Watch([] {
     return os::WatchMouse([](os::MouseEvent event, os::Point pointer) {
       See({.what = static_cast<std::uint32_t>(event), .pointer = pointer, .before = os::CursorPosition()});
     });
+  });
+  world::Run([] {
+    os::HookAgain(os::InputHook::Mouse);
+    os::Sleep(50);
   });
   world::MovePointer(kTo);
   world::Click();
@@ -82,7 +87,8 @@ TEST_F(HooksContract, AWatcherSeesWhereThePointerGoesAndTheLeftButton) {
 TEST_F(HooksContract, AWatcherIsToldOfTheEventsItAskedFor) {
   const auto window = world::OpenWindow();
   Watch([] {
-    return os::WatchWindowEvents(os::WindowEvent::MoveSizeStart, os::WindowEvent::MoveSizeEnd,
+    return os::WatchWindowEvents({{os::WindowEvent::MoveSizeStart, os::WindowEvent::MoveSizeEnd},
+                                  {os::WindowEvent::LocationChange, os::WindowEvent::LocationChange}},
                                  [](os::WindowEvent event, os::WindowHandle of, std::int32_t object) {
                                    See({.what = static_cast<std::uint32_t>(event), .window = of, .object = object});
                                  });
@@ -91,7 +97,8 @@ TEST_F(HooksContract, AWatcherIsToldOfTheEventsItAskedFor) {
        {os::WindowEvent::Foreground, os::WindowEvent::MoveSizeStart, os::WindowEvent::LocationChange})
     world::RaiseWindowEvent(event, os::kObjectWindow);
   world::RaiseWindowEvent(os::WindowEvent::MoveSizeEnd, os::kObjectCaret);
-  EXPECT_EQ(SeenOnce(2), (std::vector<Seen>{{.what = 0x0A, .window = window, .object = 0},
+  EXPECT_EQ(SeenOnce(3), (std::vector<Seen>{{.what = 0x0A, .window = window, .object = 0},
+                                            {.what = 0x800B, .window = window, .object = 0},
                                             {.what = 0x0B, .window = window, .object = -8}}));
 }
 

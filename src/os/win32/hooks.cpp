@@ -1,6 +1,9 @@
 #include "os/hooks.h"
 
+#include <array>
+#include <atomic>
 #include <optional>
+#include <utility>
 
 #include "os/win32/win32_support.h"
 
@@ -15,6 +18,9 @@ using OnWindowEvent = std::function<void(WindowEvent, WindowHandle, std::int32_t
 thread_local const OnKey* gOnKey = nullptr;
 thread_local const OnMouse* gOnMouse = nullptr;
 thread_local const OnWindowEvent* gOnWindowEvent = nullptr;
+
+constexpr UINT kHookAgain = WM_APP;                  // to a watching thread
+std::array<std::atomic<DWORD>, 2> gWatchingThreads;  // by InputHook; 0: none
 
 LRESULT CALLBACK TakeKey(int code, WPARAM message, LPARAM event) noexcept {
   if (code == HC_ACTION) (*gOnKey)(reinterpret_cast<const KBDLLHOOKSTRUCT*>(event)->vkCode);
@@ -48,18 +54,27 @@ void CALLBACK TakeWindowEvent(HWINEVENTHOOK /*hook*/, DWORD event, HWND window, 
 }
 
 /// Serves the thread's messages, among which the system calls its hooks, until its loop is quit.
-void ServeMessages() {
+void ServeMessages(const std::function<void()>& onHookAgain) {
   MSG message{};
   while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    if (message.hwnd == nullptr && message.message == kHookAgain) onHookAgain();
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }
 }
 
-Status WatchInput(int kind, HOOKPROC procedure) {
-  const HHOOK hook = SetWindowsHookExW(kind, procedure, GetModuleHandleW(nullptr), 0);
+Status WatchInput(InputHook watch, int kind, HOOKPROC procedure) {
+  SetThreadPriority(GetCurrentThread(), THREAD_PRIORITY_TIME_CRITICAL);
+  const auto setHook = [=] { return SetWindowsHookExW(kind, procedure, GetModuleHandleW(nullptr), 0); };
+  HHOOK hook = setHook();
   if (hook == nullptr) return win32::LastError();
-  ServeMessages();
+  auto& thread = gWatchingThreads.at(static_cast<std::size_t>(watch));
+  thread = GetCurrentThreadId();
+  ServeMessages([&] {
+    // An old hook that the system has removed cannot be released, and need not be.
+    if (const HHOOK fresh = setHook(); fresh != nullptr) UnhookWindowsHookEx(std::exchange(hook, fresh));
+  });
+  thread = 0;
   UnhookWindowsHookEx(hook);
   return Done{};
 }
@@ -68,21 +83,30 @@ Status WatchInput(int kind, HOOKPROC procedure) {
 
 Status WatchKeyboard(const std::function<void(std::uint32_t virtualKey)>& onKey) {
   gOnKey = &onKey;
-  return WatchInput(WH_KEYBOARD_LL, TakeKey);
+  return WatchInput(InputHook::Keyboard, WH_KEYBOARD_LL, TakeKey);
 }
 
 Status WatchMouse(const std::function<void(MouseEvent event, Point pointer)>& onMouse) {
   gOnMouse = &onMouse;
-  return WatchInput(WH_MOUSE_LL, TakeMouse);
+  return WatchInput(InputHook::Mouse, WH_MOUSE_LL, TakeMouse);
 }
 
-Status WatchWindowEvents(WindowEvent first, WindowEvent last, const OnWindowEvent& onEvent) {
+void HookAgain(InputHook hook) {
+  const DWORD thread = gWatchingThreads.at(static_cast<std::size_t>(hook));
+  if (thread != 0) PostThreadMessageW(thread, kHookAgain, 0, 0);
+}
+
+Status WatchWindowEvents(const std::vector<WindowEventRange>& ranges, const OnWindowEvent& onEvent) {
   gOnWindowEvent = &onEvent;
-  const HWINEVENTHOOK hook = SetWinEventHook(static_cast<DWORD>(first), static_cast<DWORD>(last), nullptr,
-                                             TakeWindowEvent, 0, 0, WINEVENT_OUTOFCONTEXT | WINEVENT_SKIPOWNPROCESS);
-  if (hook == nullptr) return win32::LastError();
-  ServeMessages();
-  UnhookWinEvent(hook);
+  std::vector<HWINEVENTHOOK> hooks;
+  for (const auto& [first, last] : ranges) {
+    const HWINEVENTHOOK hook = SetWinEventHook(static_cast<DWORD>(first), static_cast<DWORD>(last), nullptr,
+                                               TakeWindowEvent, 0, 0, WINEVENT_OUTOFCONTEXT | WINEVENT_SKIPOWNPROCESS);
+    if (hook != nullptr) hooks.push_back(hook);
+  }
+  if (hooks.empty()) return win32::LastError();
+  ServeMessages([] {});
+  for (const HWINEVENTHOOK hook : hooks) UnhookWinEvent(hook);
   return Done{};
 }
 

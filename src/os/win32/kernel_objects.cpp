@@ -22,8 +22,8 @@ Event NewEvent() {
   return Event(win32::ToDoor<KernelObject>(CreateEventW(nullptr, TRUE, FALSE, nullptr)));
 }
 
-bool AwaitEvent(const Event& event) {
-  return WaitForSingleObject(win32::ToNative<HANDLE>(event.get()), INFINITE) == WAIT_OBJECT_0;
+bool AwaitEvent(const Event& event, std::uint32_t limitMs) {
+  return WaitForSingleObject(win32::ToNative<HANDLE>(event.get()), limitMs) == WAIT_OBJECT_0;
 }
 
 void SignalEvent(const Event& event) {

@@ -43,7 +43,10 @@ void StartUiSender() {
   gPosted.set(posted);
   StartThread(L"UI sender", [posted] {
     while (posted->Wait()) {
-      while (const auto next = TakeNext()) TellUi(next->text, next->fields);
+      while (const auto next = TakeNext()) {
+        TellUi(next->text, next->fields);
+        if (next->isTold) os::SignalEvent(*next->isTold);
+      }
     }
   });
 }

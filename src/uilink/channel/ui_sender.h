@@ -1,5 +1,8 @@
 #pragma once
 
+#include <memory>
+
+#include "os/kernel_objects.h"
 #include "uilink/channel/ui_record.h"
 #include "uilink/channel/ui_texts.h"
 
@@ -10,6 +13,7 @@ namespace tessaview {
 struct PostedText {
   UiText text;
   UiMessage fields = {};
+  std::shared_ptr<const os::Event> isTold = {};  // if given, signalled once the UI took the text, or its time was up
 };
 
 /// Starts the thread that sends what is posted, in the order it was posted.

@@ -1,5 +1,6 @@
 #include <utility>
 
+#include "core/input_hooks.h"
 #include "core/state.h"
 #include "core/trace_log.h"
 #include "display/panel_nudge.h"
@@ -99,8 +100,10 @@ void LayDesktopOutAgain() {
 
 void OnDisplayOn() {
   Log(L"The display is on \n");
-  if (!std::exchange(gPending->gFirstDisplayOnPending, false)) LayDesktopOutAgain();
+  const bool isChange = !std::exchange(gPending->gFirstDisplayOnPending, false);
+  if (isChange) LayDesktopOutAgain();
   ComeBack();
+  if (isChange) ReviveHooks();
 }
 
 /// What closing the lid does: 0 nothing, 2 hibernate, 3 shut down, 6 another. Sleep (1) is absent on purpose: it leaves
@@ -131,7 +134,8 @@ void OnPowerBroadcast(std::uint32_t event) {
     case kPowerStatusChange:
       return Log(L"PBT_APMPOWERSTATUSCHANGE \n");
     case kResumeAutomatic:
-      return Log(L"PBT_APMRESUMEAUTOMATIC \n");
+      Log(L"PBT_APMRESUMEAUTOMATIC \n");
+      return ReviveHooks();
     default:
       return;
   }

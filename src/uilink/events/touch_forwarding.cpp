@@ -1,3 +1,4 @@
+#include "core/input_hooks.h"
 #include "core/state.h"
 #include "os/trace.h"
 #include "touch/raw_input.h"
@@ -23,6 +24,7 @@ void OnRawInput(const os::RawInput& input) {
   const auto step = ThinReports(*gReportCounter, input.report);
   if (step.forward) SendTouchReport(input.report);
   *gReportCounter = step.nextCounter;
+  ComparePointerWithHook();
 }
 
 }  // namespace tessaview

@@ -1,5 +1,6 @@
 #include "uilink/events/window_events.h"
 
+#include "core/input_hooks.h"
 #include "core/noted_events.h"
 #include "core/resource_ids.h"
 #include "core/service_window.h"
@@ -33,6 +34,7 @@ void OnSessionChange(std::uint32_t event) {
   if (event != kSessionUnlock) return;
   Log(L"WTS_SESSION_UNLOCK \n");
   LookForDesktop();
+  ReviveHooks();
 }
 
 /// Without the controller the touch surface is of use as a plain touch pad only.

@@ -1,8 +1,11 @@
 #include "windows/mover/drag_watch.h"
 
+#include <memory>
 #include <optional>
+#include <utility>
 
 #include "appid/microsoft_apps.h"
+#include "core/input_hooks.h"
 #include "core/log_failure.h"
 #include "core/state.h"
 #include "core/threads.h"
@@ -11,6 +14,7 @@
 #include "os/clock.h"
 #include "os/desktop.h"
 #include "os/input.h"
+#include "os/kernel_objects.h"
 #include "power/panel_status.h"
 #include "uilink/channel/ui_channel.h"
 #include "uilink/channel/ui_session.h"
@@ -24,13 +28,18 @@ namespace tessaview {
 namespace {
 
 Guarded<WindowMover> gWindowMover;
+Shared<bool> gIsPressed;  // the left button, as far as the mouse's hook has heard
 
 template <class Step>
 void Take(Step step) {
   gWindowMover.Do([&](WindowMover& mover) {
-    const MoverOutcome outcome = step(mover);
-    for (const auto& text : outcome.texts) PostUiText(text);
-    if (outcome.thrown) MoveThrownWindow(*outcome.thrown);
+    MoverOutcome outcome = step(mover);
+    if (outcome.thrown) {
+      const auto isTold = std::make_shared<os::Event>(os::NewEvent());
+      outcome.texts.back().isTold = isTold;
+      MoveThrownWindow(*outcome.thrown, isTold);
+    }
+    for (auto& text : outcome.texts) PostUiText(std::move(text));
   });
 }
 
@@ -40,7 +49,7 @@ bool IsMoverArmed() {
 
 // ---- The mouse ----
 
-void OnLeftButtonDown() {
+void NotePress() {
   Press press{.gPressPoint = os::CursorPosition(), .gPressTime = os::NowMs()};
   press.gPressWindowRect = os::WindowRect(os::RootWindow(os::WindowAt(press.gPressPoint)));
   Take([&](WindowMover& mover) {
@@ -133,10 +142,23 @@ void OnMoveSizeEnd() {
   Log(L"[Window Mover] EVENT_SYSTEM_MOVESIZEEND \n");
 }
 
+/// A drag that is made with the mouse begins and ends with what its hook was called for just before. Returns whether it
+/// was not; then what it missed is noted.
+bool HasHookMissedTheMouse(os::WindowEvent event) {
+  const bool isPressed = os::IsKeyDown(os::kButtonLeft) || os::IsKeyDown(os::kButtonRight);
+  const bool begins = isPressed && event == os::WindowEvent::MoveSizeStart;
+  const bool isAsHeard = gIsPressed.exchange(isPressed) == isPressed;
+  if (isAsHeard && !(begins && IsHookSilent(os::InputHook::Mouse))) return false;
+  if (begins) NotePress();  // the pointer is still about where it was pressed
+  return true;
+}
+
 void OnMoveSize(os::WindowEvent event, os::WindowHandle window) {
+  const bool isMissed = !isActionMenuBlocked() && HasHookMissedTheMouse(event);
   if (event == os::WindowEvent::MoveSizeStart && CanUiShowOverlay()) OnMoveSizeStart(window);
   // A drag that armed the mover must end it, even if UI or panel have gone meanwhile.
   if (event == os::WindowEvent::MoveSizeEnd && (IsMoverArmed() || CanUiShowOverlay())) OnMoveSizeEnd();
+  if (isMissed) ReviveHooks(os::InputHook::Mouse);
 }
 
 }  // namespace
@@ -147,8 +169,10 @@ void OnMouse(os::MouseEvent event, os::Point pointer) {
     case os::MouseEvent::Move:
       return IsMoverArmed() ? TrackDraggedWindow() : FollowToNavigatorEdge(pointer);
     case os::MouseEvent::LeftDown:
-      return OnLeftButtonDown();
+      gIsPressed.set(true);
+      return NotePress();
     case os::MouseEvent::LeftUp:
+      gIsPressed.set(false);
       return OnLeftButtonUp();
   }
 }
@@ -157,13 +181,19 @@ void StartDragWatch() {
   StartThread(L"drag", [] {
     LogFailure(L"The drags of windows cannot be watched",
                os::WatchWindowEvents(
-                   os::WindowEvent::MoveSizeStart, os::WindowEvent::MoveSizeEnd,
+                   {{os::WindowEvent::MoveSizeStart, os::WindowEvent::MoveSizeEnd}},
                    [](os::WindowEvent event, os::WindowHandle window, std::int32_t) { OnMoveSize(event, window); }));
   });
 }
 
 void StartMouseWatch() {
-  StartThread(L"mouse", [] { LogFailure(L"The mouse cannot be watched", os::WatchMouse(OnMouse)); });
+  StartThread(L"mouse", [] {
+    const auto onMouse = [](os::MouseEvent event, os::Point pointer) {
+      NoteHookCalled(os::InputHook::Mouse);
+      OnMouse(event, pointer);
+    };
+    LogFailure(L"The mouse cannot be watched", os::WatchMouse(onMouse));
+  });
 }
 
 void DisarmMover() {

@@ -1,5 +1,7 @@
 #include "windows/mover/thrown_window.h"
 
+#include <utility>
+
 #include "appid/window_program.h"
 #include "core/threads.h"
 #include "core/trace_log.h"
@@ -7,6 +9,8 @@
 
 namespace tessaview {
 namespace {
+
+constexpr std::uint32_t kMostToldMs = 200;  // what a UI that is slow to take its texts gets
 
 void MoveDown(os::WindowHandle window, Pause pause) {
   Log(L"[Window Mover] Move Window to C Panel \n");
@@ -35,8 +39,11 @@ void Move(const ThrownWindow& thrown) {
 
 }  // namespace
 
-void MoveThrownWindow(const ThrownWindow& thrown) {
-  StartThread(L"window move", [thrown] { Move(thrown); });
+void MoveThrownWindow(const ThrownWindow& thrown, std::shared_ptr<const os::Event> isTold) {
+  StartThread(L"window move", [thrown, isTold = std::move(isTold)] {
+    os::AwaitEvent(*isTold, kMostToldMs);
+    Move(thrown);
+  });
 }
 
 }  // namespace tessaview

@@ -1,0 +1,85 @@
+// Windows removes hooks without a word; the controller hooks again once it can tell.
+
+#include "os/clock.h"
+#include "tests/drags.h"
+
+namespace {
+
+using namespace support;
+
+class InputHooks : public testing::Test {
+ protected:
+  LaptopInUse laptop;
+
+  void Touch() { laptop.touch.ReportFrom(laptop.touch.touchPad(), {17, 2, 1}); }
+  void ExpectThrowDown() {
+    const auto window = laptop.desktop.OpenInForeground({});
+    DragOut(laptop, window, kPress, kAway);
+    Reach(laptop, kDown);
+    laptop.mouse.Drop();
+    EXPECT_EQ(laptop.Area(window), kCPanel);
+    laptop.desktop.Close(window);
+  }
+};
+
+TEST_F(InputHooks, ComeBackWhenTheMachineWakesIsUnlockedOrLightsItsDisplay) {
+  laptop.mouseHook.diesAtResume = laptop.keyboardHook.diesAtResume = true;
+  laptop.mouseHook.diesAtUnlock = laptop.keyboardHook.diesAtUnlock = true;
+  for (void (*happens)(Laptop&) :
+       {+[](Laptop& on) { on.power.SleepAndWake(); }, +[](Laptop& on) { on.sessions.Unlock(); },
+        +[](Laptop& on) {
+          on.power.SetDisplay(Power::Display::Off);
+          on.mouseHook.DiesNow(), on.keyboardHook.DiesNow();
+          on.power.SetDisplay(Power::Display::On);
+        }}) {
+    laptop.Advance(1000);
+    laptop.trace.Clear();
+    happens(laptop);
+    laptop.input.PressWinP();
+    EXPECT_TRUE(LogsInOrder(laptop, {L"[Hooks] The keyboard was not heard of, it is hooked again \n",
+                                     L"[Hooks] The mouse was not heard of, it is hooked again \n",
+                                     L"[Win + P] -------- Start -------- \n"}));
+    ExpectThrowDown();
+  }
+  const auto times = laptop.mouseHook.TimesHooked();
+  laptop.power.SetDisplay(Power::Display::Off), laptop.power.SetDisplay(Power::Display::On);
+  EXPECT_EQ(laptop.mouseHook.TimesHooked(), times) << "it was heard of just now";
+}
+
+TEST_F(InputHooks, ComeBackWhenTheyMissWhatMovesThePointerOrAWindow) {
+  laptop.mouse.MoveTo(kPress);
+  Touch();
+  laptop.mouseHook.DiesNow();
+  laptop.Advance(1000);
+  Touch();
+  EXPECT_FALSE(laptop.mouseHook.IsAlive()) << "it may have had nothing to tell";
+  laptop.mouse.MoveTo(kAway);
+  Touch();
+  EXPECT_TRUE(laptop.mouseHook.IsAlive());
+  // At once, before a drag: that is followed all the same.
+  laptop.mouse.MoveTo(kPress);
+  laptop.mouseHook.DiesNow();
+  ExpectThrowDown();
+  // Within a drag: it ends without a throw.
+  const auto window = laptop.desktop.OpenInForeground({});
+  DragOut(laptop, window, kPress, kDown);
+  laptop.mouseHook.DiesNow();
+  laptop.mouse.Drop();
+  EXPECT_TRUE(laptop.mouseHook.IsAlive() && laptop.desktop.Journal(window).empty());
+}
+
+TEST_F(InputHooks, HoldInputUpFor300MillisecondsAndDieAtAnOverrun) {
+  laptop.mouseHook.diesAtOverrun = 2;
+  laptop.faults.Slow<&os::NowMs>(400);
+  for (const auto x : {101, 102}) {
+    EXPECT_TRUE(laptop.mouseHook.IsAlive());
+    laptop.After(0, [&] { laptop.mouse.MoveTo({x, 500}); });
+    laptop.Advance(299);
+    EXPECT_NE(laptop.mouse.At().x, x);
+    laptop.Advance(101);
+    EXPECT_EQ(laptop.mouse.At().x, x);
+  }
+  EXPECT_FALSE(laptop.mouseHook.IsAlive());
+}
+
+}  // namespace
