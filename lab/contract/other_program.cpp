@@ -58,21 +58,22 @@ int ServeWindow() {
   return 0;
 }
 
-/// Ends as the product's programs do: by an exception out of a thread, by the library's own giving up, or in order
-/// while another thread holds the lock under which modules come and go.
+/// Takes the lock under which modules come and go, and keeps it.
+void HoldLoader(HANDLE held) {
+  using Lock = LONG NTAPI(ULONG flags, ULONG * result, ULONG_PTR * cookie);
+  ULONG_PTR cookie = 0;
+  const auto lock = GetProcAddress(GetModuleHandleW(L"ntdll"), "LdrLockLoaderLock");
+  reinterpret_cast<Lock*>(reinterpret_cast<void*>(lock))(0, nullptr, &cookie);
+  SetEvent(held);
+  Sleep(INFINITE);
+}
+
+/// Ends as the product's programs do: by an exception out of a thread, by the library's giving up, or in order.
 int EndLikeTheProduct(std::string_view how) {
   os::win32::FailFastFromHereOn();
   if (how == "--abort") std::abort();
-  static HANDLE held = CreateEventW(nullptr, FALSE, FALSE, nullptr);
-  os::StartThread(
-      L"other", how == "--throw" ? [] { throw 1; } : [] {
-        using LockLoader = NTSTATUS NTAPI(ULONG flags, ULONG * result, ULONG_PTR * cookie);
-        ULONG_PTR cookie = 0;
-        const auto lock = GetProcAddress(GetModuleHandleW(L"ntdll"), "LdrLockLoaderLock");
-        reinterpret_cast<LockLoader*>(reinterpret_cast<void*>(lock))(0, nullptr, &cookie);
-        SetEvent(held);
-        Sleep(INFINITE);
-      });
+  const HANDLE held = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+  os::StartThread(L"other", [=] { how == "--throw" ? throw 1 : HoldLoader(held); });
   WaitForSingleObject(held, INFINITE);
   os::win32::EndProcess(7);
 }
