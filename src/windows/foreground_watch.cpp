@@ -8,6 +8,7 @@
 #include "core/threads.h"
 #include "core/trace_log.h"
 #include "os/desktop.h"
+#include "os/hooks.h"
 #include "windows/full_screen.h"
 #include "windows/no_activate.h"
 

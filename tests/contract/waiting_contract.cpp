@@ -64,7 +64,7 @@ TEST_F(WaitingContract, AMessageThatIsSentIsHandledInsideTheCallsThatServe) {
   world::Run([&] {
     constexpr auto kOwn = L"ContractWaiting";
     EXPECT_TRUE(os::RegisterServiceWindowClass({kOwn, 0, 0, 0}, events));
-    const auto own = os::CreateServiceWindow(kOwn, L"waits");
+    const auto own = *os::CreateServiceWindow(kOwn, L"waits");
     const auto device = os::OpenDevice(L"\\\\.\\ZRVACPI");
     const auto signalled = os::NewEvent();
     os::SignalEvent(signalled);
