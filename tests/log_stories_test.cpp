@@ -42,6 +42,7 @@ struct Stage : Laptop {
     for (auto word = words.Next(); !word.empty(); word = words.Next()) {
       if (word == L"class") window.className = words.Next();
       if (word == L"title") window.title = words.Next();
+      if (word == L"program") window.program = words.Next();
       if (word == L"at") window.area = words.Rect();
       if (word == L"style") window.style = words.Number();
       if (word == L"owner") window.owner = windows.at(words.Next());
@@ -69,6 +70,7 @@ struct Stage : Laptop {
     std::multimap<std::wstring, std::wstring> byThread;
     for (std::size_t at = 0; at < trace.Lines().size(); ++at) byThread.emplace(trace.Writers()[at], trace.Lines()[at]);
     for (const auto& use : trace.Usage()) byThread.emplace(L"usage", use);
+    EXPECT_TRUE(trace.Malformed().empty());
     trace.Clear();
     Texts log;
     for (auto& [thread, line] : byThread) {
@@ -110,6 +112,8 @@ const std::map<std::wstring, void (*)(Stage& laptop, Words& words)> kDeeds{
     {L"mains", [](auto& l, auto& w) { w.Is(L"on") ? l.power.Plug() : l.power.Unplug(); }},
     {L"broadcast", [](auto& l, auto& w) { l.power.Broadcast(w.Number()); }},
     {L"hibernate", [](auto& l, auto&) { l.power.HibernateAndWake(); }},
+    {L"choose", [](auto& l, auto& w) { l.settings.Set(L"Tessaview", w.Next()); }},
+    {L"press-f6", [](auto& l, auto&) { l.hotKey.PressF6(); }},
     {L"f6", [](auto& l, auto& w) { l.hotKey.PressF6(w.Number()), l.hotKey.EndF6(w.Number()); }},
     {L"touch-pad", [](auto& l, auto& w) { l.hotKey.TouchPadStatus(3, w.Number()); }},
     {L"flip", [](auto& l, auto& w) { l.firmware.Flip(w.Is(L"over")), l.hotKey.FlipChanged(); }},
@@ -132,12 +136,14 @@ Texts Play(const Texts& story) {
     if (!isStep) continue;
     Words words(line.substr(1));
     const auto deed = words.Next();
-    if (deed == L"laptop") {  // the saved power, the generation, "new" while Windows is being set up
+    if (deed == L"laptop") {  // the saved power, or "none" at all; the generation; "new" while Windows is being set up
+      const auto saved = words.Next();
+      const bool isNone = saved == L"none";
       laptop.reset();
-      laptop = std::make_unique<Stage>(sim::LaptopOptions{.saved = words.Next(),
+      laptop = std::make_unique<Stage>(sim::LaptopOptions{.saved = isNone ? std::nullopt : std::optional(saved),
                                                           .generation = static_cast<int>(words.Number()),
                                                           .setupComplete = !words.Is(L"new"),
-                                                          .uiRunning = true});
+                                                          .uiRunning = !isNone});
       continue;
     }
     kDeeds.at(deed)(*laptop, words);
