@@ -4,7 +4,6 @@
 #include "os/device_io.h"
 #include "power/flip_state.h"
 #include "tests/support.h"
-#include "uilink/events/f6_sequence.h"
 
 namespace {
 
