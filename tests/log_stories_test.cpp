@@ -37,19 +37,19 @@ struct Stage : Laptop {
   std::map<std::wstring, os::WindowHandle> windows = {};
 
   void Open(Words& words) {
-    Window window;
+    Window opened;
     const auto name = words.Next();
     for (auto word = words.Next(); !word.empty(); word = words.Next()) {
-      if (word == L"class") window.className = words.Next();
-      if (word == L"title") window.title = words.Next();
-      if (word == L"program") window.program = words.Next();
-      if (word == L"at") window.area = words.Rect();
-      if (word == L"style") window.style = words.Number();
-      if (word == L"owner") window.owner = windows.at(words.Next());
-      if (word == L"stubborn") window.refusesMoves = true;
-      if (word == L"hangs") window.responsive = false;
+      if (word == L"class") opened.className = words.Next();
+      if (word == L"title") opened.title = words.Next();
+      if (word == L"program") opened.program = words.Next();
+      if (word == L"at") opened.area = words.Rect();
+      if (word == L"style") opened.style = words.Number();
+      if (word == L"owner") opened.owner = windows.at(words.Next());
+      if (word == L"stubborn") opened.refusesMoves = true;
+      if (word == L"hangs") opened.responsive = false;
     }
-    windows[name] = desktop.OpenInForeground(std::move(window));
+    windows[name] = desktop.OpenInForeground(std::move(opened));
     Settle();
   }
 
