@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "sim/scheduler.h"
 #include "sim/system_errors.h"
 
 namespace sim {
@@ -36,6 +37,7 @@ std::optional<std::size_t> TraceSession::IndexOf(const std::wstring& line, std::
 
 void TraceSession::Clear() {
   lines_.clear();
+  writers_.clear();
   usage_.clear();
   debugTexts_.clear();
   malformed_.clear();
@@ -78,6 +80,7 @@ void TraceSession::Collect(const TraceEvent& event, const os::TraceEventDescript
   if (event.provider != "TessaviewServiceLogger") malformed_.emplace_back("an event of provider " + event.provider);
   if (event.name == "TessaviewService" && event.field == "String (wide char)") {
     lines_.push_back(event.text);
+    writers_.push_back(Scheduler::ThreadName());
   } else if (event.name == "TessaviewUsage") {
     usage_.push_back(event.text);
   } else {

@@ -25,6 +25,8 @@ class TraceSession {
 
   /// The log texts, as they stand.
   [[nodiscard]] const std::vector<std::wstring>& Lines() const { return lines_; }
+  /// The name of the thread that wrote each of them.
+  [[nodiscard]] const std::vector<std::wstring>& Writers() const { return writers_; }
   /// The names of the usage events.
   [[nodiscard]] const std::vector<std::wstring>& Usage() const { return usage_; }
   [[nodiscard]] const std::vector<std::wstring>& DebugTexts() const { return debugTexts_; }
@@ -54,7 +56,7 @@ class TraceSession {
   std::uint8_t level_ = kVerbose;
   std::size_t registrations_ = 0;
   std::map<os::TraceProvider, Provider> providers_;
-  std::vector<std::wstring> lines_, usage_, debugTexts_;
+  std::vector<std::wstring> lines_, writers_, usage_, debugTexts_;
   std::vector<std::string> malformed_;
 };
 

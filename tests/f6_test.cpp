@@ -1,55 +1,15 @@
-// F6: presses that count, the mode they end in, the whole story of switching the panel off by key; and the machine
-// folded over.
+// F6: a sequence that the component ends, the whole story of switching the panel off by key; and the machine folded
+// over.
 
 #include "os/device_io.h"
 #include "power/flip_state.h"
 #include "tests/support.h"
-#include "uilink/events/f6_sequence.h"
 
 namespace {
 
 using namespace support;
 
-constexpr std::int64_t kOther = 0, kOff = 2;  // what the component wants of the panel
-
-// The modes, as their use is recorded.
-constexpr auto kPanel = L"TESSAVIEW_F6_TESSAVIEW", kPad = L"TESSAVIEW_F6_TOUCHPAD", kAllOff = L"TESSAVIEW_F6_ALLOFF";
-
-TEST(F6, ASequenceEndsInTheModeItsPressesLeadTo) {
-  struct Sequence {
-    const wchar_t* saved;
-    int pad = 1, presses = 1;
-    const wchar_t* end;
-  };
-  for (const auto& [saved, pad, presses, end] : {Sequence{.saved = L"On", .presses = 10, .end = kPad},
-                                                 {.saved = L"Off", .end = kAllOff},
-                                                 {.saved = L"Off", .pad = 0, .end = kPanel},
-                                                 {.saved = L"Off", .pad = 0, .presses = 0, .end = kAllOff},
-                                                 // With the panel on and the pad off the presses do not count.
-                                                 {.saved = L"On", .pad = 0, .presses = 2, .end = kPanel}}) {
-    RunningLaptop laptop({.saved = saved});
-    laptop.hotKey.TouchPadStatus(3, pad);
-    laptop.hotKey.PressF6(presses);
-    laptop.hotKey.EndF6(kOther);
-    EXPECT_EQ(laptop.trace.Usage(), Texts{end});
-    EXPECT_EQ(laptop.settings.Text(L"Tessaview"), saved) << "the component wanted nothing of the panel";
-  }
-}
-
-TEST(F6, ASequenceIsJudgedByTheChoiceAtItsFirstPress) {
-  RunningLaptop laptop;
-  laptop.hotKey.TouchPadStatus(3, 1);
-  laptop.hotKey.PressF6();
-  laptop.settings.Set(L"Tessaview", L"Off");
-  for (int sequence = 0; sequence < 2; ++sequence) laptop.hotKey.UseF6(kOther);  // each counts from the beginning
-  for (const auto* const last : {L"On", L"Off"}) {
-    laptop.settings.Set(L"Tessaview", last);
-    laptop.hotKey.UseF6(kOther);
-    laptop.settings.Set(L"Tessaview", L"on");  // no choice
-    laptop.hotKey.UseF6(kOther, 2);
-  }
-  EXPECT_EQ(laptop.trace.Usage(), (Texts{kAllOff, kAllOff, kPad, kAllOff, kAllOff, kPanel}));
-}
+constexpr std::int64_t kOff = 2;  // what the component wants of the panel
 
 /// A laptop at work, its panel on, its events as the hot-key component leaves them.
 class F6Off : public testing::Test {

@@ -9,21 +9,6 @@ namespace {
 
 using namespace support;
 
-TEST(StartUp, TakesItsStepsInOrder) {
-  Laptop laptop;
-  EXPECT_TRUE(laptop.Boot());
-  EXPECT_TRUE(LogsInOrder(
-      laptop,
-      {L" ******* Start TessaviewService ******* \n",
-       L"[InitialDisplay] Global gCPanel X: 0, Y: 1080, Wdith: 1920, Height: 515 \n",
-       L"[InitGenerationCheck] Generation is G2", L"UnRegisterRawInputDevice Success \n",
-       L"Get Rawinput hDevice of CPanel_TouchPad successed\n", L" ******* Tessaview ini Setting (Start) ******* \n",
-       L" Create ini file success \n", L"Read ini file = Tessaview Power On \n", L"isOOBEComplete = 1 \n",
-       L" Found Package \n", L" Launch UWP \n", L"Find TouchPad Vid & Pid Success!\n",
-       L"Get Rawinput hDevice of CPanel_TouchPad successed\n", L"The computer is powered by an AC power source. \n"}));
-  EXPECT_TRUE(laptop.trace.Malformed().empty());
-}
-
 TEST(StartUp, LeavesAWindowThatHearsAllItHasToAndShutDownTakesThatBack) {
   const auto padStatus = os::RegisterMessage(L"Touchpad status reported from ZRVHotkey");
   Laptop laptop({.setupComplete = false});

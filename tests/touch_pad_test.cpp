@@ -13,7 +13,6 @@ TEST(TouchPadSearch, FindsThePadByItsUsageAndThenOpensTheCollectionThatTakesItsM
   Laptop laptop;
   EXPECT_TRUE(tessaview::FindTouchPadHid());
   EXPECT_EQ(laptop.touch.OpenHandles(), 0U) << "known, and not yet open for writing";
-  EXPECT_TRUE(laptop.trace.Contains(L"pInputValueCaps '2' ReportID = 17, YLogicalMax = 1030, YLogicalMin = 0\n"));
   for (int again = 0; again < 3; ++again) EXPECT_TRUE(tessaview::SearchTouchPadAgain());
   EXPECT_EQ(laptop.touch.OpenHandles(), 1U) << "the pad is opened once";
 }

@@ -53,15 +53,6 @@ TEST_F(WindowCommands, DoToTheWindowWhatTheySay) {
   EXPECT_EQ(laptop.desktop.Journal(hidden), (Texts{L"show 5", L"show 6", down}));
 }
 
-TEST_F(WindowCommands, TheNavigatorsMovesAreRecordedByDragAndByButton) {
-  const auto window = laptop.OpenFrame(L"App", kOnCPanel, true, L"C:\\a.b\\My.App.exe");
-  for (const auto* const command : {L"SYSAPPNAVIGATORMOVEUP", L"SYSAPPNAVIGATORMOVEDOWN"}) {
-    for (const auto how : {0, 1}) Send(command, window, how);
-  }
-  EXPECT_EQ(laptop.trace.Usage(), (Texts{L"SYSTASKVIEW_DRAGMOVE_UP_My.App", L"SYSTASKVIEW_WINDOWMOVER_UP_My.App",
-                                         L"SYSTASKVIEW_DRAGMOVE_DOWN_My.App", L"SYSTASKVIEW_WINDOWMOVER_DOWN_My.App"}));
-}
-
 TEST_F(WindowCommands, HomeClearsTheCPanelOfApplications) {
   const Texts left, minimized{L"show 2"}, hidden{L"show 0"};
   std::vector<std::pair<os::WindowHandle, Texts>> opened{{laptop.OpenFrame(L"App", kOnCPanel), minimized},

@@ -16,6 +16,10 @@ _TEXT_BEGINS = re.compile(r"\bUiText k\w+\{")
 _TEXT = re.compile(r'UiText k\w+\{\s*L"([^"]+)",\s*Guide::(Gets|Misses),\s*Wait::(Patient|Briefly),'
                    r"\s*Keep::(Always|UntilStale),\s*" + _PHRASE)
 
+_AREAS_BEGIN = re.compile(r"\{[BC],\s*(?:true|false),")
+_RANGE = r"(None|\{\s*-?\d+,\s*-?\d+\})"
+_AREAS = re.compile(r"\{([BC]),\s*(true|false),\s*(true|false),\s*(\w+),\s*" + r",\s*".join([_RANGE] * 5) + r"\}")
+
 _TIMERS = re.compile(r"\benum class ServiceTimer\b[^{]*\{([^}]*)\}")
 _TIMER = re.compile(r"\w+ = (\d+)")
 _TIMER_CELL = re.compile(r"`(\d+)`")
@@ -33,6 +37,14 @@ def _command_cells(row):
 def _text_cells(row):
     return (row[1], {"Gets": "gets it", "Misses": ""}[row[2]], {"Patient": "until taken", "Briefly": "100 ms"}[row[3]],
             {"Always": "", "UntilStale": "may go stale"}[row[4]], _joined(row[5]))
+
+
+def _area_cells(row):
+    user = "both" if row[1] == "C" else {"false": "older", "true": "newer"}[row[2]]
+    corner, *ranges = [re.findall(r"-?\d+", numbers) for numbers in row.groups()[4:]]
+    return (row[1], user, {"false": "normal", "true": "large"}[row[3]],
+            {"FirstShow": "first shown", "Normal": "normal", "Hover": "raised"}[row[4]], ", ".join(corner),
+            *(" to ".join(numbers) for numbers in ranges))
 
 
 def _joined(literals):
@@ -72,6 +84,11 @@ def commands_are_those_of_the_code(tree):
 def texts_are_those_of_the_code(tree):
     yield from _rows_are_those_of_the_code(tree, "Texts to the UI", "src/uilink/channel/", _TEXT_BEGINS, _TEXT,
                                            _text_cells)
+
+
+def areas_are_those_of_the_code(tree):
+    yield from _rows_are_those_of_the_code(tree, "The overlay's areas", "src/windows/mover/", _AREAS_BEGIN, _AREAS,
+                                           _area_cells)
 
 
 def _one_row_each(tree, path, what, cell, places):
@@ -129,6 +146,7 @@ def named_paths_exist(tree):
 RULES = (
     commands_are_those_of_the_code,
     texts_are_those_of_the_code,
+    areas_are_those_of_the_code,
     timers_have_their_rows,
     threads_have_their_rows,
     layers_are_pictured,

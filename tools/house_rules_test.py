@@ -16,12 +16,15 @@ H = "#pragma once\n"
 
 PROTOCOL, COMPLETENESS, ARCHITECTURE = "docs/ui-protocol.md", "docs/completeness.md", "docs/architecture.md"
 COMMANDS, TEXTS = "src/uilink/commands/a.cpp", "src/uilink/channel/ui_texts.h"
+AREAS = "src/windows/mover/a.cpp"
 
 COMPLETE = {
     PROTOCOL: "## Commands to the controller\n| text | what happens |\n|---|---|\n"
               "| UP | point; moves it up |\n| …SAY=… | says it |\n"
               "## Texts to the UI\n| text | guide | waited for | behind others | when |\n|---|---|---|---|---|\n"
-              "| ON | gets it | until taken |  | it is on |\n| LATE |  | 100 ms | may go stale | it is late |\n",
+              "| ON | gets it | until taken |  | it is on |\n| LATE |  | 100 ms | may go stale | it is late |\n"
+              "## The overlay's areas\n| panel | UI | layout | overlay | corner | down | pin | up | y |\n"
+              "|---|---|---|---|---|---|---|---|---|\n| B | newer | large | raised | -5, 6 | 1 to 2 |  |  | 3 to 4 |\n",
     COMMANDS: 'C k[] = {{L"UP", Match::Exact, Up<1>, nullptr, "point; "\n  "moves it up"},\n'
               '         {L"SAY=", Match::Contains, Say, L"a, \\"b\\" \\n", "says it"}};\n',
     TEXTS: H + 'constexpr UiText kOn{L"ON", Guide::Gets, Wait::Patient, Keep::Always, "it is on"};\n'
@@ -31,7 +34,7 @@ COMPLETE = {
     ARCHITECTURE: "| folder | what |\n|---|---|\n" + "".join(f"| `{folder}/` | it |\n" for folder in LAYERS) +
                   '\n| thread | does |\n|---|---|\n| main | all |\n| "UI launch" | one launch |\n',
     "src/core/a.cpp": 'void F() { os::StartThread(L"UI launch", G); }\n',
-    "src/windows/mover/a.cpp": "", "src/uilink/events/a.cpp": "",
+    AREAS: "R r[] = {\n    {B, true, true,  Hover, { -5, 6}, {1, 2}, None, None, { 3, 4}},\n};\n", "src/uilink/events/a.cpp": "",
 }
 
 
@@ -92,6 +95,7 @@ BITES = {
     "text sent otherwise": (changed(TEXTS, "Wait::Briefly", "Wait::Patient"),
                             [PROTOCOL + ":10: Texts to the UI", TEXTS + ":3: " + PROTOCOL + " must have this row once: "
                              "| LATE |  | until taken | may go stale | it is late |"]),
+    "area elsewhere": (changed(AREAS, "{1, 2}", "{1, 3}"), [PROTOCOL + ":14: The overlay's areas", AREAS + ":2: docs"]),
     "timer and thread renamed": (
         changed(COMPLETENESS, "17", "19") | {"src/core/a.cpp": 'bool b = os::StartThread(L"launch", G);\n'},
         [ARCHITECTURE + ":20: the code has no thread UI launch", COMPLETENESS + ":3: the code has no timer 19",

@@ -70,10 +70,11 @@ inline constexpr UiText kMoverRefused{
     L"MSWSNORMAL", Guide::Misses, Wait::Patient, Keep::UntilStale,
     "overlay; a window is dragged that cannot be thrown: show the overlay that says so"};
 inline constexpr UiText kMoverPress{L"WSPRESS", Guide::Misses, Wait::Patient, Keep::Always,
-                                    "overlay; take the overlay down; may come twice"};
+                                    "handle: the window, rect: left and top 36 pixels below the press, point y: 1 "
+                                    "after a large overlay on the B panel; take down any overlay"};
 inline constexpr UiText kMoverEnter{
     L"WSENTER", Guide::Misses, Wait::Briefly, Keep::Always,
-    "overlay, without its corner; the window was dropped on an area and is being moved"};
+    "overlay, without its corner; the window was dropped on an area and is about to be moved"};
 inline constexpr UiText kUp{L"UP", Guide::Misses, Wait::Patient, Keep::Always,
                             "handle: the target window, rect: its place; it is on the C panel: show the arrow up"};
 inline constexpr UiText kDown{L"DOWN", Guide::Misses, Wait::Patient, Keep::Always,

@@ -31,7 +31,8 @@ constexpr UiCommand kDisplayCommands[] = {
     {L"GETFREQUENCY", Match::Exact, TellRefreshRates, nullptr, "answers SETFREQUENCY with both refresh rates"},
     {L"SETFREQUENCY", Match::Exact, SetRefreshRate, nullptr, "point y: 30 or 60 (Hz); sets the C panel's refresh rate"},
     {L"SETRESOLUTION", Match::Exact, SetResolution, nullptr,
-     "point: width, height; sets the C panel's resolution; 0 x 0 sets the present one again"},
+     "point: width, height; sets the C panel's resolution; 0 x 0 is the present one, width and height exchanged while "
+     "the panel is turned by a quarter"},
 };
 
 }  // namespace

@@ -91,7 +91,8 @@ void PlaceTaskGroupWindowMaximized(const UiMessage& message) {
 
 constexpr UiCommand kMoveCommands[] = {
     {L"TOUCH", Match::Exact, TakeTouchedWindow, nullptr,
-     "point; makes the window there the target of the arrows; answers UP, DOWN or FORBID"},
+     "point; makes the window there the target of the arrows; answers UP, DOWN or FORBID, nothing for a window on "
+     "neither panel"},
     {L"UP", Match::Exact, MoveTargetUp, nullptr, "moves the target window to the B panel"},
     {L"DOWN", Match::Exact, MoveTargetDown, nullptr, "moves the target window to the C panel"},
     {L"VIEWWINUP", Match::Exact, MoveViewUp, nullptr, "handle: window; moves it to the B panel"},

@@ -55,7 +55,8 @@ constexpr UiCommand kUiLifeCommands[] = {
     {L"VERSION=", Match::Contains, ExchangeVersions, nullptr,
      "the UI's version behind the sign; notes that it was told; answers VERSION= with the controller's"},
     {L"BLOCKACTIONMENU", Match::Exact, BlockActionMenu, L"[BLOCKACTIONMENU] block action menu function",
-     "switches the window mover off for the rest of the controller's life"},
+     "switches the window mover and NAVIGATORSHOW off for the rest of the controller's life; takes a shown overlay "
+     "down"},
 };
 
 }  // namespace
