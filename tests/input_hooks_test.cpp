@@ -56,9 +56,14 @@ TEST_F(InputHooks, ComeBackWhenTheyMissWhatMovesThePointerOrAWindow) {
   laptop.mouse.MoveTo(kAway);
   Touch();
   EXPECT_TRUE(laptop.mouseHook.IsAlive());
-  // At once, before a drag: that is followed all the same.
+  // Before a drag, even at once, or with the button down: the drag is followed all the same.
   laptop.mouse.MoveTo(kPress);
   laptop.mouseHook.DiesNow();
+  ExpectThrowDown();
+  laptop.mouse.Press();
+  laptop.mouseHook.DiesNow();
+  laptop.mouse.Release();
+  laptop.Advance(1000);
   ExpectThrowDown();
   // Within a drag: it ends without a throw.
   const auto window = laptop.desktop.OpenInForeground({});

@@ -1,6 +1,6 @@
 // Whatever happens while windows are thrown between the panels, it comes to rest: from many seeds, windows of every
-// kind are dragged and moved by commands while they hang, die or are sized, the UI hangs, and the C panel goes and
-// comes.
+// kind are dragged and moved by commands while they hang, die or are sized, the UI hangs, the hook of the mouse dies,
+// and the C panel goes and comes.
 
 #include <iterator>
 #include <map>
@@ -38,12 +38,12 @@ class Throwing {
 
   void Play() {
     for (auto events = 8 + Pick(20); events > 0; --events) {
-      if (Pick(3) == 0) laptop_.After(Pick(400), [this, what = Pick(6), which = Pick(100)] { Disturb(what, which); });
+      if (Pick(3) == 0) laptop_.After(Pick(400), [this, what = Pick(7), which = Pick(100)] { Disturb(what, which); });
       OneEvent();
     }
   }
 
-  /// The UI and every window answer again, the panel is back, and half a minute passes.
+  /// The UI and every window answer again, the panel is back, half a minute passes, and the machine sleeps.
   void ComeToRest() {
     laptop_.Advance(500);
     laptop_.ui.Recover();
@@ -53,6 +53,8 @@ class Throwing {
     SwitchPanelOn();
     EXPECT_TRUE(laptop_.Settle());
     laptop_.Advance(30'000);
+    laptop_.power.SleepAndWake();  // the mouse's hook is back, and is called
+    laptop_.mouse.MoveTo(kAway);
     ExpectWindowsInSight();
     ExpectOverlayGone();
     ExpectService();
@@ -204,6 +206,7 @@ class Throwing {
     auto* const found = laptop_.desktop.Find(window);
     if (what == 0) return laptop_.ui.Hang();
     if (what == 1) return laptop_.ui.Busy(300);
+    if (what == 6) return laptop_.mouseHook.DiesNow();
     if (found == nullptr) return;
     if (what == 2) return laptop_.desktop.Close(window);
     if (what == 3) laptop_.desktop.Drag(window, {300, 200, 900, 600});  // in sight

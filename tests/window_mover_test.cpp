@@ -124,7 +124,7 @@ TEST_F(Mover, LeavesAloneWhatIsNoThrow) {
   };
   for (const auto& [dragged, from, to] : {Drag{dialog, kPress, kDown},
                                           {elsewhere, {2500, 110}, {2575, 200}},
-                                          {dialogOnC, kPressOnC, kUp},
+                                          {dialogOnC, kPressOnC, kAwayOnC},
                                           {window, kPress, {kPress.x, 400}},
                                           {window, {kPress.x, 400}, {300, 400}}}) {
     laptop.mouse.DragTitleBar(dragged, from, to);
@@ -140,7 +140,7 @@ TEST_F(Mover, NeedsTheUiAndThePanel) {
   laptop.ui.Send(L"DIED");
   laptop.mouse.DragTitleBar(window, kPress, kDown);
   EXPECT_EQ(Words(window), Texts{L"WSPRESS"});
-  laptop.mouse.DragTitleBar(onC, kPressOnC, kUp);
+  laptop.mouse.DragTitleBar(onC, kPressOnC, kAwayOnC);
   EXPECT_EQ(Words(onC), Texts{L"WSPRESS"});
   laptop.ui.Send(L"CLOSEQUICKGUIDE");
   laptop.ui.OpenGuide();

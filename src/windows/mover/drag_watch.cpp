@@ -64,7 +64,13 @@ void OnLeftButtonUp() {
   Take([&](WindowMover& mover) { return mover.Released(release); });
 }
 
+bool IsButtonDown() {
+  return os::IsKeyDown(os::kButtonLeft) || os::IsKeyDown(os::kButtonRight);
+}
+
 void TrackDraggedWindow() {
+  // The release was not heard, and a window that goes while it is dragged leaves nothing else to tell of the end.
+  if (gIsPressed.get() && !IsButtonDown()) return gIsPressed.set(false), DisarmMover();
   const auto cursor = os::CursorPosition();
   Take([&](WindowMover& mover) {
     if (!mover.IsArmed()) return MoverOutcome{};  // the drag ended just now
@@ -145,7 +151,7 @@ void OnMoveSizeEnd() {
 /// A drag that is made with the mouse begins and ends with what its hook was called for just before. Returns whether it
 /// was not; then what it missed is noted.
 bool HasHookMissedTheMouse(os::WindowEvent event) {
-  const bool isPressed = os::IsKeyDown(os::kButtonLeft) || os::IsKeyDown(os::kButtonRight);
+  const bool isPressed = IsButtonDown();
   const bool begins = isPressed && event == os::WindowEvent::MoveSizeStart;
   const bool isAsHeard = gIsPressed.exchange(isPressed) == isPressed;
   if (isAsHeard && !(begins && IsHookSilent(os::InputHook::Mouse))) return false;
