@@ -4,8 +4,8 @@
 
 #include "os/types.h"
 
-// Changing windows of other programs. The system asks the window's own thread for each change and waits for it: a
-// program that hangs holds the caller up for as long as it hangs.
+// Changing windows of other programs. The system asks the window's own thread for each change and waits for it, unless
+// it is said that nobody waits: a program that hangs holds the caller up for as long as it hangs.
 namespace os {
 
 /// How a window is shown (the SW_ values).
@@ -23,6 +23,9 @@ enum class ShowCommand : std::uint32_t {
 /// which may be 0: what the system returns does not tell a failure from a window that was hidden. Any thread; waits for
 /// the window's thread.
 Status ShowWindow(WindowHandle window, ShowCommand command);
+
+/// Asks a window's thread to show, hide, minimise or maximise it, and does not wait (ShowWindowAsync). Any thread.
+void AskToShow(WindowHandle window, ShowCommand command);
 
 /// Moves and sizes a window and has it painted again (MoveWindow, repaint TRUE). Any thread; waits for the window's
 /// thread.
