@@ -131,6 +131,11 @@ class Desktop {
   std::map<os::WindowHandle, std::vector<std::wstring>> journals_;
 };
 
+/// How a journal names a change of a window's show state.
+[[nodiscard]] inline std::wstring ShowEntry(os::ShowCommand command) {
+  return L"show " + std::to_wstring(static_cast<std::uint32_t>(command));
+}
+
 class Desktop::Door : public Desktop {
  public:
   using Desktop::Desktop;
@@ -152,6 +157,9 @@ class Desktop::Door : public Desktop {
   /// did not take the record before `deadlineMs`.
   bool DeliverCopyData(os::WindowHandle window, std::uint64_t kind, os::BytesView record,
                        std::optional<std::uint64_t> deadlineMs = {});
+
+  /// A window's thread shows it once it comes to that; one that hangs never does.
+  void AskToShow(os::WindowHandle window, os::ShowCommand command);
 
   /// The window does what it does when it is asked to close.
   void AskToClose(os::WindowHandle window);

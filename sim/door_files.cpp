@@ -21,6 +21,12 @@ Status CreateFolder(const std::wstring& path) {
   return sim::Outcome(Machine().files.CreateFolder(path));
 }
 
+Result<Bytes> ReadFileStart(const std::wstring& path, std::size_t size) {
+  const auto call = sim::Enter<&ReadFileStart>();
+  if (call.failed()) return Error{call.error()};
+  return Machine().files.ReadStart(path, call.Shortened(size), Machine().sessions.ImpersonatingNow());
+}
+
 Status OverwriteByCopy(const std::wstring& from, const std::wstring& to) {
   if (const auto call = sim::Enter<&OverwriteByCopy>(); call.failed()) return Error{call.error()};
   return sim::Outcome(Machine().files.Copy(from, to, Machine().sessions.ImpersonatingNow()));

@@ -10,7 +10,7 @@ void CloseKernelObject(KernelObject object) noexcept {
 }
 
 NamedMutex CreateNamedMutex(const wchar_t* name) {
-  if (sim::Enter<&CreateNamedMutex>().failed()) return {};
+  if (const auto call = sim::Enter<&CreateNamedMutex>(); call.failed()) return {.error = call.error()};
   return Machine().events.CreateMutex(name);
 }
 

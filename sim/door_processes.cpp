@@ -5,7 +5,11 @@
 namespace os {
 namespace {
 
-using sim::Machine;
+using sim::Machine, sim::ProcessAccess;
+
+bool AsUser() {
+  return Machine().sessions.ImpersonatingNow();
+}
 
 }  // namespace
 
@@ -41,14 +45,14 @@ std::optional<std::uint32_t> ProcessExitCode(const Process& process) {
 
 std::wstring ProcessImagePath(std::uint32_t processId) {
   if (sim::Enter<&ProcessImagePath>().failed()) return {};
-  return Machine().processes.ImagePath(processId).substr(0, 259);
+  return Machine().processes.ImagePath(processId, AsUser()).substr(0, 259);
 }
 
 // ---- Programs of other processes ----
 
 Result<Process> OpenToAwaitIdle(std::uint32_t processId) {
   if (const auto call = sim::Enter<&OpenToAwaitIdle>(); call.failed()) return Error{call.error()};
-  return Machine().processes.Open(processId, false);
+  return Machine().processes.Open(processId, ProcessAccess::Query, AsUser());
 }
 
 void AwaitInputIdle(const Process& process, std::uint32_t timeoutMs) {
@@ -60,7 +64,7 @@ void AwaitInputIdle(const Process& process, std::uint32_t timeoutMs) {
 
 Result<Process> OpenToEnd(std::uint32_t processId) {
   if (const auto call = sim::Enter<&OpenToEnd>(); call.failed()) return Error{call.error()};
-  return Machine().processes.Open(processId, true);
+  return Machine().processes.Open(processId, ProcessAccess::End, AsUser());
 }
 
 Status TerminateProcess(const Process& process, std::uint32_t exitCode) {
@@ -70,13 +74,13 @@ Status TerminateProcess(const Process& process, std::uint32_t exitCode) {
 
 Result<ProcessPackage> QueryProcessPackage(std::uint32_t processId) {
   if (const auto call = sim::Enter<&QueryProcessPackage>(); call.failed()) return Error{call.error()};
-  return Machine().processes.PackageOf(processId);
+  return Machine().processes.PackageOf(processId, AsUser());
 }
 
 std::vector<std::wstring> ProductNames(const std::wstring& path) {
   const auto call = sim::Enter<&ProductNames>();
   if (call.failed()) return {};
-  auto names = Machine().files.ProductNames(path);
+  auto names = Machine().files.ProductNames(path, AsUser());
   for (auto& name : names) name = name.substr(0, 259);
   names.resize(call.Shortened(names.size()));
   return names;

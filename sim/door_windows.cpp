@@ -34,9 +34,14 @@ bool AskInTime(WindowHandle window, std::wstring what, std::uint32_t timeoutMs) 
 
 Status ShowWindow(WindowHandle window, ShowCommand command) {
   if (const auto call = sim::Enter<&ShowWindow>(); call.failed()) return Error{call.error()};
-  if (!Ask(window, L"show " + Number(static_cast<std::uint32_t>(command)))) return Error{sim::kInvalidWindowHandle};
+  if (!Ask(window, sim::ShowEntry(command))) return Error{sim::kInvalidWindowHandle};
   if (!Machine().desktop.Show(window, command)) return Error{};  // it was hidden
   return Done{};
+}
+
+void AskToShow(WindowHandle window, ShowCommand command) {
+  if (sim::Enter<&AskToShow>().failed()) return;
+  Machine().desktop.AskToShow(window, command);
 }
 
 Status MoveWindow(WindowHandle window, std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) {

@@ -62,6 +62,10 @@ void FileSystem::SetReadOnly(const std::wstring& path, bool readOnly) {
   if (entry != entries_.end()) entry->second.readOnly = readOnly;
 }
 
+void FileSystem::KeepFromUsers(const std::wstring& path) {
+  entries_.at(Normalised(path)).keptFromUsers = true;
+}
+
 void FileSystem::Remove(const std::wstring& path) {
   const auto gone = Lower(Normalised(path)) + L'\\';
   std::erase_if(entries_, [&](const auto& entry) { return (Lower(entry.first) + L'\\').starts_with(gone); });
@@ -93,11 +97,6 @@ std::optional<os::FileVersion> FileSystem::Version(const std::wstring& path) con
   return entry == nullptr ? std::nullopt : entry->version;
 }
 
-std::vector<std::wstring> FileSystem::ProductNames(const std::wstring& path) const {
-  const auto* entry = Find(path);
-  return entry == nullptr ? std::vector<std::wstring>() : entry->productNames;
-}
-
 std::uint32_t FileSystem::Door::CreateFolder(const std::wstring& path) {
   const auto error = TryCreateFolder(Normalised(path));
   folderCreations_.push_back({path, error});
@@ -105,9 +104,20 @@ std::uint32_t FileSystem::Door::CreateFolder(const std::wstring& path) {
 }
 
 std::uint32_t FileSystem::Door::Copy(const std::wstring& from, const std::wstring& to, bool asUser) {
-  const auto error = TryCopy(Normalised(from), Normalised(to));
+  const auto error = TryCopy(Normalised(from), Normalised(to), asUser);
   copies_.push_back({from, to, asUser, error});
   return error;
+}
+
+os::Result<os::Bytes> FileSystem::Door::ReadStart(const std::wstring& path, std::size_t size, bool asUser) const {
+  if (const auto error = ReadRefusal(path, asUser); error != 0) return os::Error{error};
+  auto start = Find(path)->content;
+  start.resize(std::min(start.size(), size));
+  return start;
+}
+
+std::vector<std::wstring> FileSystem::Door::ProductNames(const std::wstring& path, bool asUser) const {
+  return ReadRefusal(path, asUser) == 0 ? Find(path)->productNames : std::vector<std::wstring>();
 }
 
 /// Text that fits one byte a character is written so, as the private-profile functions do.
@@ -144,12 +154,18 @@ std::uint32_t FileSystem::TryCreateFolder(const std::wstring& path) {
   return 0;
 }
 
-std::uint32_t FileSystem::TryCopy(const std::wstring& from, const std::wstring& to) {
-  const auto* source = Find(from);
-  if (source == nullptr) return Kind(Parent(from)) == os::PathKind::Directory ? kFileNotFound : kPathNotFound;
-  if (source->isFolder) return kAccessDenied;
+/// Why a file cannot be read; 0 when it can.
+std::uint32_t FileSystem::ReadRefusal(const std::wstring& path, bool asUser) const {
+  const auto file = Normalised(path);
+  const auto* entry = Find(file);
+  if (entry == nullptr) return Kind(Parent(file)) == os::PathKind::Directory ? kFileNotFound : kPathNotFound;
+  return entry->isFolder || (entry->keptFromUsers && asUser) ? kAccessDenied : 0;
+}
+
+std::uint32_t FileSystem::TryCopy(const std::wstring& from, const std::wstring& to, bool asUser) {
+  if (const auto error = ReadRefusal(from, asUser); error != 0) return error;
   if (const auto error = WriteRefusal(to); error != 0) return error;
-  auto copy = *source;
+  auto copy = *Find(from);
   entries_[to] = std::move(copy);
   return 0;
 }

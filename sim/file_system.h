@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <optional>
 #include <string>
@@ -45,6 +46,8 @@ class FileSystem {
   /// The product names in a program's version resource, one for each translation; adds the file when it is not there.
   void SetProductNames(const std::wstring& path, std::vector<std::wstring> names);
   void SetReadOnly(const std::wstring& path, bool readOnly = true);
+  /// The system may read a file, and its users may not.
+  void KeepFromUsers(const std::wstring& path);
   /// Removes a file, or a folder with all it holds.
   void Remove(const std::wstring& path);
 
@@ -53,14 +56,12 @@ class FileSystem {
   /// A file's text: UTF-16 after its byte-order mark, one byte a character otherwise.
   [[nodiscard]] std::optional<std::wstring> Text(const std::wstring& path) const;
   [[nodiscard]] std::optional<os::FileVersion> Version(const std::wstring& path) const;
-  [[nodiscard]] std::vector<std::wstring> ProductNames(const std::wstring& path) const;
-
   [[nodiscard]] const std::vector<FolderCreation>& FolderCreations() const { return folderCreations_; }
   [[nodiscard]] const std::vector<FileCopy>& Copies() const { return copies_; }
 
  private:
   struct Entry {
-    bool isFolder = false, readOnly = false;
+    bool isFolder = false, readOnly = false, keptFromUsers = false;
     os::Bytes content = {};
     std::optional<os::FileVersion> version = {};
     std::vector<std::wstring> productNames = {};
@@ -69,18 +70,21 @@ class FileSystem {
   std::uint32_t WriteText(const std::wstring& path, const std::wstring& text);
   [[nodiscard]] std::uint32_t WriteRefusal(const std::wstring& path) const;
   std::uint32_t TryCreateFolder(const std::wstring& path);
-  std::uint32_t TryCopy(const std::wstring& from, const std::wstring& to);
+  std::uint32_t TryCopy(const std::wstring& from, const std::wstring& to, bool asUser);
+  [[nodiscard]] std::uint32_t ReadRefusal(const std::wstring& path, bool asUser) const;
 
   std::map<std::wstring, Entry, IgnoreCase> entries_;
   std::vector<FolderCreation> folderCreations_;
   std::vector<FileCopy> copies_;
 };
 
-/// What programs do; each answers 0 or a system error code.
+/// What programs do; what changes something answers 0 or a system error code. `asUser`: with the rights of the user.
 class FileSystem::Door : public FileSystem {
  public:
   std::uint32_t CreateFolder(const std::wstring& path);
   std::uint32_t Copy(const std::wstring& from, const std::wstring& to, bool asUser);
+  os::Result<os::Bytes> ReadStart(const std::wstring& path, std::size_t size, bool asUser) const;
+  [[nodiscard]] std::vector<std::wstring> ProductNames(const std::wstring& path, bool asUser) const;
   using FileSystem::WriteText;
 };
 

@@ -1,5 +1,7 @@
 #include "sim/kernel_objects.h"
 
+#include "sim/system_errors.h"
+
 namespace sim {
 
 bool KernelObjects::HoldsMutex(const std::wstring& mutex) const {
@@ -9,6 +11,8 @@ bool KernelObjects::HoldsMutex(const std::wstring& mutex) const {
 }
 
 os::NamedMutex KernelObjects::Door::CreateMutex(const std::wstring& name) {
+  if (denied_.contains(name)) return {.error = kAccessDenied};
+  if (events_.contains(name)) return {.error = kInvalidHandle};  // events and mutexes share their names
   const bool existed = heldElsewhere_.contains(name) || HoldsMutex(name);
   return {.mutex = os::Mutex(handles_.Open({.name = name, .isMutex = true})), .alreadyExisted = existed};
 }

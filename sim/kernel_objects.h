@@ -25,6 +25,8 @@ class KernelObjects {
 
   /// Another process holds a mutex of this name.
   void HoldElsewhere(const std::wstring& mutex) { heldElsewhere_.insert(mutex); }
+  /// The same, and it lets nobody else open that.
+  void DenyElsewhere(const std::wstring& mutex) { denied_.insert(mutex); }
   /// Whether this process holds the mutex open.
   [[nodiscard]] bool HoldsMutex(const std::wstring& mutex) const;
 
@@ -37,7 +39,7 @@ class KernelObjects {
   };
   std::map<std::wstring, bool> events_ = {{kPowerEvent, false}, {kSwitchingEvent, false}};
   int unnamed_ = 0;
-  std::set<std::wstring> heldElsewhere_;  // mutexes
+  std::set<std::wstring> heldElsewhere_, denied_;  // mutexes
   HandleTable<os::KernelObject, Opened> handles_;
 };
 

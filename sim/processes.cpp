@@ -11,6 +11,11 @@ namespace {
 
 constexpr std::uint32_t kStillActive = 259;  // STILL_ACTIVE
 
+bool MayOpen(ProcessOwner owner, ProcessAccess access, bool asUser) {
+  if (!asUser) return owner != ProcessOwner::Protected;
+  return owner == ProcessOwner::User || (owner == ProcessOwner::Elevated && access == ProcessAccess::Query);
+}
+
 }  // namespace
 
 Program& Processes::operator[](const std::wstring& fileName) {
@@ -43,8 +48,8 @@ void Processes::End(std::uint32_t processId, std::uint32_t exitCode) {
   management_.ProcessStopped(fileName);
 }
 
-void Processes::Protect(std::uint32_t processId) {
-  running_.at(processId).mayBeAsked = false;
+void Processes::GiveTo(std::uint32_t processId, ProcessOwner owner) {
+  running_.at(processId).owner = owner;
 }
 
 std::uint32_t Processes::IdOf(const std::wstring& path) const {
@@ -87,15 +92,15 @@ std::optional<std::uint32_t> Processes::Door::ExitCode(os::ProcessHandle handle)
 
 // ---- Programs that the controller did not start ----
 
-std::uint32_t Processes::WhyNotOpen(std::uint32_t processId) const {
+std::uint32_t Processes::WhyNotOpen(std::uint32_t processId, ProcessAccess access, bool asUser) const {
   const auto found = running_.find(processId);
   if (found == running_.end()) return kInvalidParameter;
-  return found->second.mayBeAsked ? 0 : kAccessDenied;
+  return MayOpen(found->second.owner, access, asUser) ? 0 : kAccessDenied;
 }
 
-os::Result<os::Process> Processes::Door::Open(std::uint32_t processId, bool toEnd) {
-  if (const auto error = WhyNotOpen(processId); error != 0) return os::Error{error};
-  return os::Process(handles_.Open({.processId = processId, .mayEnd = toEnd}));
+os::Result<os::Process> Processes::Door::Open(std::uint32_t processId, ProcessAccess access, bool asUser) {
+  if (const auto error = WhyNotOpen(processId, access, asUser); error != 0) return os::Error{error};
+  return os::Process(handles_.Open({.processId = processId, .mayEnd = access == ProcessAccess::End}));
 }
 
 std::optional<std::uint32_t> Processes::Door::IdOf(os::ProcessHandle handle) {
@@ -115,8 +120,8 @@ void Processes::SetPackage(const std::wstring& program, Package package) {
   packages_[Lower(program)] = std::move(package);
 }
 
-os::Result<os::ProcessPackage> Processes::Door::PackageOf(std::uint32_t processId) const {
-  if (const auto error = WhyNotOpen(processId); error != 0) return os::Error{error};
+os::Result<os::ProcessPackage> Processes::Door::PackageOf(std::uint32_t processId, bool asUser) const {
+  if (const auto error = WhyNotOpen(processId, ProcessAccess::Query, asUser); error != 0) return os::Error{error};
   const auto found = packages_.find(Lower(running_.at(processId).path));
   if (found == packages_.end()) return os::ProcessPackage{os::Error{os::kNoApplication}, {}, {}, {}};
   const auto& [appUserModelId, fullName, familyName, path] = found->second;
@@ -129,9 +134,8 @@ std::vector<std::wstring> Processes::Door::RunningPrograms() const {
   return names;
 }
 
-std::wstring Processes::Door::ImagePath(std::uint32_t processId) const {
-  const auto found = running_.find(processId);
-  return found != running_.end() && found->second.mayBeAsked ? found->second.path : L"";
+std::wstring Processes::Door::ImagePath(std::uint32_t processId, bool asUser) const {
+  return WhyNotOpen(processId, ProcessAccess::Query, asUser) == 0 ? running_.at(processId).path : L"";
 }
 
 }  // namespace sim

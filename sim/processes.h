@@ -37,6 +37,13 @@ struct Package {
   std::wstring appUserModelId, fullName, familyName, path;
 };
 
+/// Whose a process is. The user may open his own and, to see what they are, those that he started as administrator;
+/// the system may open all but protected ones.
+enum class ProcessOwner { User, Elevated, System, AnotherUser, Protected };
+
+/// What a process is opened for.
+enum class ProcessAccess { Query, End };
+
 /// The running processes, the programs that can be started and what was started.
 class Processes {
  public:
@@ -59,8 +66,9 @@ class Processes {
   std::uint32_t Run(const std::wstring& path);
   /// Ends a process where it stands; its windows close.
   void End(std::uint32_t processId, std::uint32_t exitCode = 0);
-  /// Makes a process one that may not be opened, so that it tells nothing of its program and cannot be ended.
-  void Protect(std::uint32_t processId);
+  /// Says whose a process is; another's tells nothing of its program, and cannot be ended.
+  void GiveTo(std::uint32_t processId, ProcessOwner owner);
+  void Protect(std::uint32_t processId) { GiveTo(processId, ProcessOwner::Protected); }
   /// Says what package a program belongs to, by its path; others are desktop programs.
   void SetPackage(const std::wstring& program, Package package);
   /// The id of a running process of this program; 0 when there is none.
@@ -71,13 +79,13 @@ class Processes {
  private:
   struct Running {
     std::wstring path;
-    bool mayBeAsked = true;
+    ProcessOwner owner = ProcessOwner::User;
   };
   struct Opened {
     std::uint32_t processId = 0;
     bool mayEnd = true;
   };
-  [[nodiscard]] std::uint32_t WhyNotOpen(std::uint32_t processId) const;
+  [[nodiscard]] std::uint32_t WhyNotOpen(std::uint32_t processId, ProcessAccess access, bool asUser) const;
 
   Scheduler& scheduler_;
   Management& management_;
@@ -91,23 +99,24 @@ class Processes {
   HandleTable<os::ProcessHandle, Opened> handles_;
 };
 
+/// `asUser`: for a thread that acts with the user's rights.
 class Processes::Door : public Processes {
  public:
   using Processes::End, Processes::IdOf;
   using Processes::Processes;
 
   os::Result<os::Process> Start(ProgramStart start);
-  os::Result<os::Process> Open(std::uint32_t processId, bool toEnd);
+  os::Result<os::Process> Open(std::uint32_t processId, ProcessAccess access, bool asUser);
   os::Status End(os::ProcessHandle handle, std::uint32_t exitCode);
   /// The process of a handle; nothing when the handle is not open.
   [[nodiscard]] std::optional<std::uint32_t> IdOf(os::ProcessHandle handle);
-  os::Result<os::ProcessPackage> PackageOf(std::uint32_t processId) const;
+  os::Result<os::ProcessPackage> PackageOf(std::uint32_t processId, bool asUser) const;
   /// Whether the process of a handle has ended; nothing when the handle is not open.
   [[nodiscard]] std::optional<bool> HasEnded(os::ProcessHandle handle);
   [[nodiscard]] std::optional<std::uint32_t> ExitCode(os::ProcessHandle handle);
   /// The file names of all running programs.
   [[nodiscard]] std::vector<std::wstring> RunningPrograms() const;
-  [[nodiscard]] std::wstring ImagePath(std::uint32_t processId) const;
+  [[nodiscard]] std::wstring ImagePath(std::uint32_t processId, bool asUser) const;
   void Close(os::ProcessHandle handle) noexcept { handles_.Close(handle); }
   void EndProcess() { handles_.CloseAll(); }
 };

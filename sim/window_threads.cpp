@@ -45,6 +45,17 @@ bool Desktop::Door::DeliverCopyData(WindowHandle window, std::uint64_t kind, os:
   return !hasAnswered || scheduler_.WaitUntil(hasAnswered, deadlineMs);
 }
 
+void Desktop::Door::AskToShow(WindowHandle window, os::ShowCommand command) {
+  const auto* asked = Find(window);
+  if (asked == nullptr || !asked->responsive) return;
+  if (asked->busyUntilMs > scheduler_.NowMs()) {
+    scheduler_.After(asked->busyUntilMs - scheduler_.NowMs(), [=, this] { AskToShow(window, command); });
+    return;
+  }
+  Note(window, ShowEntry(command));
+  Show(window, command);
+}
+
 void Desktop::Door::AskToClose(WindowHandle window) {
   const auto* asked = Find(window);
   if (asked == nullptr || !asked->closesWhenAsked) return;

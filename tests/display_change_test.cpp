@@ -93,6 +93,10 @@ TEST(FullScreen, IsTheWholePrimaryDisplayWithoutACaption) {
         {.area = {0, 0, 1920, 1040}, .full = false},
         {.area = {-8, -8, 1928, 1088}, .full = true},
         {.className = L"WorkerW", .area = {-8, 0, 1920, 1080}, .full = true},
+        {.className = L"WorkerW", .area = {0, -8, 1920, 1080}, .full = true},
+        {.className = L"WorkerW", .area = {0, 0, 1928, 1080}, .full = true},
+        {.className = L"WorkerW", .area = {0, 0, 1920, 1088}, .full = true},
+        {.className = L"WorkerW", .area = {-8, -8, 1928, 1072}, .full = false},
         {.className = L"#32770", .full = true},
         {.className = L"#32770", .area = {100, 0, 2020, 1080}, .full = false},
         {.className = L"AcrobatSDIWindow", .area = kAnywhere, .full = true}}) {

@@ -1,18 +1,24 @@
+#include <cstring>
+
 #include "os/files.h"
 #include "os/processes.h"
 #include "tests/support.h"
+#include "uilink/commands/picture_files.h"
 
 namespace {
 
+using namespace tessaview;
 using namespace support;
 
 constexpr const wchar_t *kInput = L"C:\\Users\\Ada\\Pictures\\sea.jpg", *kOutput = L"C:\\ProgramData\\NORV\\sea.jpg";
+
+constexpr auto kSea = L"\xFF\xD8\xFF the sea";
 
 /// A laptop with a picture to copy and an older one in its place.
 class FileCopy : public testing::Test {
  protected:
   FileCopy() {
-    laptop.files.AddTextFile(kInput, L"the sea");
+    laptop.files.AddTextFile(kInput, kSea);
     laptop.files.AddTextFile(kOutput, L"an older sea");
   }
 
@@ -25,9 +31,9 @@ class FileCopy : public testing::Test {
   /// Whom the controller's main thread acts as, seen in a copy that it makes for itself.
   void ExpectOwnRights() {
     laptop.faults.ClearAll();
-    laptop.files.AddTextFile(kInput, L"");
+    laptop.files.AddTextFile(kInput, kSea);
     laptop.sessions.runsAsSystem = false;
-    ASSERT_EQ(Copied(), L"");
+    ASSERT_EQ(Copied(), kSea);
     EXPECT_FALSE(laptop.files.Copies().back().asUser) << "the user's rights were not given back";
     EXPECT_EQ(laptop.sessions.OpenTokens(), 0u);
   }
@@ -36,7 +42,7 @@ class FileCopy : public testing::Test {
 };
 
 TEST_F(FileCopy, OverwritesTheOutputWithTheRightsOfTheUser) {
-  EXPECT_EQ(Copied(), L"the sea");
+  EXPECT_EQ(Copied(), kSea);
   EXPECT_TRUE(laptop.files.Copies().at(0).asUser);
   ExpectOwnRights();
 }
@@ -48,6 +54,10 @@ TEST_F(FileCopy, ThatCannotBeMadeIsReported) {
                                            [](Laptop& l) { l.faults.Fail<&os::Impersonate>(); }},
         {L"[COPYDATA] COPYWALLPAPER, CopyFile fail Error code = 31 *****",
          [](Laptop& l) { l.faults.Fail<&os::OverwriteByCopy>(); }},
+        {L"[COPYDATA] COPYWALLPAPER refused, InputPath is no picture, error = 5. \n",
+         [](Laptop& l) { l.files.KeepFromUsers(kInput); }},
+        {L"[COPYDATA] COPYWALLPAPER refused, InputPath is no picture, error = 0. \n",
+         [](Laptop& l) { l.files.AddTextFile(kInput, L"a secret"); }},
         {L"[COPYDATA] COPYWALLPAPER, InputPath is not exist. \n", [](Laptop& l) { l.files.Remove(kInput); }}}) {
     arrange(laptop);
     EXPECT_EQ(Copied(), L"an older sea");
@@ -56,6 +66,37 @@ TEST_F(FileCopy, ThatCannotBeMadeIsReported) {
     laptop.faults.ClearAll();
   }
   ExpectOwnRights();
+}
+
+TEST_F(FileCopy, IsRefusedWhereNoPicturesAre) {
+  for (const auto* const path :
+       {L"sea.jpg", L"C:sea.jpg", L"1:\\sea.jpg", L"\\\\server\\share\\sea.jpg", L"//server/share/sea.jpg",
+        L"\\\\?\\C:\\sea.jpg", L"\\\\.\\pipe\\sea", L"C:\\run.exe:sea.jpg", L"C:\\Nul.jpg", L"C:\\com1 .png",
+        L"C:\\LPT\xB2", L"C:\\", L"C:\\run.exe.", L"C:\\sea.jpg ", L"C:\\sea.jpg\\"}) {
+    EXPECT_FALSE(IsPlainLocalPath(path)) << testing::PrintToString(path);
+  }
+  EXPECT_TRUE(IsPlainLocalPath(kInput) && IsPlainLocalPath(L"c:/My.exe/comb.jpg"));
+  EXPECT_TRUE(HasPictureName(L"C:\\a.exe\\TranscodedWallpaper") && HasPictureName(L"C:\\a.exe.JpeG"));
+  EXPECT_FALSE(HasPictureName(L"C:\\jpg.exe") || HasPictureName(L"C:\\sea.jpg.lnk"));
+  constexpr auto kShare = L"\\\\server\\sea.jpg", kProgram = L"C:\\run.exe";
+  for (const auto& [from, to, why] : {std::tuple(kShare, kOutput, L"InputPath is no plain local path"),
+                                      {kInput, kShare, L"OutputPath is no plain local path"},
+                                      {kInput, kProgram, L"OutputPath has no picture's extension"}}) {
+    laptop.ui.SendFileCopy(L"COPYWALLPAPER", from, to);
+    EXPECT_EQ(laptop.trace.Lines().back(), std::wstring(L"[COPYDATA] COPYWALLPAPER refused, ") + why + L". \n");
+  }
+  EXPECT_TRUE(laptop.files.Copies().empty());
+}
+
+TEST(PictureFiles, AreToldByTheirFirstBytes) {
+  for (const auto& start :
+       {BytesOf("\xFF\xD8\xFF\xE0"), BytesOf("\x89PNG\r\n\x1A\n"), BytesOf("BM1234\0\0\0\0more"), BytesOf("GIF87a"),
+        BytesOf("GIF89a"), BytesOf("II*\0"), BytesOf("MM\0*"), BytesOf("RIFF1234WEBP"), BytesOf("1234ftypheic")}) {
+    EXPECT_TRUE(IsPicture(start) && !IsPicture(os::BytesView(start).first(2))) << testing::PrintToString(start);
+  }
+  for (const auto* const other : {"BM by its author", "RIFF1234WAVE", "1234ftypmp42", "x\xFF\xD8\xFF"}) {
+    EXPECT_FALSE(IsPicture({reinterpret_cast<const std::uint8_t*>(other), std::strlen(other)})) << other;
+  }
 }
 
 }  // namespace

@@ -36,6 +36,9 @@ TEST_F(MicrosoftWindows, OfDesktopProgramsAreToldByTheLastProductName) {
   EXPECT_FALSE(IsMSApp(OpenDesktopProgram({})));
   EXPECT_FALSE(IsMSApp(OpenDesktopProgram({L"Microsoft Office", L"Bureau"})));
   EXPECT_TRUE(IsMSApp(OpenDesktopProgram({L"Bureau", L"Microsoft Office"})));
+  laptop.files.KeepFromUsers(program);
+  EXPECT_FALSE(IsMSApp(laptop.desktop.Open({.program = program}))) << "read with the user's rights";
+  EXPECT_FALSE(laptop.sessions.ImpersonatingNow());
 }
 
 TEST_F(MicrosoftWindows, OfPackagesAreToldByTheirFamily) {

@@ -75,6 +75,9 @@ TEST(PanelSearch, IsNotLedAstrayByOtherMonitorsOrNumbers) {
   EXPECT_EQ(EnumDisplayDevice(), PanelsFound::Both);
   EXPECT_EQ(gPanelDisplayInfo().bPanel.SettingsView(), kBAtTop);
   EXPECT_EQ(gPanelDisplayInfo().cPanel.SettingsView(), kCBelow);
+  laptop.displays.cPanel().gdiName = L"";
+  EnumDisplayDevice();
+  EXPECT_EQ(gCPanel(), kAbsent) << "without a name it is no monitor";
 }
 
 TEST(PanelSearch, ScalesPositionsByTheSmallestScaleAndSizesByTheirOwn) {

@@ -34,7 +34,8 @@ inline constexpr Door kDoorsOf[] = {
 
 // Left out is what would spoil what is checked in the end: making the window, without which there is no controller;
 // finding and reading the settings, as a value that cannot be read is replaced by its default; starting a program, as
-// a refusal leaves two handles open on purpose. Left out is also what only sets up watches, the watchdog and the trace.
+// a refusal leaves two handles open on purpose; the mutex, whose refusal may mean that another controller is there.
+// Left out is also what only sets up watches, the watchdog and the trace.
 inline constexpr const auto& kDoors =
     kDoorsOf<&os::OpenDevice, &os::Control, &os::WriteFirmwareVariable, &os::QueryDisplayConfiguration,
              &os::SourceGdiName, &os::QueryTargetName, &os::DesktopMonitors, &os::MonitorDpi, &os::DisplayDeviceName,
@@ -46,16 +47,16 @@ inline constexpr const auto& kDoors =
              &os::Sessions, &os::SessionUserToken, &os::CreateEnvironment, &os::WaitForProcess, &os::ProcessExitCode,
              &os::ProcessImagePath, &os::JoinCom, &os::CreateActivationManager, &os::ActivateApplication,
              &os::ReadRegistryText, &os::WriteRegistryText, &os::RegisterPowerSetting, &os::RegisterSessionEvents,
-             &os::StartTimer, &os::QueryPowerStatus, &os::ServiceState, &os::OpenNamedEvent, &os::CreateNamedMutex,
-             &os::PostToWindow, &os::SendCopyData, &os::SendCopyDataTimeout, &os::WriteProfileText, &os::StartThread,
-             &os::ReadFileVersion, &os::OwnProgramPath, &os::OverwriteByCopy, &os::Impersonate, &os::OwnToken,
+             &os::StartTimer, &os::QueryPowerStatus, &os::ServiceState, &os::OpenNamedEvent, &os::PostToWindow,
+             &os::SendCopyData, &os::SendCopyDataTimeout, &os::WriteProfileText, &os::StartThread, &os::ReadFileVersion,
+             &os::OwnProgramPath, &os::ReadFileStart, &os::OverwriteByCopy, &os::Impersonate, &os::OwnToken,
              &os::EnablePrivilege, &os::RegistrySubkeys, &os::ReadRegistryNumber, &os::WriteRegistryNumber,
              &os::WriteRegistryLongNumber, &os::PresentDeviceClasses, &os::ActivePowerScheme, &os::LidCloseActionOf,
              &os::ChangeDisplayConfiguration, &os::MonitorDevices, &os::WindowRect, &os::RootWindow, &os::IsKeyDown,
              &os::FindChildWindow, &os::TopWindows, &os::WindowAt, &os::RootOwner, &os::IsWindow, &os::WindowTitle,
              &os::WindowStyle, &os::WindowExtendedStyle, &os::IsWindowVisible, &os::IsWindowMinimized, &os::MonitorOf,
              &os::ShowWindow, &os::MoveWindow, &os::GetPlacement, &os::SetPlacement, &os::SetTopmost,
-             &os::SetWindowExtendedStyle, &os::AnswersWithin, &os::AskToClose, &os::OpenToAwaitIdle,
+             &os::SetWindowExtendedStyle, &os::AnswersWithin, &os::AskToClose, &os::AskToShow, &os::OpenToAwaitIdle,
              &os::AwaitInputIdle, &os::OpenToEnd, &os::TerminateProcess, &os::QueryProcessPackage, &os::ProductNames,
              &os::CursorPosition, &os::SetCursorPosition>;
 

@@ -37,10 +37,12 @@ TEST(StartUp, LeavesAWindowThatHearsAllItHasToAndShutDownTakesThatBack) {
 }
 
 TEST(StartUp, LeavesAtOnceAndTouchesNothingBesideAnotherInstanceOrWithoutAWindow) {
-  for (const bool second : {true, false}) {
+  constexpr auto kMutex = L"Mutex_TessaviewService";
+  for (const auto arrange :
+       {+[](Laptop& l) { l.events.HoldElsewhere(kMutex); }, +[](Laptop& l) { l.events.DenyElsewhere(kMutex); },
+        +[](Laptop& l) { l.faults.Fail<&os::CreateServiceWindow>(); }}) {
     Laptop laptop;
-    if (second) laptop.events.HoldElsewhere(L"Mutex_TessaviewService");
-    if (!second) laptop.faults.Fail<&os::CreateServiceWindow>();
+    arrange(laptop);
     laptop.Boot();
     EXPECT_EQ(laptop.ExitCode(), 0);
     EXPECT_NE(second, laptop.trace.Contains(L"[Failure] The window cannot be created, error = 31 (0x1F) \n"));
@@ -48,6 +50,10 @@ TEST(StartUp, LeavesAtOnceAndTouchesNothingBesideAnotherInstanceOrWithoutAWindow
     EXPECT_TRUE(laptop.touch.NodeSwitches().empty() && laptop.processes.Starts().empty());
     EXPECT_EQ(laptop.events.OpenHandles(), 0U);
   }
+  Laptop alone;
+  alone.events.Add(kMutex);
+  EXPECT_TRUE(alone.Boot() && !alone.ExitCode()) << "somebody's event is no instance";
+  EXPECT_TRUE(alone.trace.Contains(L"[Instance] The mutex cannot be opened, error = 6 \n"));
 }
 
 /// Starts a laptop on which these doors fail. The log has a line of the controller's own for each that did.

@@ -53,12 +53,14 @@ TEST_F(Target, IsTheTouchedWindowAndMovesWithItsArrow) {
   laptop.desktop.Open({.area = {10, 1110, 100, 1200}, .parent = onC});
   ExpectTold(kOnWindow, L"DOWN", onB);
   ExpectTold({50, 1150}, L"UP", onC);
-  const auto owned = Open(kElsewhere, {.owner = onC});
+  const auto owned = Open(kElsewhere, {.className = L"Chrome", .owner = onC});
   ExpectTold(kOnElsewhere, L"DOWN", owned);
   laptop.ui.Send(L"DOWN");
   EXPECT_EQ(laptop.Area(owned), kCPanel);
   laptop.ui.Send(L"UP");
   EXPECT_EQ(laptop.Area(owned), kBPanel);
+  const auto journal = laptop.desktop.Journal(owned);
+  EXPECT_EQ(std::count(journal.begin(), journal.end(), L"show 9"), 2) << "restored on the way, down and up";
   Touch({5000, 5000});
   EXPECT_EQ(PreviousForegroundWindow(), os::WindowHandle::None) << "there is nothing";
 }

@@ -40,6 +40,7 @@ TEST(UiLife, AliveIsNotedInTheFactoryConfigurationOnceSetupIsOver) {
   ASSERT_EQ(laptop.apps.Activations().size(), 1u) << "the UI is started all the same";
   EXPECT_EQ(laptop.apps.Activations()[0].appUserModelId,
             L"7C31A0D4.TessaviewMaster_h2kq9vx81tmwe!7C31A0D4.TessaviewMaster");
+  EXPECT_EQ(laptop.apps.Activations()[0].argument, L"FromTessaviewService");
 
   laptop.sessions.FinishSetup();
   laptop.ui.Send(L"ALIVE");
@@ -78,7 +79,8 @@ TEST(ProcessName, IsTheFileNameOfTheWindowsProgram) {
 
   const auto secret = windowOf(L"C:\\Windows\\secret.exe");
   laptop.processes.Protect(laptop.processes.IdOf(L"C:\\Windows\\secret.exe"));
-  for (const auto untold : {secret, std::uint64_t{0}, ~std::uint64_t{0}}) EXPECT_EQ(ask(untold), L"PROCESSNAME=");
+  const auto own = static_cast<std::uint64_t>(laptop.window.Handle());
+  for (const auto untold : {secret, own, std::uint64_t{0}, ~std::uint64_t{0}}) EXPECT_EQ(ask(untold), L"PROCESSNAME=");
 }
 
 TEST(TouchPadCommand, AsksTheHotKeyComponent) {

@@ -2,6 +2,7 @@
 
 #include "lifecycle/helper_tools.h"
 #include "lifecycle/ui_activation.h"
+#include "os/processes.h"
 #include "tests/support.h"
 
 namespace {
@@ -25,13 +26,36 @@ TEST(UiLaunch, LaunchesEveryTwoSecondsUntilTheUiShowsAndReportsHowOften) {
     Laptop laptop;
     laptop.apps.uiStartMs = start.showsAfterMs;
     laptop.apps.uiOpensGuide = start.opensGuide;
+    const auto desktopMs = laptop.NowMs() + 60'000;  // before it there is no window in the foreground
+    laptop.After(60'000, [&, shell = laptop.desktop.Foreground()] { laptop.desktop.SetForeground(shell); });
+    laptop.desktop.SetForeground(os::WindowHandle::None);
     EXPECT_TRUE(laptop.Boot());
     const auto& activations = laptop.apps.Activations();
     ASSERT_EQ(activations.size(), start.launches);
+    EXPECT_GE(activations[0].atMs, desktopMs);
     EXPECT_EQ(activations[0].argument, L"FromTessaviewService");
     EXPECT_EQ(activations.back().atMs - activations[0].atMs, 2000 * (start.launches - 1));
     EXPECT_EQ(laptop.trace.Usage(), Texts{start.usage});
   }
+}
+
+TEST(UiActivation, TellsWhatCameOfIt) {
+  Laptop laptop;
+  const auto lineOf = [&](const wchar_t* id) {
+    tessaview::LaunchByAumid(id, L"argument");
+    return laptop.trace.Lines().back();
+  };
+  EXPECT_EQ(lineOf(sim::Apps::kUiId), L"AppActivationMgr->ActivateApplication Sucessed\n");
+  EXPECT_EQ(laptop.apps.Activations().at(0).argument, L"argument");
+  EXPECT_EQ(lineOf(L"Other!App"), L"AppActivationMgr->ActivateApplication Failed\n");
+  EXPECT_EQ(lineOf(L""), L"ShellExecute sucessed\n");
+  laptop.apps.shellAnswer = 32;
+  EXPECT_EQ(lineOf(L""), L"ShellExecute failed, return value:32\n Use AUMID launch. \n");
+  laptop.faults.Fail<&os::CreateActivationManager>();
+  EXPECT_EQ(lineOf(sim::Apps::kUiId), L"CoCreateInstance Failed\n");
+  laptop.faults.Fail<&os::JoinCom>();
+  EXPECT_EQ(lineOf(sim::Apps::kUiId), L"CoInitializeEx Failed\n");
+  EXPECT_EQ(laptop.apps.Activations().size(), 2U);
 }
 
 TEST(UiLaunch, LaunchesNothingBesideAWindowOfTheUi) {

@@ -2,6 +2,7 @@
 
 #include "lifecycle/user_session.h"
 
+#include "core/user_rights.h"
 #include "tests/support.h"
 
 namespace {

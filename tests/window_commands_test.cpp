@@ -1,4 +1,5 @@
 #include "tests/support.h"
+#include "uilink/commands/ui_commands.h"
 
 // What the UI has done with windows: closing, hiding, choosing.
 
@@ -12,8 +13,10 @@ class WindowCommands : public testing::Test {
  protected:
   LaptopInUse laptop;
 
-  void Send(const wchar_t* text, os::WindowHandle window, std::int32_t how = 0) {
-    laptop.ui.Send(text, {.handle = static_cast<std::uint64_t>(window), .point = {how, 0}});
+  /// With something in the upper half of the handle, which says nothing.
+  void Send(std::wstring_view text, os::WindowHandle window, std::int32_t how = 0) {
+    constexpr std::uint64_t kUpperHalf = 0xDEAD'BEEF'0000'0000;
+    laptop.ui.Send(std::wstring(text), {.handle = static_cast<std::uint64_t>(window) | kUpperHalf, .point = {how, 0}});
   }
   os::WindowHandle OpenOnC(Window window) {
     window.area = kOnCPanel;
@@ -29,7 +32,8 @@ class WindowCommands : public testing::Test {
 };
 
 TEST_F(WindowCommands, DoToTheWindowWhatTheySay) {
-  const std::wstring down = L"place 3 (0,1080,1920,1595)", up = L"place 3 (0,0,1000,700)";
+  const std::wstring onC = L"place 3 (0,1080,1920,1595)", onB = L"place 3 (0,0,1000,700)";
+  const Texts down{L"show 1", L"show 6", L"show 9", onC, onC}, up{L"show 1", L"show 6", L"show 9", onB, onB};
   for (const auto& [command, journal] : {std::pair(L"SHOWMIN", Texts{L"show 2"}),
                                          {L"SHOWRESTORE", {L"show 9"}},
                                          {L"APPNAVINORMAL", {L"show 1"}},
@@ -38,19 +42,28 @@ TEST_F(WindowCommands, DoToTheWindowWhatTheySay) {
                                          {L"APPNAVIRESTORE", {L"show 9"}},
                                          {L"SETTOPMOST", {L"topmost 1"}},
                                          {L"SETNOTOPMOST", {L"topmost 0"}},
-                                         {L"VIEWWINUP", {L"show 6", up}},
-                                         {L"VIEWRECALL", {L"show 6", down}},
-                                         {L"LAUNCHMOVETOC", {L"show 6", down}},
-                                         {L"SYSAPPNAVIGATORMOVEUP", {L"show 6", up}},
-                                         {L"SYSAPPNAVIGATORMOVEDOWN", {L"show 6", down}}}) {
-    const auto window = laptop.desktop.Open({}), hung = laptop.desktop.Open({.responsive = false});
-    for (const auto each : {window, hung, os::WindowHandle::None}) Send(command, each);
+                                         {L"VIEWWINUP", up},
+                                         {L"VIEWRECALL", down},
+                                         {L"LAUNCHMOVETOC", down},
+                                         {L"SYSAPPNAVIGATORMOVEUP", up},
+                                         {L"SYSAPPNAVIGATORMOVEDOWN", down}}) {
+    const auto window = laptop.desktop.Open({.className = L"Chrome"});
+    const auto hung = laptop.desktop.Open({.responsive = false});
+    const auto start = laptop.NowMs();
+    Send(command, window);
+    EXPECT_EQ(laptop.NowMs() - start, journal.size() > 1 ? 200U : 0U) << "the shorter pause";
+    for (const auto each : {hung, os::WindowHandle::None}) Send(command, each);
     EXPECT_EQ(laptop.desktop.Journal(window), journal);
     EXPECT_TRUE(laptop.desktop.Journal(hung).empty());
   }
   const auto hidden = laptop.desktop.Open({.visible = false});
   Send(L"VIEWRECALL", hidden);
-  EXPECT_EQ(laptop.desktop.Journal(hidden), (Texts{L"show 5", L"show 6", down}));
+  EXPECT_EQ(laptop.desktop.Journal(hidden), (Texts{L"show 5", L"show 6", onC}));
+}
+
+TEST_F(WindowCommands, NeverMeanAWindowOfTheControllers) {
+  for (const auto& command : tessaview::UiCommands()) Send(command.text, laptop.window.Handle());
+  EXPECT_TRUE(laptop.desktop.Journal(laptop.window.Handle()).empty() && !laptop.ExitCode());
 }
 
 TEST_F(WindowCommands, HomeClearsTheCPanelOfApplications) {
@@ -105,30 +118,46 @@ TEST_F(WindowCommands, AViewThatClosesLeavesItsProgramRunning) {
   EXPECT_TRUE(Runs(kProgram) && laptop.desktop.Find(window) == nullptr);
 }
 
-TEST_F(WindowCommands, OneThatDoesNotCloseIsEndedWithItsProgramAfterFiveSeconds) {
-  for (const bool hangs : {false, true}) {
-    const auto window = laptop.desktop.Open({.program = kProgram, .responsive = !hangs, .closesWhenAsked = false});
+TEST_F(WindowCommands, OneThatHangsIsEndedAfterFiveSecondsAndNobodyElse) {
+  using Step = std::function<void(Window&)>;
+  using sim::ProcessOwner;
+  const Step nothing = [](Window&) {}, hang = [](Window&w) { w.responsive = false; };
+  const auto give = [this](ProcessOwner owner) {
+    return [=, this](Window& w) { w.responsive = false, laptop.processes.GiveTo(w.processId, owner); };
+  };
+  for (const auto& [isEnded, before, after] :
+       {std::tuple<bool, Step, Step>(true, hang, nothing),
+        {true, nothing, hang},
+        {true, [this](Window& w) { w.busyUntilMs = laptop.NowMs() + 2000; }, hang},  // nobody waits until it is hidden
+        {false, nothing, nothing},
+        {false, hang, [](Window& w) { w.responsive = true; }},
+        {false, [](Window& w) { w.responsive = w.visible = false; }, nothing},
+        {false, nothing, [](Window& w) { w.responsive = false, w.visible = true; }},
+        {false, hang, [this](Window& w) { laptop.desktop.Open({.title = L"Save?", .processId = w.processId}); }},
+        {false, hang, [](Window& w) { w.className = L"Another"; }},
+        {false, hang, [this](Window& w) { w.processId = laptop.processes.Run(L"C:\\b.exe"); }},
+        {false, give(ProcessOwner::Elevated), nothing},
+        {false, give(ProcessOwner::System), nothing},
+        {false, give(ProcessOwner::AnotherUser), nothing}}) {
+    const auto window = laptop.desktop.Open({.program = kProgram, .closesWhenAsked = false});
+    before(*laptop.desktop.Find(window));
     AskToClose(window);
+    after(*laptop.desktop.Find(window));
     laptop.Advance(2400);
     EXPECT_TRUE(Runs(kProgram));
     laptop.Advance(200);
-    EXPECT_FALSE(Runs(kProgram));
+    EXPECT_EQ(Runs(kProgram), !isEnded);
+    laptop.processes.End(laptop.processes.IdOf(kProgram));
   }
 }
 
-TEST_F(WindowCommands, NobodyIsEndedForAWindowThatIsAnotherByThenNorTheShellNorTheUi) {
-  const auto reused = laptop.desktop.Open({.program = kProgram, .closesWhenAsked = false});
-  AskToClose(reused);
-  laptop.desktop.Find(reused)->className = L"Another";
-  const auto inherited = laptop.desktop.Open({.program = L"C:\\b.exe", .closesWhenAsked = false});
-  AskToClose(inherited);
-  laptop.desktop.Find(inherited)->processId = laptop.processes.Run(L"C:\\c.exe");
-
-  laptop.desktop.Find(laptop.ui.MainWindow())->closesWhenAsked = false;
-  const auto explorer = laptop.desktop.Open({.program = L"C:\\Windows\\explorer.exe", .closesWhenAsked = false});
-  for (const auto window : {explorer, laptop.ui.MainWindow(), os::WindowHandle::None}) AskToClose(window);
+TEST_F(WindowCommands, NobodyIsEndedForAWindowOfTheShellOrTheUi) {
+  const auto explorer = laptop.desktop.Open({.program = L"C:\\Windows\\explorer.exe"});
+  for (const auto window : {explorer, laptop.ui.MainWindow()}) {
+    laptop.desktop.Find(window)->responsive = false;
+    AskToClose(window);
+  }
   laptop.Advance(10'000);
-  EXPECT_TRUE(Runs(kProgram) && Runs(L"C:\\b.exe") && Runs(L"C:\\c.exe"));
   EXPECT_TRUE(Runs(L"C:\\Windows\\explorer.exe") && laptop.ui.Running());
 }
 
@@ -136,6 +165,7 @@ TEST_F(WindowCommands, AFrameIsClosedWithTheApplicationInsideItAndNeverWithItsHo
   for (const bool isInside : {true, false}) {
     const auto frame = laptop.OpenFrame(L"Notes", kOnCPanel, isInside);
     laptop.desktop.Find(frame)->closesWhenAsked = false;
+    if (isInside) laptop.desktop.Find(laptop.desktop.FindIn(frame, kCoreClass))->responsive = false;
     laptop.desktop.Open({.className = kCoreClass, .title = L"Notes", .program = kProgram, .closesWhenAsked = false});
     AskToClose(frame);
     laptop.Advance(10'000);

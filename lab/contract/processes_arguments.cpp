@@ -98,6 +98,14 @@ TEST(ProcessArguments, ForeignRightsThatCannotBeGivenBackEndTheProcess) {
   EXPECT_EQ(ended, 31U);
 }
 
+TEST(ProcessArguments, APathThatIsTooLongIsCut) {
+  CONTRACT_PATCH(QueryFullProcessImageNameW, [](auto, auto flags, auto path, auto size) -> BOOL {
+    if (flags != 0 || *size < 300) return FALSE;
+    return std::wmemset(path, L'x', *size = 299), path[299] = 0, TRUE;
+  });
+  EXPECT_EQ(os::ProcessImagePath(GetCurrentProcessId()), std::wstring(259, L'x'));
+}
+
 // ---- Packages, two of whose functions are looked up when the program runs ----
 
 static_assert(os::kNoApplication == 15703);  // APPMODEL_ERROR_NO_APPLICATION

@@ -72,17 +72,22 @@ TEST_F(Channel, TenThousandCommandsLeaveNothingBehind) {
   constexpr std::uint32_t kSlack = 10;  // handles that Windows' own threads come and go with
   StartController();
   std::uint32_t handles = 0;
+  const auto own = reinterpret_cast<std::uintptr_t>(Controller::Window());
   for (int round = 0; round < kRounds; round++) {
     if (round == kWarmUp) handles = laptop.controller.HandleCount();
     ASSERT_TRUE(SendCommand(L"BLGET"));
     ASSERT_TRUE(SendCommand(L"BLSET", {.handle = static_cast<std::uint64_t>(round % 101)}));
     ASSERT_TRUE(SendCommand(L"VERSION=1.2.3.4"));
-    ASSERT_TRUE(SendCommand(L"GETPROCESSNAME", {.handle = reinterpret_cast<std::uintptr_t>(Controller::Window())}));
+    ASSERT_TRUE(SendCommand(L"GETPROCESSNAME", {.handle = own}));
+    for (const auto* change : {L"SETTOPMOST", L"APPNAVISHOW", L"VIEWCLOSE"}) {
+      ASSERT_TRUE(SendCommand(change, {.handle = own | 0xDEAD'BEEFULL << 32}));
+    }
     ASSERT_TRUE(SendCommand(L"NOTACOMMAND"));
   }
   ASSERT_GT(handles, 0u);
   EXPECT_LE(laptop.controller.HandleCount(), handles + kSlack);
-  EXPECT_TRUE(UiIsTold(L"PROCESSNAME=TessaviewService"));
+  EXPECT_TRUE(UiIsTold(L"PROCESSNAME=")) << "its own window counts as none";
+  EXPECT_EQ(GetWindowLongW(Controller::Window(), GWL_STYLE) & WS_VISIBLE, 0);
 }
 
 }  // namespace

@@ -1,4 +1,8 @@
 // When the UI is launched beyond the day, and when it is not.
+#include <windows.h>
+
+#include <sddl.h>
+
 #include <algorithm>
 
 #include "kit/system_events.h"
@@ -29,6 +33,17 @@ TEST_F(Life, TheUiIsLaunchedWhenSetupEndsLate) {
   Happen(SystemEvent::SetupFinished);
   EXPECT_TRUE(Used(L"UI_EXIST_WITH_CHECKING_TIMES_1"));
   EXPECT_TRUE(StandInUi::IsThere());
+}
+
+TEST_F(Life, AnInstanceOfSomebodyElseIsOneToo) {
+  SECURITY_ATTRIBUTES system{sizeof system, nullptr, FALSE};
+  ConvertStringSecurityDescriptorToSecurityDescriptorW(L"O:SYG:SYD:P(A;;GA;;;SY)", SDDL_REVISION_1,
+                                                       &system.lpSecurityDescriptor, nullptr);
+  const HANDLE mutex = CreateMutexW(&system, FALSE, L"Mutex_TessaviewService");
+  EXPECT_TRUE(laptop.controller.Start() && laptop.controller.WaitForExit() == 0U);
+  EXPECT_TRUE(laptop.trace.Contains(L"[Instance] The mutex cannot be opened, error = 5"));
+  CloseHandle(mutex);
+  LocalFree(system.lpSecurityDescriptor);
 }
 
 class Watchdog : public LabTest {

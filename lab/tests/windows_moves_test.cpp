@@ -105,8 +105,8 @@ TEST_F(WindowsMoved, NothingOnTheCPanelTakesTheFocusFromAFullScreen) {
   EXPECT_TRUE(Eventually([&] { return !keepsOut(notes); }));
 }
 
-// Six seconds: the patience that programs are given.
-TEST_F(WindowsMoved, ProgramsThatDoNotAnswerAreWaitedForOnceAndEndedWhenTheyWillNotClose) {
+// Eleven seconds: the patience that programs are given, twice.
+TEST_F(WindowsMoved, ProgramsThatHangAreWaitedForOnceAndEndedWhenTheyAreToClose) {
   StartMover();
   const AppWindow notes(L"Notes"), hung(AppOptions{.title = L"Hung", .area = {1000, 150, 1700, 600}}),
       unwilling(AppOptions{.title = L"Unwilling", .ignoresClose = true});
@@ -124,7 +124,9 @@ TEST_F(WindowsMoved, ProgramsThatDoNotAnswerAreWaitedForOnceAndEndedWhenTheyWill
   EXPECT_EQ(hung.Panel(), Panel::B);
   ASSERT_TRUE(Command(L"LAUNCHMOVETOC", notes));
   EXPECT_TRUE(notes.Fills(Panel::C));
-  EXPECT_TRUE(unwilling.WaitForEnd());
+  ASSERT_TRUE(Command(L"VIEWCLOSE", hung));
+  EXPECT_TRUE(hung.WaitForEnd());
+  EXPECT_EQ(unwilling.State(), ShowState::Hidden) << "it answers, and has its reasons";
 }
 
 }  // namespace

@@ -51,6 +51,14 @@ void RegisterWindowClass(const std::wstring& className) {
   LogFailure(L"The process cannot see the monitors' scales", os::BecomePerMonitorDpiAware());
 }
 
+/// A mutex that may not be opened is that of an instance with other rights. Without a mutex for any other reason, as
+/// when its name is that of another object, there is no instance that could have made one.
+bool IsSomebodyElses(const os::NamedMutex& instance) {
+  if (instance.mutex) return false;
+  Log(L"[Instance] The mutex cannot be opened, error = %d \n", instance.error);
+  return instance.error == os::kMutexDenied;
+}
+
 void PrepareWindow(os::WindowHandle window) {
   SetServiceWindow(window);
   StartServiceTimer(ServiceTimer::Update);
@@ -140,7 +148,7 @@ int RunController() {
   const auto className = os::LoadResourceText(kClassText);
   RegisterWindowClass(className);
   const auto instance = os::CreateNamedMutex(L"Mutex_TessaviewService");  // held until the process ends
-  if (instance.alreadyExisted) return 0;
+  if (instance.alreadyExisted || IsSomebodyElses(instance)) return 0;
   const auto created = os::CreateServiceWindow(className, title);
   LogFailure(L"The window cannot be created", created);
   if (!created) return 0;

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <vector>
 
 #include "appid/app_identity.h"
 #include "core/text.h"
 #include "core/trace_log.h"
+#include "core/user_rights.h"
 #include "os/clock.h"
 #include "os/desktop.h"
 #include "os/processes.h"
@@ -36,10 +38,16 @@ os::WindowHandle AwaitCoreWindow(os::WindowHandle frame) {
   return child;
 }
 
+/// As the user: the file is any program's, and may lie on a share that would learn who reads it.
+std::vector<std::wstring> ProductNamesAsUser(const std::wstring& path) {
+  const ActingAsUser user;
+  return user.IsRefused() ? std::vector<std::wstring>() : os::ProductNames(path);
+}
+
 /// A package is known by its family, a desktop program by the product that its file says it belongs to.
 std::wstring NameToTest(const AppIdentity& identity) {
   if (!identity.appUserModelId.empty()) return identity.packageFamilyName;
-  const auto names = os::ProductNames(identity.executablePath);
+  const auto names = ProductNamesAsUser(identity.executablePath);
   return names.empty() ? std::wstring() : names.back();
 }
 

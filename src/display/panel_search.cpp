@@ -82,8 +82,9 @@ void FindPanelPaths(PanelDisplayInfo& info) {
   }
 }
 
-/// The panel that a GDI name belongs to, the B panel first; null for other displays.
+/// The panel that a GDI name belongs to, the B panel first; null for other displays, and without a name.
 PanelInfo* PanelNamed(PanelDisplayInfo& info, const std::wstring& gdiName) {
+  if (gdiName.empty()) return nullptr;
   for (auto* const panel : {&info.bPanel, &info.cPanel}) {
     if (panel->isFound && gdiName == panel->gdiDeviceName) return panel;
   }

@@ -1,8 +1,7 @@
 #include "lifecycle/user_session.h"
 
-#include <algorithm>
-
 #include "core/trace_log.h"
+#include "core/user_rights.h"
 
 namespace tessaview {
 namespace {
@@ -33,14 +32,6 @@ Start TryStart(const std::wstring& program, const std::wstring& commandLine) {
 }
 
 }  // namespace
-
-std::uint32_t ActiveSession() {
-  const auto sessions = os::Sessions();
-  if (!sessions) return 0;
-  const auto active = std::find_if(sessions->begin(), sessions->end(),
-                                   [](const os::Session& session) { return session.state == os::kSessionActive; });
-  return active == sessions->end() ? 0 : active->id;
-}
 
 std::optional<os::Process> StartInUserSession(const std::wstring& program, const std::wstring& commandLine) {
   auto start = TryStart(program, commandLine);

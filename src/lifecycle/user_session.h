@@ -8,9 +8,6 @@
 
 namespace tessaview {
 
-/// The session the user sits before: the first active one, 0 when there is none or the system cannot tell.
-[[nodiscard]] std::uint32_t ActiveSession();
-
 /// Starts a program as the active user on the interactive desktop; an empty `commandLine` passes none. Failures are
 /// logged. Any thread; milliseconds.
 [[nodiscard]] std::optional<os::Process> StartInUserSession(const std::wstring& program,

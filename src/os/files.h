@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -16,6 +17,10 @@ enum class PathKind { Missing, File, Directory };
 
 /// Creates one folder; its parent must exist (CreateDirectoryW). Any thread.
 Status CreateFolder(const std::wstring& path);
+
+/// The first `size` bytes of a file, or all of a shorter one (CreateFileW with GENERIC_READ, ReadFile). Any thread; a
+/// file read.
+[[nodiscard]] Result<Bytes> ReadFileStart(const std::wstring& path, std::size_t size);
 
 /// Copies a file, overwriting the target (CopyFileW). Any thread; blocks for the length of the copy.
 Status OverwriteByCopy(const std::wstring& from, const std::wstring& to);

@@ -14,11 +14,15 @@ using Mutex = Owned<KernelObject, CloseKernelObject>;
 using Event = Owned<KernelObject, CloseKernelObject>;
 
 struct NamedMutex {
-  Mutex mutex;                  // empty when it could not be created at all
+  Mutex mutex = {};             // empty when it could be neither created nor opened
   bool alreadyExisted = false;  // somebody else holds one of this name (ERROR_ALREADY_EXISTS)
+  std::uint32_t error = 0;      // why there is no mutex
 };
 
-/// Creates or opens a named mutex without owning it (CreateMutexW, then GetLastError).
+/// The mutex is somebody else's, who lets nobody open it (ERROR_ACCESS_DENIED).
+inline constexpr std::uint32_t kMutexDenied = 5;
+
+/// Creates or opens a named mutex without owning it (CreateMutexW, then GetLastError). Any thread.
 [[nodiscard]] NamedMutex CreateNamedMutex(const wchar_t* name);
 
 /// Opens an existing named event for changing it (OpenEventW, EVENT_MODIFY_STATE); empty when there is none.

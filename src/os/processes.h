@@ -84,7 +84,7 @@ inline constexpr WaitingMark kWaiting<&WaitForProcess>{Waiting::Deaf};
 /// The exit code of an ended process (GetExitCodeProcess).
 [[nodiscard]] std::optional<std::uint32_t> ProcessExitCode(const Process& process);
 
-/// The full path of a process's program, at most 259 characters (OpenProcess with PROCESS_QUERY_LIMITED_INFORMATION,
+/// The full path of a process's program, cut behind 259 characters (OpenProcess with PROCESS_QUERY_LIMITED_INFORMATION,
 /// QueryFullProcessImageNameW). Empty when the process is gone or may not be asked. Any thread.
 [[nodiscard]] std::wstring ProcessImagePath(std::uint32_t processId);
 

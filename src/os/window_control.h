@@ -5,8 +5,8 @@
 #include "os/types.h"
 #include "os/waiting.h"
 
-// Changing windows of other programs. The system asks the window's own thread for each change and waits for it: a
-// program that hangs holds the caller up for as long as it hangs.
+// Changing windows of other programs. The system asks the window's own thread for each change and waits for it, unless
+// it is said that nobody waits: a program that hangs holds the caller up for as long as it hangs.
 namespace os {
 
 /// How a window is shown (the SW_ values).
@@ -26,6 +26,9 @@ enum class ShowCommand : std::uint32_t {
 Status ShowWindow(WindowHandle window, ShowCommand command);
 template <>
 inline constexpr WaitingMark kWaiting<&ShowWindow>{Waiting::Serving};
+
+/// Asks a window's thread to show, hide, minimise or maximise it, and does not wait (ShowWindowAsync). Any thread.
+void AskToShow(WindowHandle window, ShowCommand command);
 
 /// Moves and sizes a window and has it painted again (MoveWindow, repaint TRUE). Any thread; waits for the window's
 /// thread.

@@ -14,6 +14,15 @@ constexpr const wchar_t* kTitles[] = {
     L"NORV Page Aide",  L"NORV Grid Aide", L"NORV Deck Aide",
 };
 
+/// The topmost one; None when there is none.
+os::WindowHandle VisibleWindowTitled(const wchar_t* title) {
+  const auto windows = os::TopWindows();
+  const auto found = std::find_if(windows.begin(), windows.end(), [title](os::WindowHandle window) {
+    return os::WindowTitle(window) == title && os::IsWindowVisible(window);
+  });
+  return found == windows.end() ? os::WindowHandle::None : *found;
+}
+
 }  // namespace
 
 bool IsCompanionTitle(std::wstring_view title) {
@@ -21,10 +30,9 @@ bool IsCompanionTitle(std::wstring_view title) {
 }
 
 void MoveCompanionsToCPanel() {
-  for (const auto window : os::TopWindows()) {
-    if (IsCompanionTitle(os::WindowTitle(window)) && os::IsWindowVisible(window)) {
-      MoveWindowtoCPanel(window, Pause::Short);
-    }
+  for (const auto* const title : kTitles) {
+    const auto window = VisibleWindowTitled(title);
+    if (window != os::WindowHandle::None) MoveWindowtoCPanel(window, Pause::Short);
   }
 }
 

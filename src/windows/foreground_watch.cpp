@@ -29,10 +29,12 @@ bool MayChangeTheAnswer(std::int32_t object) {
   return object != os::kObjectCursor && object != os::kObjectCaret;
 }
 
-/// Windows of the UI and of the controller come and go in front of the one that the user works with.
+/// Windows of the UI and of the controller come and go in front of the one that the user works with. One is known by
+/// its title, whoever made it.
 bool IsIgnored(os::WindowHandle window, os::WindowHandle root) {
-  if (os::WindowClassName(window) == L"Tessaview_ViewClass") return true;
-  return root == gServiceWindow() || os::WindowTitle(root).empty();
+  if (os::WindowClassName(window) == L"Tessaview_ViewClass" || root == gServiceWindow()) return true;
+  const auto title = os::WindowTitle(root);
+  return title.empty() || title == L"TessaviewTitle";
 }
 
 void Follow(const Seen& now) {

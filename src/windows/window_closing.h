@@ -4,9 +4,9 @@
 
 namespace tessaview {
 
-/// Hides a window and asks it to close. If it is still there after 5 seconds and nobody has shown it again, its process
-/// is ended, on a thread of its own. The processes of the shell, of the UI and this one are never ended. Any thread;
-/// blocks for 20 ms at most, for 5 seconds when the program hangs.
+/// Hides a window and asks it to close. If it is still there after 5 seconds and its program hangs, that is ended, on a
+/// thread of its own and with the rights of the user; never one that answers, shows another window, had hidden this one
+/// before, or shows it again; and never the shell, the UI or this program. Any thread; blocks for 20 ms at most.
 void CloseWindowForGood(os::WindowHandle window);
 
 }  // namespace tessaview

@@ -156,7 +156,9 @@ TEST_F(DesktopContract, TopmostAndExtendedStyleStay) {
   constexpr std::uint32_t kTopmost = 8;  // WS_EX_TOPMOST
   const auto window = world::OpenWindow();
   for (const bool topmost : {true, false}) {
+    const auto area = os::WindowRect(window);
     EXPECT_TRUE(os::SetTopmost(window, topmost));
+    EXPECT_EQ(os::WindowRect(window), area);
     EXPECT_EQ(os::WindowExtendedStyle(window) & kTopmost, topmost ? kTopmost : 0);
   }
   const auto wanted = os::WindowExtendedStyle(window) | os::kWsExNoActivate;
@@ -169,6 +171,7 @@ TEST_F(DesktopContract, AHungProgramGivesNoAnswer) {
   world::Run([window] {
     EXPECT_TRUE(os::AnswersWithin(window, 10'000));
     world::Hang();
+    os::AskToShow(window, ShowCommand::Hide);  // returns
     EXPECT_FALSE(os::AnswersWithin(window, 100) || os::AskToClose(window, 100));
     EXPECT_TRUE(os::IsWindow(window));
     world::Wake();
@@ -177,7 +180,11 @@ TEST_F(DesktopContract, AHungProgramGivesNoAnswer) {
 
 TEST_F(DesktopContract, AWellProgramCloses) {
   const auto window = world::OpenWindow();
-  world::Run([window] { EXPECT_TRUE(os::AskToClose(window, 10'000) && !os::IsWindow(window)); });
+  os::AskToShow(window, ShowCommand::Hide);
+  world::Run([window] {
+    EXPECT_TRUE(os::AnswersWithin(window, 10'000) && !os::IsWindowVisible(window));
+    EXPECT_TRUE(os::AskToClose(window, 10'000) && !os::IsWindow(window));
+  });
 }
 
 }  // namespace

@@ -26,6 +26,9 @@ TEST_F(ProcessContract, AMutexExistsAsLongAsSomebodyHoldsIt) {
     EXPECT_FALSE(os::CreateNamedMutex(L"MUTEX_contract").alreadyExisted) << "names have a case";
   }
   EXPECT_FALSE(os::CreateNamedMutex(kName).alreadyExisted);
+  world::MakeEvent(kName);
+  const auto refused = os::CreateNamedMutex(kName);
+  EXPECT_TRUE(!refused.mutex && !refused.alreadyExisted && refused.error == 6) << "ERROR_INVALID_HANDLE";
 }
 
 TEST_F(ProcessContract, AnEventIsOpenedNotMade) {

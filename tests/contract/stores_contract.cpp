@@ -155,6 +155,12 @@ TEST_F(StoresContract, ACopyReplacesItsTargetUnlessThatRefuses) {
   EXPECT_EQ(os::OverwriteByCopy(folder + L"\\sub", to).error(), kAccessDenied);
   EXPECT_EQ(os::OverwriteByCopy(from, folder + L"\\sub").error(), kAccessDenied);
   EXPECT_EQ(world::FileText(folder + L"\\fresh") + world::FileText(to), "newnew");
+  for (const auto& [size, text] : {std::pair(2U, "ne"), {9U, "new"}}) {
+    const auto start = os::ReadFileStart(from, size);
+    EXPECT_TRUE(start && std::string(start->begin(), start->end()) == text);
+  }
+  EXPECT_EQ(os::ReadFileStart(folder + L"\\none", 2).error(), kFileNotFound);
+  EXPECT_EQ(os::ReadFileStart(folder + L"\\sub", 2).error(), kAccessDenied);
 }
 
 TEST_F(StoresContract, OnlyAProgramWithAVersionResourceHasAVersion) {

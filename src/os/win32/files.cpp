@@ -21,6 +21,18 @@ Status CreateFolder(const std::wstring& path) {
   return win32::DoneOrLastError(CreateDirectoryW(path.c_str(), nullptr));
 }
 
+Result<Bytes> ReadFileStart(const std::wstring& path, std::size_t size) {
+  const HANDLE opened = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (opened == INVALID_HANDLE_VALUE) return win32::LastError();
+  const win32::LocalHandle file(opened);
+  Bytes start(size);
+  DWORD read = 0;
+  if (ReadFile(opened, start.data(), static_cast<DWORD>(size), &read, nullptr) == FALSE) return win32::LastError();
+  start.resize(read);
+  return start;
+}
+
 Status OverwriteByCopy(const std::wstring& from, const std::wstring& to) {
   return win32::DoneOrLastError(CopyFileW(from.c_str(), to.c_str(), FALSE));
 }

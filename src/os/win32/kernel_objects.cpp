@@ -10,8 +10,9 @@ void CloseKernelObject(KernelObject object) noexcept {
 
 NamedMutex CreateNamedMutex(const wchar_t* name) {
   const HANDLE mutex = CreateMutexW(nullptr, FALSE, name);
-  const bool alreadyExisted = mutex != nullptr && GetLastError() == ERROR_ALREADY_EXISTS;
-  return {Mutex(win32::ToDoor<KernelObject>(mutex)), alreadyExisted};
+  const DWORD error = GetLastError();
+  if (mutex == nullptr) return {.error = error};
+  return {.mutex = Mutex(win32::ToDoor<KernelObject>(mutex)), .alreadyExisted = error == ERROR_ALREADY_EXISTS};
 }
 
 Event OpenNamedEvent(const wchar_t* name) {

@@ -1,6 +1,7 @@
 #include "os/processes.h"
 
-#include <array>
+#include <span>
+#include <vector>
 
 #include "os/win32/win32_support.h"
 
@@ -48,10 +49,11 @@ std::optional<std::uint32_t> ProcessExitCode(const Process& process) {
 std::wstring ProcessImagePath(std::uint32_t processId) {
   const win32::LocalHandle process(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, processId));
   if (!process) return {};
-  std::array<wchar_t, 260> path{};
+  constexpr std::size_t kLongestOfAll = 0x8000, kMost = 259;
+  std::vector<wchar_t> path(kLongestOfAll);  // a path that does not fit is not told at all
   auto size = static_cast<DWORD>(path.size());
   if (QueryFullProcessImageNameW(process.get(), 0, path.data(), &size) == FALSE) return {};
-  return win32::TextOf(path);
+  return win32::TextOf(std::span(path).first(kMost));
 }
 
 }  // namespace os

@@ -17,6 +17,10 @@ Status ShowWindow(WindowHandle window, ShowCommand command) {
   return win32::DoneOrLastError(::ShowWindow(win32::NativeOf(window), static_cast<int>(command)));
 }
 
+void AskToShow(WindowHandle window, ShowCommand command) {
+  ShowWindowAsync(win32::NativeOf(window), static_cast<int>(command));
+}
+
 Status MoveWindow(WindowHandle window, std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) {
   return win32::DoneOrLastError(::MoveWindow(win32::NativeOf(window), x, y, width, height, TRUE));
 }

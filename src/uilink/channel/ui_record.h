@@ -30,7 +30,8 @@ struct UiMessage {
   os::Rect rect = {};
   os::Point point = {};
 
-  [[nodiscard]] os::WindowHandle Window() const { return static_cast<os::WindowHandle>(handle); }
+  /// Only the low half of a window's handle tells it; the system does not look at the other.
+  [[nodiscard]] os::WindowHandle Window() const { return static_cast<os::WindowHandle>(handle & 0xFFFF'FFFF); }
   [[nodiscard]] std::int32_t Number() const { return static_cast<std::int32_t>(handle & 0xFFFFFFFF); }
 };
 

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <string_view>
 
+#include "core/service_window.h"
 #include "core/trace_log.h"
+#include "os/desktop.h"
 
 namespace tessaview {
 namespace {
@@ -23,10 +25,23 @@ void LogDropped(RecordKind kind, std::size_t size) {
   Log(L"Record of kind %d dropped, size = %d \n", static_cast<std::uint64_t>(kind), size);
 }
 
+/// Whether a window is one of this process, by whatever handle.
+bool IsOwnWindow(os::WindowHandle window) {
+  return window != os::WindowHandle::None && os::WindowProcessId(window) == os::WindowProcessId(gServiceWindow());
+}
+
+/// Nobody can have the controller show, move or close its own windows: in a record they count as none.
+void LeaveOutOwnWindow(UiMessage& message) {
+  if (!IsOwnWindow(message.Window())) return;
+  Log(L"The window is the controller's own and counts as none, HWND = %x \n", message.Window());
+  message.handle = 0;
+}
+
 void OnUiMessage(os::BytesView record) {
-  const auto message = DecodeUiMessage(record);
+  auto message = DecodeUiMessage(record);
   if (!message) return LogDropped(RecordKind::UiMessage, record.size());
   Log(L"Receivedata from UI = %ls \n", message->text);
+  LeaveOutOwnWindow(*message);
   const auto& commands = UiCommands();
   const auto command = std::find_if(commands.begin(), commands.end(),
                                     [&](const UiCommand& known) { return Matches(known, message->text); });

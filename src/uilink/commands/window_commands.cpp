@@ -31,7 +31,7 @@ void PutOnTop(const UiMessage& message) {
 
 constexpr UiCommand kWindowCommands[] = {
     {L"VIEWCLOSE", Match::Exact, CloseView, nullptr,
-     "handle: window; hides and closes it, and after 5 seconds ends its program"},
+     "handle: window; hides and closes it, and after 5 seconds ends its program if that hangs"},
     {L"HOME", Match::Exact, GoHome, nullptr, "minimises the applications on the C panel and hides companion windows"},
     {L"SHOWMIN", Match::Exact, ShowAs<ShowCommand::ShowMinimized>, nullptr, "handle: window; minimises it"},
     {L"SHOWRESTORE", Match::Exact, ShowAs<ShowCommand::Restore>, nullptr, "handle: window; restores it"},
