@@ -27,6 +27,17 @@ inline Texts WordsOf(const wchar_t* text) {
   return {std::istream_iterator<std::wstring, wchar_t>(stream), {}};
 }
 
+/// Whether the log holds these lines, whole and in this order; others may stand between them.
+inline testing::AssertionResult LogsInOrder(const Laptop& laptop, const std::vector<const wchar_t*>& lines) {
+  std::size_t from = 0;
+  for (const auto* line : lines) {
+    const auto at = laptop.trace.IndexOf(line, from);
+    if (!at) return testing::AssertionFailure() << "not in the log at its place: " << testing::PrintToString(line);
+    from = *at + 1;
+  }
+  return testing::AssertionSuccess();
+}
+
 /// Whether a debugger was told a text.
 inline bool ToldDebuggers(const Laptop& laptop, const std::wstring& text) {
   const auto& texts = laptop.trace.DebugTexts();
