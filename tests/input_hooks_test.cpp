@@ -77,6 +77,15 @@ TEST_F(InputHooks, ComeBackWhenTheyMissWhatMovesThePointerOrAWindow) {
   laptop.mouseHook.DiesNow();
   laptop.mouse.Drop();
   EXPECT_TRUE(laptop.mouseHook.IsAlive() && laptop.desktop.Journal(window).empty());
+  // With the window gone nothing tells of the end, but the next drag takes the overlay down.
+  DragOut(laptop, window, kPress, kDown);
+  laptop.desktop.Close(window);
+  laptop.mouseHook.DiesNow();
+  laptop.mouse.Drop();
+  laptop.ui.ForgetReceived();
+  laptop.Advance(1000);
+  ExpectThrowDown();
+  EXPECT_EQ(laptop.ui.Received().front(), L"WSPRESS");
 }
 
 }  // namespace
