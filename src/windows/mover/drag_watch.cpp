@@ -116,10 +116,7 @@ std::optional<MoverPanel> PanelToThrowFrom(os::WindowHandle window) {
 
 void Choose(os::WindowHandle window) {
   Log(L"[Window Mover] Window validity , To be WindowMoverHandle \n");
-  Take([&](WindowMover& mover) {
-    mover.Choose(window);
-    return MoverOutcome{};
-  });
+  Take([&](WindowMover& mover) { return mover.Choose(window); });
   const auto [left, top, right, bottom] = os::WindowRect(window);
   Log(L"[Window Mover] WindowMoverRect ( %d, %d, %d, %d ) \n", left, top, right, bottom);
 }

@@ -69,6 +69,12 @@ const UiText& HoverText(MoverPanel panel) {
 
 // ---- Events ----
 
+MoverOutcome WindowMover::Choose(os::WindowHandle window) {
+  auto outcome = Disarm();
+  window_ = window;
+  return outcome;
+}
+
 void WindowMover::Arm(MoverPanel panel, bool isMSHanlde) {
   panel_ = panel;
   isMSHanlde_ = isMSHanlde;

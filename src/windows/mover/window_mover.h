@@ -74,8 +74,8 @@ class WindowMover {
   /// The left button was pressed.
   void Pressed(const Press& press) { press_ = press; }
 
-  /// The window whose drag began, whether it can be thrown or not.
-  void Choose(os::WindowHandle window) { window_ = window; }
+  /// The window whose drag began, whether it can be thrown or not. A drag before it is over, also if nobody heard so.
+  [[nodiscard]] MoverOutcome Choose(os::WindowHandle window);
 
   /// The chosen window lies on a panel and can be thrown. The overlay of one of Microsoft's applications only says that
   /// it cannot be (`isMSHanlde`).
