@@ -55,7 +55,9 @@ TEST_F(Target, IsTheTouchedWindowAndMovesWithItsArrow) {
   ExpectTold({50, 1150}, L"UP", onC);
   const auto owned = Open(kElsewhere, {.className = L"Chrome", .owner = onC});
   ExpectTold(kOnElsewhere, L"DOWN", owned);
+  const auto start = laptop.NowMs();
   laptop.ui.Send(L"DOWN");
+  EXPECT_EQ(laptop.NowMs(), start + 200) << "the shorter pause";
   EXPECT_EQ(laptop.Area(owned), kCPanel);
   laptop.ui.Send(L"UP");
   EXPECT_EQ(laptop.Area(owned), kBPanel);
