@@ -23,7 +23,7 @@ Status CreateFolder(const std::wstring& path) {
 
 Status OverwriteByCopy(const std::wstring& from, const std::wstring& to) {
   if (const auto call = sim::Enter<&OverwriteByCopy>(); call.failed()) return Error{call.error()};
-  return sim::Outcome(Machine().files.Copy(from, to, Machine().sessions.ImpersonatingNow()));
+  return sim::Outcome(Machine().files.Copy(from, to, Machine().sessions.ActingAs()));
 }
 
 std::optional<std::wstring> CommonAppDataFolder() {

@@ -5,6 +5,7 @@
 #include <functional>
 #include <set>
 
+#include "sim/desktop.h"
 #include "sim/scheduler.h"
 #include "sim/thread_loops.h"
 
@@ -16,7 +17,8 @@ class Input {
  public:
   class Door;
 
-  Input(Scheduler& scheduler, ThreadLoops& loops) : scheduler_(scheduler), loops_(loops) {}
+  Input(Scheduler& scheduler, ThreadLoops& loops, const Desktop& desktop)
+      : scheduler_(scheduler), loops_(loops), desktop_(desktop) {}
 
   void Press(std::uint32_t virtualKey);
   void Release(std::uint32_t virtualKey);
@@ -40,6 +42,7 @@ class Input {
 
   Scheduler& scheduler_;
   ThreadLoops& loops_;
+  const Desktop& desktop_;
   std::set<std::uint32_t> down_;
   std::deque<Key> pending_;
   const Key* served_ = nullptr;  // while a program looks at it

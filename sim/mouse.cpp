@@ -24,6 +24,7 @@ void Mouse::Later(std::uint32_t ms, std::function<void()> step) {
 }
 
 void Mouse::Add(std::optional<MouseEvent> kind, Point point, std::function<void()> effect) {
+  if (!desktop_.userIsHere) return;
   if (watchers_ == 0) return effect();
   pending_.push_back({kind, point, std::move(effect)});
 }

@@ -60,7 +60,7 @@ struct Parts {
   ServiceWindow::Door window{scheduler, loops, files, displays, desktop};
   Firmware::Door firmware{displays};
   TouchController::Door touch{scheduler, window};
-  Input::Door input{scheduler, loops};
+  Input::Door input{scheduler, loops, desktop};
   Mouse::Door mouse{scheduler, loops, desktop};
   Ui ui{scheduler, processes, desktop, window};
   Apps::Door apps{scheduler, registry, processes, ui};

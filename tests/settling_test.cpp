@@ -41,6 +41,7 @@ class Sequence {
   void ComeToRest() {
     laptop_.faults.ClearAll();
     laptop_.ui.Recover();
+    laptop_.sessions.SwitchBack();
     laptop_.displays.Changed();
     laptop_.Advance(30'000);
     ExpectRest();
@@ -80,7 +81,9 @@ class Sequence {
 
   void OneEvent() {
     constexpr Topology kChoices[] = {Topology::Internal, Topology::Clone, Topology::Extend, Topology::External};
-    switch (Pick(11)) {
+    switch (Pick(12)) {
+      case 10:
+        return ChangeUser();
       case 0:
         return laptop_.displays.Dock(*monitor_);
       case 1:
@@ -109,6 +112,14 @@ class Sequence {
         laptop_.displays.AppearsAfter(CPanel(), 1 + Pick(5000));
         laptop_.Advance(6000);
     }
+  }
+
+  void ChangeUser() {
+    auto& sessions = laptop_.sessions;
+    if (Pick(2) == 0) return sessions.SwitchToOneself();
+    Pick(2) == 0 ? sessions.SwitchAway() : sessions.RemoteTakesOver();
+    if (Pick(2) == 0) return OneEvent();  // while the user is away
+    sessions.SwitchBack();
   }
 
   void Turn(Screen& screen) {

@@ -156,6 +156,7 @@ int RunController() {
   // What happens from now on.
   const auto notifications = RegisterPowerNotifications(window);
   (void)os::RegisterSessionEvents(window);
+  CatchUpAfterStart();
   CheckProjection();
   PublishPanelPower();
   SubscribeToTouchPadStatus();

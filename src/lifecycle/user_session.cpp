@@ -19,7 +19,7 @@ struct Start {
 };
 
 Start TryStart(const std::wstring& program, const std::wstring& commandLine) {
-  auto token = os::SessionUserToken(ActiveSession());
+  auto token = UserToken();
   if (!token) return {os::Error{token.error()}, Step::Token};
   auto environment = os::CreateEnvironment(*token);
   if (!environment) return {os::Error{environment.error()}, Step::Environment};
@@ -32,14 +32,24 @@ Start TryStart(const std::wstring& program, const std::wstring& commandLine) {
   return {std::move(process), Step::Process};
 }
 
-}  // namespace
-
+/// The first active session, 0 when there is none or the system cannot tell.
 std::uint32_t ActiveSession() {
   const auto sessions = os::Sessions();
   if (!sessions) return 0;
   const auto active = std::find_if(sessions->begin(), sessions->end(),
                                    [](const os::Session& session) { return session.state == os::kSessionActive; });
   return active == sessions->end() ? 0 : active->id;
+}
+
+}  // namespace
+
+os::Result<os::Token> UserToken() {
+  constexpr std::uint32_t kNoUser = 1008;  // ERROR_NO_TOKEN: nobody is signed in to the session
+  if (const auto own = os::OwnSession()) {
+    auto token = os::SessionUserToken(*own);
+    if (token || token.error() != kNoUser) return token;
+  }
+  return os::SessionUserToken(ActiveSession());
 }
 
 std::optional<os::Process> StartInUserSession(const std::wstring& program, const std::wstring& commandLine) {

@@ -8,10 +8,12 @@
 
 namespace tessaview {
 
-/// The session the user sits before: the first active one, 0 when there is none or the system cannot tell.
-[[nodiscard]] std::uint32_t ActiveSession();
+/// The token of the user for whom this process acts: of its own session's, and only where that has none, of the first
+/// active session's. One user's programs ask this process for something, and must not get it with another's rights. Any
+/// thread.
+[[nodiscard]] os::Result<os::Token> UserToken();
 
-/// Starts a program as the active user on the interactive desktop; an empty `commandLine` passes none. Failures are
+/// Starts a program as that user on the interactive desktop; an empty `commandLine` passes none. Failures are
 /// logged. Any thread; milliseconds.
 [[nodiscard]] std::optional<os::Process> StartInUserSession(const std::wstring& program,
                                                             const std::wstring& commandLine = {});
@@ -20,7 +22,7 @@ namespace tessaview {
 /// exit code, 0 when it did not end in time; nothing when it could not be started.
 [[nodiscard]] std::optional<std::uint32_t> RunInUserSessionQuietly(const std::wstring& program);
 
-/// Runs a program as the active user and waits up to 5 seconds for it. False when it could not be started. On true,
+/// Runs a program as that user and waits up to 5 seconds for it. False when it could not be started. On true,
 /// `exitCode` is the program's, or left as it was when the program did not end in time.
 bool CreateProcessWithUserLevel(const std::wstring& program, std::uint32_t& exitCode);
 

@@ -8,6 +8,7 @@
 
 #include "core/trace_log.h"
 #include "display/configuration_database.h"
+#include "display/display_writes.h"
 #include "display/monitor_list.h"
 #include "display/projection_mode.h"
 #include "os/clock.h"
@@ -142,7 +143,7 @@ constexpr Rule kRules[] = {
 }  // namespace
 
 void SetExtend() {
-  (void)os::ChangeDisplayConfiguration({}, {}, os::kSdcApply | os::kSdcTopologyExtend);
+  (void)ChangeDisplays({}, {}, os::kSdcApply | os::kSdcTopologyExtend);
 }
 
 void ReSetTessaviewMode() {

@@ -8,13 +8,13 @@
 namespace tessaview {
 namespace {
 
-/// While one of these lives, its thread acts as the active user, if the process runs as the system account. Any other
-/// account acts for itself.
+/// While one of these lives, its thread acts as the session's user, if the process runs as the system account. Any
+/// other account acts for itself.
 class ActingAsUser {
  public:
   ActingAsUser() {
     if (!os::RunsAsSystem()) return;
-    const auto token = os::SessionUserToken(ActiveSession());
+    const auto token = UserToken();
     impersonating_ = token && os::Impersonate(*token);
     refused_ = !impersonating_;
   }
@@ -31,7 +31,7 @@ class ActingAsUser {
   bool refused_ = false;
 };
 
-/// With the rights of the active user, so that nobody can have the system account read or write a file for him.
+/// With the rights of the session's user, so that nobody can have the system account read or write a file for him.
 void CopyWallpaper(const FileCopyMessage& message) {
   Log(L"InputPath = %ls", message.inputPath);
   Log(L"OutputPath = %ls", message.outputPath);
@@ -51,7 +51,7 @@ void CopyWallpaper(const FileCopyMessage& message) {
 
 constexpr FileCopyCommand kCommand{
     L"COPYWALLPAPER", Match::Exact, CopyWallpaper, L"[COPYDATA] COPYWALLPAPER. \n",
-    "input path, output path; copies the input over the output with the active user's rights"};
+    "input path, output path; copies the input over the output with the rights of the session's user"};
 
 }  // namespace
 
