@@ -57,6 +57,8 @@ class Sessions {
   /// Another user takes the console: the session is locked before, or not.
   void SwitchAway();
   void LoseConsole();
+  /// The console is another session's, and neither a code nor a refused call has told so yet.
+  void LoseConsoleUntold() { console.reset(); }
   /// The user is back at the console, and then unlocks it.
   void SwitchBack();
   /// "Switch user", and back to oneself before anything else happened.
@@ -66,6 +68,8 @@ class Sessions {
   void RemoteEnds();
   /// An administrator puts the session back to the console, where it is not locked.
   void IsPutBack();
+  /// One of the stories above, by any number.
+  void SwitchSomehow(std::uint32_t number);
   /// The user signs out, which ends the controller's process; and in again, before it is started.
   void LogOff();
   void SignIn();

@@ -59,7 +59,8 @@ class RandomLife {
     if (pick == 4) return ChangePower();
     if (pick == 5)
       return laptop.touch.ReportFrom(Pick(2) == 0 ? laptop.touch.touchScreen() : laptop.touch.touchPad(), Noise(20));
-    if (pick == 6) return UseSession();
+    if (pick == 6 && Pick(2) == 0) return laptop.sessions.SwitchSomehow(Pick(7));
+    if (pick == 6) return Pick(2) == 0 ? laptop.sessions.Lock() : laptop.sessions.Unlock();
     if (pick == 7) return laptop.sessions.End(Pick(2) == 0 ? kSignOut : Pick(4));
     if (pick == 8) return Pick(2) == 0 ? laptop.touch.Unplug() : laptop.touch.Plug();
     if (pick == 9) return Pick(2) == 0 ? laptop.displays.cPanel().Detach() : laptop.displays.cPanel().Attach();
@@ -158,14 +159,6 @@ class RandomLife {
     }
     bytes.resize(kSizes[Pick(std::size(kSizes))], static_cast<std::uint8_t>(Pick(256)));
     laptop.ui.SendRaw(kKinds[Pick(std::size(kKinds))], bytes);
-  }
-
-  void UseSession() {
-    using Story = void (Sessions::*)();
-    constexpr Story kStories[] = {&Sessions::Lock,       &Sessions::Unlock,          &Sessions::SwitchAway,
-                                  &Sessions::SwitchBack, &Sessions::SwitchToOneself, &Sessions::IsPutBack,
-                                  &Sessions::RemoteEnds, &Sessions::RemoteTakesOver, &Sessions::LoseConsole};
-    (laptop.sessions.*kStories[Pick(std::size(kStories))])();
   }
 
   void UseHotKey() {

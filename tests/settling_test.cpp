@@ -83,7 +83,7 @@ class Sequence {
     constexpr Topology kChoices[] = {Topology::Internal, Topology::Clone, Topology::Extend, Topology::External};
     switch (Pick(12)) {
       case 10:
-        return ChangeUser();
+        return laptop_.sessions.SwitchSomehow(Pick(7));
       case 0:
         return laptop_.displays.Dock(*monitor_);
       case 1:
@@ -112,14 +112,6 @@ class Sequence {
         laptop_.displays.AppearsAfter(CPanel(), 1 + Pick(5000));
         laptop_.Advance(6000);
     }
-  }
-
-  void ChangeUser() {
-    auto& sessions = laptop_.sessions;
-    if (Pick(2) == 0) return sessions.SwitchToOneself();
-    Pick(2) == 0 ? sessions.SwitchAway() : sessions.RemoteTakesOver();
-    if (Pick(2) == 0) return OneEvent();  // while the user is away
-    sessions.SwitchBack();
   }
 
   void Turn(Screen& screen) {

@@ -1,5 +1,6 @@
 #include <utility>
 
+#include "core/console.h"
 #include "core/trace_log.h"
 #include "display/display_writes.h"
 #include "display/panel_nudge.h"
@@ -68,6 +69,7 @@ void PayOwedMove() {
 }  // namespace
 
 void KeepCPanelInPlace() {
+  if (!IsAtConsole()) return;  // what cannot be put right now would count as checked
   if (!IsFullScreenWindow(os::RootWindow(os::ForegroundWindow()))) CheckCPanel_Position_Orientation();
 }
 
