@@ -13,7 +13,6 @@ void LetThingsHappen(Laptop& laptop) {
   laptop.power.CloseLid();
   laptop.power.OpenLid();
   laptop.power.Unplug();
-  laptop.power.Plug();
   laptop.power.SetLidAction(Power::LidAction::DoNothing);
   laptop.displays.cPanel().MoveTo(1920, 0);
   laptop.displays.Changed();
@@ -38,12 +37,13 @@ TEST(SeveralUsers, AnAbsentControllerLeavesTheMachineAloneAndCatchesUpWhenItIsBa
     EXPECT_EQ(laptop.faults.Calls<&os::ChangeDisplaySettings>(), 0u);
     EXPECT_EQ(laptop.faults.Calls<&os::ChangeDisplayConfiguration>(), 0u);
     EXPECT_FALSE(laptop.touch.InCursorMode());
-    EXPECT_EQ(laptop.settings.Text(L"Tessaview") + laptop.settings.Text(L"Backlight"), L"On102");
+    EXPECT_EQ(laptop.settings.Text(L"Tessaview") + laptop.settings.Text(L"BacklightDC"), L"On102");
 
     laptop.firmware.SetRegister(Firmware::kPower, Firmware::kPanelOff);  // as the other user liked it
+    laptop.settings.Set(L"BacklightDC", L"77");
     (laptop.sessions.*stories[1])();
     EXPECT_TRUE(laptop.firmware.PanelOn());
-    EXPECT_EQ(laptop.firmware.Backlight(), 102u);
+    EXPECT_EQ(laptop.firmware.Backlight(), 77u);
     EXPECT_EQ(laptop.firmware.Writes(Firmware::kLidCloseAction).at(0), 0u);
     EXPECT_EQ(laptop.firmware.Writes(Firmware::kRefreshRate), Words{0});
     EXPECT_EQ(laptop.displays.cPanel().Area(), kCPanel);
@@ -56,8 +56,8 @@ TEST(SeveralUsers, AnAbsentControllerLeavesTheMachineAloneAndCatchesUpWhenItIsBa
 }
 
 TEST(SeveralUsers, TheirSwitchesMayFallIntoTheMiddleOfAnything) {
-  for (std::uint32_t ms = 0; ms < 4000; ms += 130) {
-    Laptop laptop({.saved = L"On", .uiRunning = true});
+  for (std::uint32_t ms = 0; ms < 4000; ms += 260) {
+    Laptop laptop({.saved = L"On"});
     laptop.firmware.SetRegister(Firmware::kPower, Firmware::kPanelOff);
     laptop.sessions.SwitchAway();
     laptop.After(ms, [&laptop] { laptop.sessions.SwitchBack(); });

@@ -156,7 +156,6 @@ int RunController() {
   // What happens from now on.
   const auto notifications = RegisterPowerNotifications(window);
   (void)os::RegisterSessionEvents(window);
-  CatchUpAfterStart();
   CheckProjection();
   PublishPanelPower();
   SubscribeToTouchPadStatus();

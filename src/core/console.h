@@ -7,7 +7,4 @@ namespace tessaview {
 /// session. Any thread; microseconds.
 [[nodiscard]] bool IsAtConsole();
 
-/// Whether IsAtConsole has answered no since this was asked last, so that something was left undone. Any thread.
-[[nodiscard]] bool ClaimAbsence();
-
 }  // namespace tessaview

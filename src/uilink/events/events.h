@@ -50,9 +50,6 @@ void CatchUp();
 /// Notes locks and unlocks in the log, and catches up when the session is at the console again. Can take seconds.
 void OnSessionChange(std::uint32_t event);
 
-/// Session events are heard from now on: catches up if the session came to the console before that. Can take seconds.
-void CatchUpAfterStart();
-
 // ---- touch_forwarding.cpp ----
 
 /// Forwards raw input of the C panel's touch screen and touch pad to the UI, thinned to every third report and every

@@ -1,6 +1,5 @@
 #include <utility>
 
-#include "core/console.h"
 #include "core/state.h"
 #include "core/trace_log.h"
 #include "uilink/events/events.h"
@@ -54,10 +53,6 @@ void OnSessionChange(std::uint32_t event) {
     default:
       return;
   }
-}
-
-void CatchUpAfterStart() {
-  if (ClaimAbsence() && IsAtConsole()) CatchUp();
 }
 
 }  // namespace tessaview
