@@ -46,6 +46,10 @@ class Desktop {
   void Close(os::WindowHandle window);
   void CloseAll(const std::wstring& className);
 
+  /// The user sees this desktop. While he sees another, as when his session is not at the console, programs here have
+  /// no foreground window, and keys and mouse do nothing.
+  bool userIsHere = true;
+
   [[nodiscard]] os::WindowHandle Foreground() const { return foreground_; }
   /// Brings a window to the top and to the user; None for the moment when no window is.
   void SetForeground(os::WindowHandle window);

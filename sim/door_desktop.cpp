@@ -32,7 +32,7 @@ WindowHandle WindowAt(Point point) {
 }
 
 WindowHandle ForegroundWindow() {
-  if (sim::Enter<&ForegroundWindow>().failed()) return WindowHandle::None;
+  if (sim::Enter<&ForegroundWindow>().failed() || !Machine().desktop.userIsHere) return WindowHandle::None;
   return Machine().desktop.Foreground();
 }
 

@@ -10,11 +10,19 @@ using sim::Machine;
 
 constexpr std::size_t kLongestMonitorPath = 127, kLongestFriendlyName = 63;
 
+/// The one monitor of a session that does not reach the laptop's own.
+const Monitor& ForeignMonitor() {
+  static const Monitor monitor{
+      static_cast<MonitorHandle>(0x7FFF1), {0, 0, 1024, 768}, {0, 0, 1024, 768}, 1, L"WinDisc"};
+  return monitor;
+}
+
 }  // namespace
 
 Result<DisplayConfiguration> QueryDisplayConfiguration(DisplayQuery sizes, DisplayQuery query) {
   const auto call = sim::Enter<&QueryDisplayConfiguration>();
   if (call.failed()) return Error{call.error()};
+  if (!Machine().sessions.ReachesDisplays()) return Error{sim::kAccessDenied};
   const auto& displays = Machine().displays;
   const auto room = displays.Paths(sizes != DisplayQuery::AllPaths).size();
   DisplayConfiguration configuration;
@@ -30,6 +38,7 @@ std::int32_t ChangeDisplayConfiguration(const std::vector<DisplayPath>& paths, c
                                         std::uint32_t flags) {
   const auto call = sim::Enter<&ChangeDisplayConfiguration>();
   if (call.failed()) return static_cast<std::int32_t>(call.error());
+  if (!Machine().sessions.ReachesDisplays()) return sim::kAccessDenied;
   return Machine().displays.ChangeConfiguration(paths, modes, flags);
 }
 
@@ -55,6 +64,7 @@ TargetName QueryTargetName(const DisplayPath& path) {
 std::vector<Monitor> DesktopMonitors() {
   const auto call = sim::Enter<&DesktopMonitors>();
   if (call.failed()) return {};
+  if (!Machine().sessions.ReachesDisplays()) return {ForeignMonitor()};
   auto monitors = Machine().desktop.Monitors();
   monitors.resize(call.Shortened(monitors.size()));
   return monitors;
@@ -69,11 +79,13 @@ std::optional<std::wstring> DisplayDeviceName(std::uint32_t index) {
   const auto call = sim::Enter<&DisplayDeviceName>();
   const auto& screens = Machine().displays.Screens();
   if (call.failed() || index >= screens.size()) return std::nullopt;
+  if (!Machine().sessions.ReachesDisplays()) return index == 0 ? std::optional(ForeignMonitor().device) : std::nullopt;
   return screens[index].gdiName;
 }
 
 std::optional<DisplaySettings> CurrentDisplaySettings(const std::wstring& gdiName) {
   if (sim::Enter<&CurrentDisplaySettings>().failed()) return std::nullopt;
+  if (!Machine().sessions.ReachesDisplays()) return std::nullopt;
   const auto* screen = Machine().displays.FindGdiName(gdiName);
   if (screen == nullptr) return std::nullopt;
   if (!Machine().displays.MirrorsFirst(*screen)) return screen->Settings();
@@ -82,7 +94,7 @@ std::optional<DisplaySettings> CurrentDisplaySettings(const std::wstring& gdiNam
 
 std::int32_t ChangeDisplaySettings(const std::wstring& gdiName, const DisplaySettings& settings, std::uint32_t flags) {
   constexpr std::int32_t kFailed = -1;  // DISP_CHANGE_FAILED
-  if (sim::Enter<&ChangeDisplaySettings>().failed()) return kFailed;
+  if (sim::Enter<&ChangeDisplaySettings>().failed() || !Machine().sessions.ReachesDisplays()) return kFailed;
   return Machine().displays.ChangeSettings(gdiName, settings, flags);
 }
 

@@ -29,7 +29,7 @@ Result<Bytes> ReadFileStart(const std::wstring& path, std::size_t size) {
 
 Status OverwriteByCopy(const std::wstring& from, const std::wstring& to) {
   if (const auto call = sim::Enter<&OverwriteByCopy>(); call.failed()) return Error{call.error()};
-  return sim::Outcome(Machine().files.Copy(from, to, Machine().sessions.ImpersonatingNow()));
+  return sim::Outcome(Machine().files.Copy(from, to, Machine().sessions.ActingAs()));
 }
 
 std::optional<std::wstring> CommonAppDataFolder() {

@@ -11,7 +11,7 @@ bool IsKeyDown(std::uint32_t virtualKey) {
 }
 
 void ClickLeftButton() {
-  if (!sim::Enter<&ClickLeftButton>().failed()) Machine().input.ClickLeft();
+  if (!sim::Enter<&ClickLeftButton>().failed() && Machine().desktop.userIsHere) Machine().input.ClickLeft();
 }
 
 Point CursorPosition() {

@@ -34,6 +34,16 @@ Result<std::vector<Session>> Sessions() {
   return sessions;
 }
 
+Result<std::uint32_t> OwnSession() {
+  if (const auto call = sim::Enter<&OwnSession>(); call.failed()) return Error{call.error()};
+  return Machine().sessions.own;
+}
+
+std::optional<std::uint32_t> ConsoleSession() {
+  if (sim::Enter<&ConsoleSession>().failed()) return std::nullopt;
+  return Machine().sessions.console;
+}
+
 void CloseToken(TokenHandle token) noexcept {
   if (sim::IsOn()) Machine().sessions.Close(token);
 }

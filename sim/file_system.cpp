@@ -103,8 +103,9 @@ std::uint32_t FileSystem::Door::CreateFolder(const std::wstring& path) {
   return error;
 }
 
-std::uint32_t FileSystem::Door::Copy(const std::wstring& from, const std::wstring& to, bool asUser) {
-  const auto error = TryCopy(Normalised(from), Normalised(to), asUser);
+std::uint32_t FileSystem::Door::Copy(const std::wstring& from, const std::wstring& to,
+                                     std::optional<std::uint32_t> asUser) {
+  const auto error = TryCopy(Normalised(from), Normalised(to), asUser.has_value());
   copies_.push_back({from, to, asUser, error});
   return error;
 }

@@ -21,7 +21,7 @@ struct FolderCreation {
 /// One copy that was asked for.
 struct FileCopy {
   std::wstring from, to;
-  bool asUser = false;  // the copying thread acted as the signed-in user
+  std::optional<std::uint32_t> asUser = {};  // the session as whose user the copying thread acted
   std::uint32_t error = 0;
 };
 
@@ -82,7 +82,7 @@ class FileSystem {
 class FileSystem::Door : public FileSystem {
  public:
   std::uint32_t CreateFolder(const std::wstring& path);
-  std::uint32_t Copy(const std::wstring& from, const std::wstring& to, bool asUser);
+  std::uint32_t Copy(const std::wstring& from, const std::wstring& to, std::optional<std::uint32_t> asUser);
   os::Result<os::Bytes> ReadStart(const std::wstring& path, std::size_t size, bool asUser) const;
   [[nodiscard]] std::vector<std::wstring> ProductNames(const std::wstring& path, bool asUser) const;
   using FileSystem::WriteText;

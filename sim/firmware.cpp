@@ -39,6 +39,12 @@ void Firmware::SetGeneration(int generation) {
   SetRegister(kGeneration, generation == 1 ? kFirstGenerationBit : 0);
 }
 
+std::size_t Firmware::WriteCount() const {
+  return static_cast<std::size_t>(std::count_if(requests_.begin(), requests_.end(), [](const FirmwareRequest& request) {
+    return request.method == FirmwareRequest::Method::Write;
+  }));
+}
+
 std::vector<std::uint32_t> Firmware::Writes(std::uint32_t id) const {
   std::vector<std::uint32_t> values;
   for (const auto& request : requests_) {

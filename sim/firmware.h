@@ -64,6 +64,8 @@ class Firmware {
   [[nodiscard]] const std::vector<FirmwareRequest>& Requests() const { return requests_; }
   /// The values written to one register, in order.
   [[nodiscard]] std::vector<std::uint32_t> Writes(std::uint32_t id) const;
+  /// How many writes there were to all of them.
+  [[nodiscard]] std::size_t WriteCount() const;
   void ForgetRequests() { requests_.clear(); }
 
   [[nodiscard]] const std::vector<FirmwareVariable>& Variables() const { return variables_; }

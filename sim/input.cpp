@@ -5,6 +5,7 @@
 namespace sim {
 
 void Input::Turn(std::uint32_t virtualKey, bool down) {
+  if (!desktop_.userIsHere) return;
   if (down) {
     down_.insert(virtualKey);
   } else {

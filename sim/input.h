@@ -4,6 +4,7 @@
 #include <functional>
 #include <set>
 
+#include "sim/desktop.h"
 #include "sim/hooks.h"
 #include "sim/scheduler.h"
 
@@ -15,7 +16,8 @@ class Input {
  public:
   class Door;
 
-  Input(Scheduler& scheduler, Hook::Door& hook) : scheduler_(scheduler), hook_(hook) {}
+  Input(Scheduler& scheduler, Hook::Door& hook, const Desktop& desktop)
+      : scheduler_(scheduler), hook_(hook), desktop_(desktop) {}
 
   void Press(std::uint32_t virtualKey);
   void Release(std::uint32_t virtualKey);
@@ -33,6 +35,7 @@ class Input {
 
   Scheduler& scheduler_;
   Hook::Door& hook_;
+  const Desktop& desktop_;
   Keys down_;
   const Watcher* watcher_ = nullptr;
   const Keys* downThen_ = nullptr;  // when the key came that a program looks at

@@ -54,6 +54,7 @@ Laptop::Laptop(const LaptopOptions& options) : parts_(options.seed, options.inte
   WriteSettings(options);
   firmware.SetGeneration(options.generation);
   sessions.setupComplete = options.setupComplete;
+  sessions.WhenLoggedOff([this] { EndProcess(); });
   apps.uiInstalled = options.uiInstalled;
   processes[kCheckTool].exitCode = options.uiInstalled ? 1 : 0;
   processes.Run(files.ownProgram);

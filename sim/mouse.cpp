@@ -24,6 +24,7 @@ void Mouse::Later(std::uint32_t ms, std::function<void()> step) {
 }
 
 void Mouse::Add(std::optional<MouseEvent> kind, Point point, std::function<void()> effect) {
+  if (!desktop_.userIsHere) return;
   std::function<void()> call;
   if (kind) call = [=, this] { (*watcher_)(*kind, point); };
   hook_.Offer(std::move(call), std::move(effect));

@@ -66,7 +66,7 @@ struct Parts {
   Firmware::Door firmware{displays};
   TouchController::Door touch{scheduler, window};
   Hooks hooks{scheduler, loops};
-  Input::Door input{scheduler, hooks.keyboard};
+  Input::Door input{scheduler, hooks.keyboard, desktop};
   Mouse::Door mouse{scheduler, hooks.mouse, desktop};
   Ui ui{scheduler, processes, desktop, window};
   Apps::Door apps{scheduler, registry, processes, ui};

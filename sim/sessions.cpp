@@ -81,17 +81,19 @@ os::Status Sessions::Door::EnablePrivilege(os::TokenHandle token, const wchar_t*
 }
 
 os::Status Sessions::Door::Impersonate(os::TokenHandle token) {
-  if (!SessionOf(token)) return os::Error{kInvalidHandle};
-  impersonating_.insert(Scheduler::ThreadId());
+  const auto session = SessionOf(token);
+  if (!session) return os::Error{kInvalidHandle};
+  actingAs_[Scheduler::ThreadId()] = *session;
   return os::Done{};
 }
 
 void Sessions::Door::Revert() {
-  impersonating_.erase(Scheduler::ThreadId());
+  actingAs_.erase(Scheduler::ThreadId());
 }
 
-bool Sessions::ImpersonatingNow() const {
-  return impersonating_.contains(Scheduler::ThreadId());
+std::optional<std::uint32_t> Sessions::ActingAs() const {
+  const auto found = actingAs_.find(Scheduler::ThreadId());
+  return found == actingAs_.end() ? std::nullopt : std::optional(found->second);
 }
 
 os::Result<os::Environment> Sessions::Door::CreateEnvironment(os::TokenHandle token) {
@@ -122,7 +124,7 @@ void Sessions::Door::EndProcess() {
   tokens_.CloseAll();
   environments_.CloseAll();
   enabledPrivileges_.clear();
-  impersonating_.clear();
+  actingAs_.clear();
   onSetup_ = nullptr;
 }
 

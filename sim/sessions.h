@@ -1,9 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <optional>
 #include <set>
+#include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "os/first_sign_in.h"
@@ -23,6 +27,9 @@ struct SessionState {
 };
 
 /// Sessions, users' tokens, rights, and the first sign-in of the machine.
+///
+/// Of the controllers only that of the session `own` runs. What those of other users do, a test does in their place: to
+/// the firmware, the displays, the registry and the settings file, which all share.
 class Sessions {
  public:
   class Door;
@@ -31,9 +38,12 @@ class Sessions {
       : scheduler_(scheduler), desktop_(desktop), window_(window), hooks_(hooks) {}
 
   static constexpr std::uint32_t kActive = 0, kDisconnected = 4, kListen = 6;  // WTS_CONNECTSTATE_CLASS
+  static constexpr std::uint32_t kOther = 2;                                   // the session of the next user
 
   /// The sessions, in the system's order; a test may change them at any time.
   std::vector<SessionState> all = {{0, kDisconnected, false}, {1, kActive, true}, {65536, kListen, false}};
+  std::uint32_t own = 1;                     // the session that the controller belongs to
+  std::optional<std::uint32_t> console = 1;  // the one at the screen and keyboard; none while that changes
   /// Nobody is signed in at the console.
   void SignOut();
 
@@ -41,6 +51,33 @@ class Sessions {
   /// The lock screen covers the desktop and is the foreground until Unlock.
   void Lock();
   void Unlock();
+
+  // ---- several users: scripts of codes with their gaps (session_scripts.cpp); the laptop settles after each ----
+  // From the first code on the user is elsewhere: no key, no mouse and no foreground reach the controller's desktop,
+  // and its calls to the displays are refused, also for a moment after he is back.
+  /// Another user takes the console: the session is locked before, or not.
+  void SwitchAway();
+  void LoseConsole();
+  /// The console is another session's, and neither a code nor a refused call has told so yet.
+  void LoseConsoleUntold() { console.reset(); }
+  /// The user is back at the console, and then unlocks it.
+  void SwitchBack();
+  /// "Switch user", and back to oneself before anything else happened.
+  void SwitchToOneself();
+  /// The user goes on from another machine, and leaves there.
+  void RemoteTakesOver();
+  void RemoteEnds();
+  /// An administrator puts the session back to the console, where it is not locked.
+  void IsPutBack();
+  /// One of the stories above, by any number.
+  void SwitchSomehow(std::uint32_t number);
+  /// The user signs out, which ends the controller's process; and in again, before it is started.
+  void LogOff();
+  void SignIn();
+  [[nodiscard]] bool ReachesDisplays() const;
+  /// What ends the process.
+  void WhenLoggedOff(std::function<void()> then) { loggedOff_ = std::move(then); }
+
   /// Windows asks for consent, or for a password, on a desktop of its own; then the user's is back.
   void ShowSecureDesktop() { SwitchDesktop(true); }
   void HideSecureDesktop() { SwitchDesktop(false); }
@@ -57,14 +94,19 @@ class Sessions {
   std::set<std::wstring> missingPrivileges;  // the own token does not hold these
   [[nodiscard]] bool PrivilegeEnabled(const std::wstring& name) const { return enabledPrivileges_.contains(name); }
 
-  /// Whether the calling thread acts with a user's rights.
-  [[nodiscard]] bool ImpersonatingNow() const;
+  /// The session with whose user's rights the calling thread acts; none with its own.
+  [[nodiscard]] std::optional<std::uint32_t> ActingAs() const;
 
   [[nodiscard]] std::size_t OpenTokens() const { return tokens_.size(); }
   [[nodiscard]] std::size_t OpenEnvironments() const { return environments_.size(); }
   [[nodiscard]] bool SetupWaitRegistered() const { return onSetup_ != nullptr; }
 
  private:
+  struct Step;
+  void Play(std::span<const Step> script);
+  void Take(std::uint32_t code);
+  SessionState& Of(std::uint32_t session);
+  void ComeBack();
   void Tell(std::uint32_t event);
   void SwitchDesktop(bool secure);
 
@@ -78,9 +120,12 @@ class Sessions {
   HandleTable<os::TokenHandle, TokenOf> tokens_;
   HandleTable<os::EnvironmentHandle, std::uint32_t> environments_;
   std::set<std::wstring> enabledPrivileges_;
-  std::set<std::uint32_t> impersonating_;  // threads
+  std::map<std::uint32_t, std::uint32_t> actingAs_;  // by thread
   void (*onSetup_)() = nullptr;
   bool secureDesktop_ = false;
+  bool isLocked_ = false;                  // in a script
+  std::uint64_t displaysReachedAtMs_ = 0;  // while the user is here
+  std::function<void()> loggedOff_;
 };
 
 class Sessions::Door : public Sessions {

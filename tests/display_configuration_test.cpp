@@ -34,6 +34,7 @@ TEST(PathRotation, IsReadAndSetTo270DegreesOnUsablePathsOnly) {
   for (const auto& path : {Path{.change = [](Screen& s) { s.pathFlags = 1 | 8; }},
                            Path{.change = [](Screen& s) { s.targetStatusFlags = 0x80; }},
                            Path{.change = [](Screen& s) { s.pathFlags = 8; }, .isUsable = false},
+                           Path{.change = [](Screen& s) { s.targetAvailable = false; }, .isUsable = false},
                            Path{.change = [](Screen& s) { s.targetStatusFlags = 0; }, .isUsable = false}}) {
     Laptop laptop;
     auto& c = laptop.displays.cPanel();

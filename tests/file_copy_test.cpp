@@ -41,9 +41,10 @@ class FileCopy : public testing::Test {
   RunningLaptop laptop;
 };
 
-TEST_F(FileCopy, OverwritesTheOutputWithTheRightsOfTheUser) {
+TEST_F(FileCopy, OverwritesTheOutputWithTheRightsOfItsSessionsUser) {
+  laptop.sessions.all.insert(laptop.sessions.all.begin(), {Sessions::kOther, Sessions::kActive, true});
   EXPECT_EQ(Copied(), kSea);
-  EXPECT_TRUE(laptop.files.Copies().at(0).asUser);
+  EXPECT_EQ(laptop.files.Copies().at(0).asUser, laptop.sessions.own);
   ExpectOwnRights();
 }
 

@@ -9,7 +9,8 @@ using namespace support;
 TEST(Lid, ClosedThePanelIsNotShownAndMaskedOnlyWhereTheMachineGoesOn) {
   for (const bool goesOn : {false, true}) {
     RunningLaptop laptop({.uiRunning = true});
-    laptop.power.SetLidAction(goesOn ? Power::LidAction::DoNothing : Power::LidAction::Hibernate);
+    laptop.power.SetLidAction(Power::LidAction::DoNothing);
+    if (!goesOn) laptop.power.Unplug(), laptop.power.SetLidAction(Power::LidAction::Hibernate);
     laptop.power.CloseLid();
     EXPECT_EQ(laptop.ui.Received(), goesOn ? (Texts{L"POWEROFF", L"OPENMASK"}) : Texts{L"POWEROFF"});
     EXPECT_EQ(laptop.settings.Text(L"Tessaview"), L"On");
@@ -20,14 +21,18 @@ TEST(Lid, ClosedThePanelIsNotShownAndMaskedOnlyWhereTheMachineGoesOn) {
   }
 }
 
-TEST(Lid, OpenedOverAVirtualMonitorNudgesThePanelIntoItsPlace) {
-  RunningLaptop laptop({.uiRunning = true});
-  laptop.power.SetLidAction(Power::LidAction::DoNothing);
-  laptop.power.CloseLid();
-  laptop.displays.wallpaperPaths = {L"", L"\\\\?\\DISPLAY#TSB8888#a"};
-  laptop.power.OpenLid();
-  EXPECT_EQ(TimesTold(laptop, L"SETWALLPAPER"), 0);
-  EXPECT_EQ(laptop.displays.SettingsChanges().size(), 2u) << "one pixel away, and back";
+TEST(Lid, OpenedOverAVirtualMonitorOrTheDisplayOnNudgesThePanelIntoItsPlaceAndSwitchesItOn) {
+  for (const bool byLid : {true, false}) {
+    RunningLaptop laptop({.uiRunning = true});
+    laptop.power.SetLidAction(Power::LidAction::DoNothing);
+    byLid ? laptop.power.CloseLid() : laptop.power.SetDisplay(Power::Display::Off);
+    laptop.displays.wallpaperPaths = {L"", L"\\\\?\\DISPLAY#TSB8888#a"};
+    laptop.firmware.SetRegister(Firmware::kPower, Firmware::kPanelOff);
+    byLid ? laptop.power.OpenLid() : laptop.power.SetDisplay(Power::Display::On);
+    EXPECT_EQ(TimesTold(laptop, L"SETWALLPAPER"), 0);
+    EXPECT_EQ(laptop.displays.SettingsChanges().size(), 2u) << "one pixel away, and back";
+    EXPECT_TRUE(laptop.firmware.PanelOn());
+  }
 }
 
 TEST(Lid, FirstNotificationsAreNoOpening) {
@@ -53,7 +58,7 @@ TEST(Lid, TheMaskWaitsForTheUserWithoutATimeLimitAndHoldsUpNothing) {
   EXPECT_EQ(TimesTold(laptop, L"CLOSEMASK"), 0);
   EXPECT_EQ(TimesTold(laptop, L"BLSET"), 1) << "commands are served meanwhile";
   laptop.desktop.SetForeground(os::WindowHandle::None);  // nothing covers the desktop either
-  laptop.Advance(100);
+  laptop.sessions.Unlock();
   EXPECT_EQ(TimesTold(laptop, L"CLOSEMASK"), 1);
 
   laptop.desktop.OpenInForeground({.className = kCover});

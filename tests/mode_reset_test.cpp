@@ -73,6 +73,10 @@ TEST(ModeReset, MakesTheStoredConfigurationsWithTheCPanelTheNewest) {
   const auto withA = b + L"+" + kC + L"^12AB", withB = b + L"+TSB88882290649088_1C_07DB_8B^34CD", alone = b + L"^56EF",
              third = b + L"+" + kC + L"+GEN^78";
   for (const auto& key : {withA, withB, alone, third}) laptop.registry.SetQword(key, L"Timestamp", 1);
+  laptop.sessions.LoseConsoleUntold();
+  Reset(laptop, Topology::Internal);
+  EXPECT_EQ(laptop.registry.Qword(withA, L"Timestamp"), 1u) << "not while another user is before the panels";
+  laptop.sessions.IsPutBack();
   Reset(laptop, Topology::Internal);
   const auto stamp = laptop.registry.Qword(withA, L"Timestamp");
   EXPECT_GT(stamp, 1u);
@@ -107,6 +111,9 @@ TEST(StoredConfiguration, IsRepairedForThePresentMonitorsOnly) {
   for (const auto& keys : {mine, foreign, cs}) {
     for (const auto& key : keys) StoreWrongly(laptop, key);
   }
+  laptop.sessions.LoseConsoleUntold();
+  EXPECT_FALSE(tessaview::RepairStoredPanelConfiguration()) << "the panels are another user's";
+  laptop.sessions.IsPutBack();
   EXPECT_TRUE(tessaview::RepairStoredPanelConfiguration());
   const auto number = [&](const std::wstring& key, const wchar_t* name) { return laptop.registry.Dword(key, name); };
   for (const auto& key : mine) {

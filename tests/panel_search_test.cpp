@@ -55,8 +55,8 @@ TEST(PanelSearch, TellsThePanelsByTheIdsUpToTheirLastBackslash) {
 }
 
 TEST(PanelSearch, OverlooksDisplaysThatAreNotPlainlyActive) {
-  for (const auto change :
-       {+[](Screen& s) { s.Unplug(); }, +[](Screen& s) { s.Detach(); }, +[](Screen& s) { s.pathFlags = 1 | 8; }}) {
+  for (const auto change : {+[](Screen& s) { s.Unplug(); }, +[](Screen& s) { s.Detach(); },
+                            +[](Screen& s) { s.pathFlags = 1 | 8; }, +[](Screen& s) { s.targetAvailable = false; }}) {
     Laptop laptop;
     change(laptop.displays.cPanel());
     EXPECT_EQ(EnumDisplayDevice(), PanelsFound::OnlyB);

@@ -59,6 +59,7 @@ class RandomLife {
     if (pick == 4) return ChangePower();
     if (pick == 5)
       return laptop.touch.ReportFrom(Pick(2) == 0 ? laptop.touch.touchScreen() : laptop.touch.touchPad(), Noise(20));
+    if (pick == 6 && Pick(2) == 0) return laptop.sessions.SwitchSomehow(Pick(7));
     if (pick == 6) return Pick(2) == 0 ? laptop.sessions.Lock() : laptop.sessions.Unlock();
     if (pick == 7) return laptop.sessions.End(Pick(2) == 0 ? kSignOut : Pick(4));
     if (pick == 8) return Pick(2) == 0 ? laptop.touch.Unplug() : laptop.touch.Plug();
@@ -78,6 +79,7 @@ class RandomLife {
     laptop.touch.modeSwitch().enabled = true;  // a reset that was cut short leaves it switched off
     laptop.displays.cPanel().Attach();
     laptop.displays.UserProjects(Topology::Extend);
+    laptop.sessions.IsPutBack();
     laptop.sessions.Unlock();
   }
 

@@ -21,10 +21,15 @@ TEST(PackageWatch, LaunchesAUiThatHasJustBeenInstalled) {
 }
 
 TEST(PackageWatch, RefreshesThePanelsAndLeavesTheRestAlone) {
-  using Change = void (*)(Laptop&);
-  for (const Change change : {Change{[](auto& laptop) { laptop.apps.RemoveUi(); }},
-                              Change{[](auto& laptop) { laptop.ui.OpenGuide(), laptop.apps.InstallUi(); }}}) {
-    RunningLaptop laptop({.saved = L"On"});
+  struct Case {
+    void (*change)(Laptop&);
+    bool setupComplete = true;
+  };
+  for (const auto& [change, setupComplete] :
+       {Case{[](auto& laptop) { laptop.apps.RemoveUi(); }},
+        Case{[](auto& laptop) { laptop.ui.OpenGuide(), laptop.apps.InstallUi(); }},
+        Case{[](auto& laptop) { laptop.apps.InstallUi(); }, false}}) {
+    RunningLaptop laptop({.saved = L"On", .setupComplete = setupComplete});
     laptop.ui.Die();
     const auto activations = laptop.apps.Activations().size();
     ForgetTheStory(laptop);
@@ -49,9 +54,11 @@ TEST(PackageWatch, TakesTheManyEntriesOfOneInstallationForOne) {
 }
 
 TEST(ResumeWatch, PutsPanelsTouchAndFirmwareRightAfterHibernationAndTellsTheUi) {
-  for (const int generation : {1, 2}) {
+  for (const auto& [generation, onMains] : {std::pair(1, true), {2, true}, {2, false}}) {
     LaptopInUse laptop(generation);
-    laptop.power.SetSchemeLidAction(true, 0);
+    if (!onMains) laptop.power.Unplug(), laptop.firmware.ForgetRequests();
+    laptop.power.SetSchemeLidAction(onMains, 0);
+    laptop.power.SetSchemeLidAction(!onMains, 2);
     laptop.ui.Hang();  // which holds nobody up
     laptop.power.HibernateAndWake();
     EXPECT_TRUE(laptop.trace.Contains(L"EnumDisplayDevice Start"));

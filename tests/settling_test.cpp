@@ -41,6 +41,7 @@ class Sequence {
   void ComeToRest() {
     laptop_.faults.ClearAll();
     laptop_.ui.Recover();
+    laptop_.sessions.SwitchBack();
     laptop_.displays.Changed();
     laptop_.Advance(30'000);
     ExpectRest();
@@ -80,7 +81,9 @@ class Sequence {
 
   void OneEvent() {
     constexpr Topology kChoices[] = {Topology::Internal, Topology::Clone, Topology::Extend, Topology::External};
-    switch (Pick(11)) {
+    switch (Pick(12)) {
+      case 10:
+        return laptop_.sessions.SwitchSomehow(Pick(7));
       case 0:
         return laptop_.displays.Dock(*monitor_);
       case 1:

@@ -27,12 +27,13 @@ Run RunTool(Laptop& laptop) {
   return run;
 }
 
-TEST(UserSession, RunsProgramsAsTheFirstActiveUserOnTheInteractiveDesktop) {
+TEST(UserSession, RunsProgramsAsItsOwnUserOrElseTheFirstActiveOneOnTheInteractiveDesktop) {
   using States = std::vector<sim::SessionState>;
   for (const auto& [session, states] :
        {std::pair(1U, States{{0, Sessions::kDisconnected, false}, {1, Sessions::kActive, true}}),
-        {3U, {{1, Sessions::kDisconnected, true}, {3, Sessions::kActive, true}, {2, Sessions::kActive, true}}},
-        {0U, {{0, Sessions::kListen, true}, {1, Sessions::kDisconnected, true}}}}) {
+        {1U, {{1, Sessions::kDisconnected, true}, {3, Sessions::kActive, true}}},
+        {3U, {{1, Sessions::kDisconnected, false}, {3, Sessions::kActive, true}, {2, Sessions::kActive, true}}},
+        {0U, {{0, Sessions::kListen, true}, {1, Sessions::kDisconnected, false}}}}) {
     Laptop laptop;
     laptop.sessions.all = states;
     laptop.processes[L"Tool.exe"].exitCode = 7;
@@ -52,7 +53,9 @@ TEST(UserSession, SaysWhyAProgramCannotBeStarted) {
     std::size_t handlesLeft = 0;
   };
   for (const auto& trouble :
-       {Trouble{.arrange = [](Laptop& l) { l.faults.Fail<&os::Sessions>(); },  // then session 0 counts
+       {Trouble{.arrange = [](Laptop& l) { l.faults.Fail<&os::SessionUserToken>({.error = 5, .times = 1}); },
+       .line = L" WTSQueryUserToken api GetLastError = 5 \n"},
+        Trouble{.arrange = [](Laptop& l) { l.sessions.SignOut(), l.faults.Fail<&os::Sessions>(); },  // so session 0
                 .line = L" WTSQueryUserToken api GetLastError = 1008 \n"},
         // On this path neither token nor environment is released, and it stays so.
         Trouble{.arrange = [](Laptop& l) { l.processes[L"Tool.exe"].error = 1260; },

@@ -1,6 +1,7 @@
 // The life of a laptop, told from beginning to end: what the person before it sees, and what the machine's other
 // software does. Each story runs through all of the controller.
 
+#include "os/hid.h"
 #include "tests/support.h"
 
 namespace {
@@ -49,6 +50,15 @@ TEST(WholeLaptop, InAShopItComesBackByItself) {
   EXPECT_GT(laptop.apps.Activations().size(), launches);
   laptop.Advance(6 * kMinuteMs);
   EXPECT_EQ(laptop.input.LeftClicks(), 2);
+}
+
+TEST(WholeLaptop, SetupFinishedDuringStartUpBringsTheUiOnceStartUpIsReadyForIt) {
+  Laptop laptop({.setupComplete = false});
+  laptop.faults.Slow<&os::EnableHidNode>(kSecondMs);
+  laptop.After(kSecondMs, [&laptop] { laptop.sessions.FinishSetup(); });
+  laptop.Boot();
+  EXPECT_TRUE(LogsInOrder(laptop, {L"isOOBEComplete = 1 \n", L" Found Package \n", L" Launch UWP \n"}));
+  EXPECT_EQ(laptop.apps.Activations().size(), 1U);
 }
 
 /// Its process may be ended in the middle of whatever it does.

@@ -11,7 +11,7 @@ namespace lab::patch {
 std::array<Redirection, 2> TraceCalls();
 std::array<Redirection, 4> DisplayCalls();
 std::array<Redirection, 3> PowerCalls();
-std::array<Redirection, 2> SessionCalls();
+std::array<Redirection, 1> SessionCalls();
 std::array<Redirection, 4> TouchCalls();
 std::array<Redirection, 2> ProgramCalls();
 std::array<Redirection, 2> WindowCalls();

@@ -1,13 +1,15 @@
 #pragma once
 
-#include <cstdint>
+#include "os/processes.h"
 
 namespace tessaview {
 
-/// The session the user sits before: the first active one, 0 when there is none or the system cannot tell.
-[[nodiscard]] std::uint32_t ActiveSession();
+/// The token of the user for whom this process acts: of its own session's, and only where that has none, of the first
+/// active session's. One user's programs ask this process for something, and must not get it with another's rights. Any
+/// thread.
+[[nodiscard]] os::Result<os::Token> UserToken();
 
-/// While one of these lives, its thread acts as the active user, if the process runs as the system account: nobody can
+/// While one of these lives, its thread acts as that user, if the process runs as the system account: nobody can
 /// have that account read, write or end for him what he may not. Any other account acts for itself. Any thread; not
 /// across a wait for another program, because what is served meanwhile would be done as the user, too.
 class ActingAsUser {

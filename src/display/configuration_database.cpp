@@ -1,5 +1,6 @@
 #include "display/configuration_database.h"
 
+#include "core/console.h"
 #include "os/registry.h"
 
 namespace tessaview {
@@ -12,7 +13,7 @@ std::wstring FindStoredConfiguration(const std::wstring& text) {
 }
 
 void StampStoredConfiguration(const std::wstring& name, std::uint64_t fileTime) {
-  if (name.empty()) return;  // would open the database's own key
+  if (name.empty() || !IsAtConsole()) return;  // no name would open the database's own key
   // A stamp that cannot be written leaves the choice to the system, as without the controller.
   (void)os::WriteRegistryLongNumber(std::wstring(kConfigurationDatabase) + L"\\" + name, L"Timestamp", fileTime);
 }

@@ -1,5 +1,6 @@
 #include "display/monitor_change.h"
 
+#include "display/display_writes.h"
 #include "display/panel_orientation.h"
 #include "os/displays.h"
 
@@ -54,8 +55,7 @@ bool SetMonitorEx(const std::wstring& gdiName, const MonitorChange& change) {
     wanted.height = size.height;
     wanted.fields |= kSizeFields;
   }
-  return os::ChangeDisplaySettings(gdiName, wanted, os::kCdsUpdateRegistry | os::kCdsGlobal) ==
-         os::kDisplayChangeSuccessful;
+  return ChangeDisplay(gdiName, wanted) == os::kDisplayChangeSuccessful;
 }
 
 }  // namespace tessaview

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/trace_log.h"
+#include "display/display_writes.h"
 #include "display/panel_orientation.h"
 #include "display/panel_search.h"
 #include "os/displays.h"
@@ -21,7 +22,7 @@ void SetCPanelResolution(std::int32_t width, std::int32_t height) {
   } else if (IsTurnedByQuarter(mode->orientation)) {
     std::swap(mode->width, mode->height);
   }
-  os::ChangeDisplaySettings(panel.gdiDeviceName, *mode, os::kCdsUpdateRegistry | os::kCdsGlobal);
+  ChangeDisplay(panel.gdiDeviceName, *mode);
 }
 
 }  // namespace tessaview

@@ -1,6 +1,7 @@
 #include "display/path_rotation.h"
 
 #include "core/text.h"
+#include "display/display_writes.h"
 #include "os/displays.h"
 
 namespace tessaview {
@@ -42,7 +43,7 @@ std::int32_t SetMonitorEx(MonitorKey key) {
   for (auto& path : configuration.paths) {
     if (!CarriesKey(path, key)) continue;
     path.target.rotation = os::kRotation270;
-    result = os::ChangeDisplayConfiguration(configuration.paths, configuration.modes, kApplyAndKeep);
+    result = ChangeDisplays(configuration.paths, configuration.modes, kApplyAndKeep);
   }
   return result;
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/console.h"
 #include "core/text.h"
 #include "core/trace_log.h"
 #include "display/configuration_database.h"
@@ -103,6 +104,7 @@ bool AreRight(const std::wstring& key, const std::vector<StoredValue>& values) {
 
 /// True when any of them was written.
 bool Write(const std::wstring& key, const std::vector<StoredValue>& values) {
+  if (!IsAtConsole()) return false;
   bool written = false;
   for (const auto& value : values) {
     if (os::WriteRegistryNumber(key, value.name, value.wanted)) written = true;

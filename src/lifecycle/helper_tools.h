@@ -8,12 +8,12 @@ namespace tessaview {
 /// CommandLineToArgvW reads it back with.
 [[nodiscard]] std::wstring QuotedArgument(const std::wstring& argument);
 
-/// Starts both helper tools, which set the C panel's wallpaper and pin the UI to its launcher, as the active user.
+/// Starts both helper tools, which set the C panel's wallpaper and pin the UI to its launcher, as the user.
 /// They lie beside this program; a missing one is a log line. Does not wait for them.
 void StartHelperTools();
 
 /// Has the wallpaper tool prepare the C panel, and once that has ended, 5 seconds later at most, set a picture by an
-/// option of its own ("-UI" for the C panel, "-UIB" for the B panel), as the active user. Pictures are set in the order
+/// option of its own ("-UI" for the C panel, "-UIB" for the B panel), as the user. Pictures are set in the order
 /// in which they came, on a thread of their own. Any thread; returns at once.
 void SetWallpaper(const wchar_t* option, const std::wstring& picture);
 

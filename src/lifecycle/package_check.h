@@ -3,7 +3,7 @@
 namespace tessaview {
 
 /// Waits up to about 3 seconds for the C panel, then asks the check tool whether the UI's package is installed for the
-/// active user, up to 20 times half a second apart. True once it says so. When it never does, blocks for about 10
+/// session's user, up to 20 times half a second apart. True once it says so. When it never does, blocks for about 10
 /// seconds more, and for up to 5 seconds for each run of a tool that hangs.
 bool RunPackageCheck();
 

@@ -18,7 +18,7 @@ struct Start {
 };
 
 Start TryStart(const std::wstring& program, const std::wstring& commandLine) {
-  auto token = os::SessionUserToken(ActiveSession());
+  auto token = UserToken();
   if (!token) return {os::Error{token.error()}, Step::Token};
   auto environment = os::CreateEnvironment(*token);
   if (!environment) return {os::Error{environment.error()}, Step::Environment};

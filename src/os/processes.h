@@ -21,6 +21,13 @@ inline constexpr std::uint32_t kSessionActive = 0;  // WTSActive
 /// The sessions of this machine in the system's order (WTSEnumerateSessionsW, version 1). Any thread.
 [[nodiscard]] Result<std::vector<Session>> Sessions();
 
+/// The session that this process belongs to (ProcessIdToSessionId, GetCurrentProcessId). Any thread; microseconds.
+[[nodiscard]] Result<std::uint32_t> OwnSession();
+
+/// The session at the machine's own screen and keyboard; none while one is being attached to them or detached
+/// (WTSGetActiveConsoleSessionId). Any thread; microseconds.
+[[nodiscard]] std::optional<std::uint32_t> ConsoleSession();
+
 /// An access token (HANDLE).
 enum class TokenHandle : std::uint64_t { None = 0 };
 void CloseToken(TokenHandle token) noexcept;

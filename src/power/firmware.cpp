@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "core/console.h"
 #include "core/log_failure.h"
 #include "core/numbers.h"
 #include "core/trace_log.h"
@@ -58,6 +59,7 @@ std::optional<std::uint32_t> FirmwareDSTS(const FirmwareSequence& firmware, Firm
 }
 
 std::optional<std::uint32_t> FirmwareDEVS(const FirmwareSequence& firmware, FirmwareId id, std::uint32_t value) {
+  if (!IsAtConsole()) return std::nullopt;
   const std::uint32_t arguments[] = {static_cast<std::uint32_t>(id), value};
   return Send(firmware, Request(kSetValue, arguments));
 }

@@ -36,8 +36,8 @@ class FirmwareSequence {
 /// reads as 0. Any thread; tens of microseconds.
 [[nodiscard]] std::optional<std::uint32_t> FirmwareDSTS(const FirmwareSequence& firmware, FirmwareId id);
 
-/// Sets a device's value. The result is for the log only: a value here means no more than that the request was taken.
-/// Otherwise as FirmwareDSTS.
+/// Sets a device's value. Not while the session is not at the console: then another user's controller does. The result
+/// is for the log only: a value here means no more than that the request was taken. Otherwise as FirmwareDSTS.
 std::optional<std::uint32_t> FirmwareDEVS(const FirmwareSequence& firmware, FirmwareId id, std::uint32_t value);
 
 /// Reads a device's status in a sequence of its own.

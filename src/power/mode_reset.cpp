@@ -8,6 +8,7 @@
 #include "core/log_failure.h"
 #include "core/trace_log.h"
 #include "display/configuration_database.h"
+#include "display/display_writes.h"
 #include "display/monitor_list.h"
 #include "display/projection_mode.h"
 #include "os/clock.h"
@@ -139,7 +140,7 @@ constexpr Rule kRules[] = {
 }  // namespace
 
 void SetExtend() {
-  const auto error = os::ChangeDisplayConfiguration({}, {}, os::kSdcApply | os::kSdcTopologyExtend);
+  const auto error = ChangeDisplays({}, {}, os::kSdcApply | os::kSdcTopologyExtend);
   if (error != 0) LogError(L"The desktop cannot be extended", static_cast<std::uint32_t>(error));
 }
 

@@ -1,5 +1,9 @@
 #include "power/refresh_rate.h"
 
+#include <optional>
+
+#include "core/console.h"
+#include "core/state.h"
 #include "core/trace_log.h"
 #include "os/processes.h"
 #include "power/firmware.h"
@@ -32,9 +36,18 @@ void EnableFirmwareAccess() {
   if (!os::EnablePrivilege(*token, L"SeSystemEnvironmentPrivilege")) Log(L"[SetFPS] Failed RasiePrivileges() \n");
 }
 
+/// Asked for while the session was not at the console.
+MainThreadOnly<std::optional<std::int32_t>> gOwedRate;
+
 }  // namespace
 
+void SetOwedRefreshRate() {
+  if (const auto hertz = *gOwedRate) SetPanelRefreshRate(*hertz);
+}
+
 void SetPanelRefreshRate(std::int32_t hertz) {
+  *gOwedRate = IsAtConsole() ? std::nullopt : std::optional(hertz);
+  if (*gOwedRate) return;
   const auto setting = SettingFor(hertz);
   const FirmwareSequence firmware;
   if (!firmware) return;

@@ -138,6 +138,7 @@ TEST_F(ProcessContract, ATokenGivesWhatItHolds) {
   EXPECT_TRUE(user && os::Impersonate(*user));
   os::RevertToOwnRights();
   EXPECT_EQ(os::Impersonate(os::Token()).error(), 6U) << "ERROR_INVALID_HANDLE";
+  EXPECT_EQ(os::ConsoleSession().value_or(99), *os::OwnSession()) << "the user of the world is before it";
 }
 
 TEST_F(ProcessContract, AThreadWithComReachesTheManagementServices) {

@@ -38,6 +38,18 @@ Result<std::vector<Session>> Sessions() {
   return sessions;
 }
 
+Result<std::uint32_t> OwnSession() {
+  DWORD session = 0;
+  if (ProcessIdToSessionId(GetCurrentProcessId(), &session) == FALSE) return win32::LastError();
+  return session;
+}
+
+std::optional<std::uint32_t> ConsoleSession() {
+  constexpr DWORD kNone = 0xFFFFFFFF;
+  const auto session = WTSGetActiveConsoleSessionId();
+  return session == kNone ? std::nullopt : std::optional<std::uint32_t>(session);
+}
+
 void CloseToken(TokenHandle token) noexcept {
   CloseHandle(win32::ToNative<HANDLE>(token));
 }

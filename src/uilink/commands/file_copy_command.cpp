@@ -45,7 +45,7 @@ void CopyWallpaper(const FileCopyMessage& message) {
 
 constexpr FileCopyCommand kCommand{
     L"COPYWALLPAPER", Match::Exact, CopyWallpaper, L"[COPYDATA] COPYWALLPAPER. \n",
-    "input path, output path; copies the input, a picture, over the output with the active user's rights"};
+    "input path, output path; copies the input, a picture, over the output with the rights of the session's user"};
 
 }  // namespace
 

@@ -1,6 +1,8 @@
 #include <utility>
 
+#include "core/console.h"
 #include "core/trace_log.h"
+#include "display/display_writes.h"
 #include "display/panel_nudge.h"
 #include "display/panel_orientation.h"
 #include "display/panel_placement.h"
@@ -41,7 +43,7 @@ void SetBPanelUprightAgain() {
   if (!mode || mode->orientation == 0) return;
   if (IsTurnedByQuarter(mode->orientation)) std::swap(mode->width, mode->height);
   mode->orientation = 0;
-  os::ChangeDisplaySettings(panel.gdiDeviceName, *mode, os::kCdsUpdateRegistry | os::kCdsGlobal);
+  ChangeDisplay(panel.gdiDeviceName, *mode);
 }
 
 /// After a machine was folded over and back, its displays may still be stored or set as turned.
@@ -64,18 +66,19 @@ void PayOwedMove() {
   MoveCPanelMonitorOnePixel();
 }
 
-bool IsFullScreenInForeground() {
-  return IsFullScreenWindow(os::RootWindow(os::ForegroundWindow()));
-}
-
 }  // namespace
+
+void KeepCPanelInPlace() {
+  if (!IsAtConsole()) return;  // what cannot be put right now would count as checked
+  if (!IsFullScreenWindow(os::RootWindow(os::ForegroundWindow()))) CheckCPanel_Position_Orientation();
+}
 
 void OnDisplayChange() {
   Log(L"WM_DISPLAYCHANGE \n");
   Update_UI_Status();
   MendOrientationAfterFlip();
   PayOwedMove();
-  if (!IsFullScreenInForeground()) CheckCPanel_Position_Orientation();
+  KeepCPanelInPlace();
   MoveCompanionsToCPanel();
   FollowDisplaysInRetailDemo();
 }

@@ -24,6 +24,9 @@ void OnTouchPadStatus(std::uint64_t wParam, std::int64_t lParam);
 /// the C panel back into its place. Can take seconds.
 void OnDisplayChange();
 
+/// Brings the C panel back into its place, unless a full screen is in the foreground.
+void KeepCPanelInPlace();
+
 // ---- power_events.cpp ----
 
 /// The power settings are about to be registered for: the first notification of lid and of display tells the state of
@@ -38,6 +41,14 @@ void OnPowerBroadcast(std::uint32_t event);
 /// - Lid, console display: tells the UI, and brings the panel back when the lid opens or the display comes on.
 /// - Lid-close action: tells the firmware.
 void OnPowerSetting(os::PowerSetting setting, std::uint32_t value);
+
+/// Makes firmware and C panel as this user has them, after another user's controller had them. Can take seconds.
+void CatchUp();
+
+// ---- session_change.cpp ----
+
+/// Notes locks and unlocks in the log, and catches up when the session is at the console again. Can take seconds.
+void OnSessionChange(std::uint32_t event);
 
 // ---- touch_forwarding.cpp ----
 

@@ -10,6 +10,7 @@
 #include "power/panel_power.h"
 #include "power/panel_status.h"
 #include "power/power_saving.h"
+#include "power/refresh_rate.h"
 #include "power/settings.h"
 #include "uilink/channel/ui_channel.h"
 #include "uilink/events/events.h"
@@ -120,6 +121,14 @@ void OnLidCloseAction(std::uint32_t action) {
 }
 
 }  // namespace
+
+void CatchUp() {
+  LoadSettings();  // the file is the other user's as well
+  SetOwedRefreshRate();
+  if (IsG2()) LidClosedAction(gSettings().acLineStatus != kOnBattery);
+  ApplyIniPowerStatus();
+  KeepCPanelInPlace();
+}
 
 void ExpectFirstNotifications() {
   *gPending = {.gFirstLidOpenPending = true, .gFirstDisplayOnPending = true};

@@ -1,10 +1,9 @@
 #include "uilink/events/window_events.h"
 
-#include "core/input_hooks.h"
+#include "core/console.h"
 #include "core/noted_events.h"
 #include "core/resource_ids.h"
 #include "core/service_window.h"
-#include "core/trace_log.h"
 #include "power/hot_key_component.h"
 #include "touch/touch_pad.h"
 #include "uilink/channel/ui_channel.h"
@@ -14,7 +13,6 @@
 namespace tessaview {
 namespace {
 
-constexpr std::uint32_t kSessionLock = 7, kSessionUnlock = 8;                       // WTS_SESSION_*
 constexpr std::uint32_t kEndSessionCloseApp = 0x1, kEndSessionLogOff = 0x80000000;  // ENDSESSION_*
 
 void OnTimer(std::uint64_t id) {
@@ -29,17 +27,10 @@ void OnTimer(std::uint64_t id) {
   }
 }
 
-void OnSessionChange(std::uint32_t event) {
-  if (event == kSessionLock) Log(L"WTS_SESSION_LOCK \n");
-  if (event != kSessionUnlock) return;
-  Log(L"WTS_SESSION_UNLOCK \n");
-  LookForDesktop();
-  ReviveHooks();
-}
-
-/// Without the controller the touch surface is of use as a plain touch pad only.
+/// Without the controller the touch surface is of use as a plain touch pad only. Away from the console it is another
+/// user's.
 void OnQueryEndSession(std::uint32_t reason) {
-  if ((reason & (kEndSessionLogOff | kEndSessionCloseApp)) != 0) SetModetoTouchPad();
+  if ((reason & (kEndSessionLogOff | kEndSessionCloseApp)) != 0 && IsAtConsole()) SetModetoTouchPad();
 }
 
 void OnCommand(std::uint16_t id) {
