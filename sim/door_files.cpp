@@ -24,7 +24,7 @@ Status CreateFolder(const std::wstring& path) {
 Result<Bytes> ReadFileStart(const std::wstring& path, std::size_t size) {
   const auto call = sim::Enter<&ReadFileStart>();
   if (call.failed()) return Error{call.error()};
-  return Machine().files.ReadStart(path, call.Shortened(size), Machine().sessions.ImpersonatingNow());
+  return Machine().files.ReadStart(path, call.Shortened(size), Machine().sessions.ActingAs().has_value());
 }
 
 Status OverwriteByCopy(const std::wstring& from, const std::wstring& to) {

@@ -8,7 +8,7 @@ namespace {
 using sim::Machine, sim::ProcessAccess;
 
 bool AsUser() {
-  return Machine().sessions.ImpersonatingNow();
+  return Machine().sessions.ActingAs().has_value();
 }
 
 }  // namespace

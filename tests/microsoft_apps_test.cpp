@@ -38,7 +38,7 @@ TEST_F(MicrosoftWindows, OfDesktopProgramsAreToldByTheLastProductName) {
   EXPECT_TRUE(IsMSApp(OpenDesktopProgram({L"Bureau", L"Microsoft Office"})));
   laptop.files.KeepFromUsers(program);
   EXPECT_FALSE(IsMSApp(laptop.desktop.Open({.program = program}))) << "read with the user's rights";
-  EXPECT_FALSE(laptop.sessions.ImpersonatingNow());
+  EXPECT_FALSE(laptop.sessions.ActingAs().has_value());
 }
 
 TEST_F(MicrosoftWindows, OfPackagesAreToldByTheirFamily) {
