@@ -63,6 +63,27 @@ TEST(ResumeWatch, PutsPanelsTouchAndFirmwareRightAfterHibernationAndTellsTheUi) 
   }
 }
 
+TEST(ResumeWatch, MakesOnlyTheTouchControllerWaitForItselfAndThenAppliesTheSavedPower) {
+  for (const auto* const saved : {L"On", L"Off"}) {
+    const bool isOff = std::wstring(saved) == L"Off";
+    RunningLaptop laptop({.saved = saved, .uiRunning = true});
+    laptop.power.restMs = 60'000;
+    {
+      const auto quietly = laptop.Quietly();
+      for (const auto late : {sim::kNever, 30'000U}) laptop.power.HibernateAndWake(late);
+      laptop.Advance(5000);
+    }
+    EXPECT_EQ(TimesTold(laptop, L"IAMBACK"), 2);
+    EXPECT_EQ(laptop.firmware.Writes(Firmware::kLidCloseAction).size(), 2U);
+    EXPECT_EQ(laptop.touch.OpenHandles(), 0U) << "still away";
+    laptop.firmware.SetRegister(Firmware::kPower, isOff ? Firmware::kPanelOn : Firmware::kPanelOff);
+    laptop.Advance(60'000);
+    EXPECT_EQ(laptop.firmware.PanelOn(), !isOff);
+    EXPECT_EQ(laptop.touch.InCursorMode(), isOff);
+    EXPECT_TRUE(laptop.touch.RawInputReaches(0x0D));
+  }
+}
+
 TEST(DesktopWatch, TellsTheUiOfTheSecureDesktopAndOfItsEndOnce) {
   RunningLaptop laptop({.uiRunning = true});
   laptop.sessions.ShowSecureDesktop();

@@ -1,6 +1,7 @@
 // Touch reports on their way to the UI.
 
 #include "tests/support.h"
+#include "touch/raw_input.h"
 
 namespace {
 
@@ -25,7 +26,7 @@ class TouchForwarding : public testing::Test {
 TEST_F(TouchForwarding, SendsTheReportAsItCameToTheMainWindow) {
   const Bytes report = {1, 1, 0x80, 0x07, 0xFF, 0x00};
   laptop.ui.OpenGuide();
-  laptop.touch.Deliver(screen, report, {.sizeMatches = false, .type = 2, .report = {}});  // that is only noted
+  laptop.touch.Deliver(screen, report, {.sizeMatches = false, .type = 2});  // that is only noted
   EXPECT_EQ(laptop.ui.ReceivedReports(), Reports{report});
   ASSERT_EQ(laptop.ui.ReceivedRecords().size(), 1U);
   EXPECT_EQ(laptop.ui.ReceivedRecords()[0].kind, 101U);
@@ -38,6 +39,8 @@ TEST_F(TouchForwarding, ThinsAContactToEveryThirdReportAndTheLift) {
             (Reports{{1, 1, 1}, {1, 1, 4}, {1, 0, 5}, {1, 1, 6}, {1, 0, 8}}))
       << "every contact begins anew";
   EXPECT_EQ(Forwarded(screen, {{1, 0, 1}, {1, 0xFE, 2}}).size(), 2U) << "lifts one after the other";
+  laptop.touch.Deliver(screen, {1, 1, 1, 1, 1, 2, 1, 1, 3, 1, 1, 4, 1, 0, 5}, {.type = 2, .reportSize = 3});
+  EXPECT_EQ(Forwarded(screen, {}), (Reports{{1, 1, 1}, {1, 1, 4}, {1, 0, 5}})) << "five of them in one record";
   EXPECT_EQ(Forwarded(pad, {{17, 2, 1}, {17, 3, 2}, {17, 2, 3}, {17, 2, 4}, {17, 1, 5}}),
             (Reports{{17, 2, 1}, {17, 2, 4}, {17, 1, 5}}))
       << "the pad's finger is bit 1";
@@ -46,16 +49,46 @@ TEST_F(TouchForwarding, ThinsAContactToEveryThirdReportAndTheLift) {
 }
 
 TEST_F(TouchForwarding, IgnoresWhateverIsNotATouchOfTheCPanel) {
-  auto foreign = sim::MakeTouchScreen();
-  foreign.attributes.vendorId = 0x1A7C;
-  foreign.path = L"\\\\?\\HID#VID_1A7C&PID_0099#1";
-  const auto& other = laptop.touch.Add(foreign);
+  for (const auto& [vendor, product] : {std::pair(0x1A7C, 0x1515), {0x4758, 0x1516}}) {
+    auto foreign = sim::MakeTouchScreen();
+    foreign.path += std::to_wstring(vendor);
+    foreign.attributes = {static_cast<std::uint16_t>(vendor), static_cast<std::uint16_t>(product)};
+    const auto& other = laptop.touch.Add(foreign);
+    laptop.touch.ReportFrom(other, {1, 0, 2});
+    EXPECT_TRUE(tessaview::RegisterCPanelRawInput()) << "with it in the list";
+    laptop.touch.ReportFrom(other, {1, 0, 2});
+  }
+  auto gamePad = sim::MakeTouchPad(), nameless = sim::MakeTouchScreen();
+  gamePad.path += L"1";
+  gamePad.capabilities.usagePage = 1;
+  laptop.touch.Add(gamePad);
+  EXPECT_TRUE(tessaview::RegisterCPanelRawInput());
+  EXPECT_EQ(tessaview::gRawTouchPad(), pad.raw) << "of the controller, but no touch pad";
   constexpr std::uint32_t kMouse = 0, kKeyboard = 1;
-  laptop.touch.ReportFrom(other, {1, 0, 2});
-  for (const auto type : {kMouse, kKeyboard}) laptop.touch.Deliver(screen, {1, 0, 3}, {.type = type, .report = {}});
+  laptop.touch.ReportFrom(nameless, {1, 0, 2});  // without a handle, as some drivers do
+  for (const auto type : {kMouse, kKeyboard}) laptop.touch.Deliver(screen, {1, 0, 3}, {.type = type});
   laptop.touch.ReportFrom(screen, {});
   EXPECT_TRUE(laptop.ui.ReceivedReports().empty());
   EXPECT_EQ(Forwarded(screen, {{1, 1, 1}}), (Reports{{1, 1, 1}})) << "none of them was counted";
+}
+
+TEST_F(TouchForwarding, FollowsTheControllerToTheHandlesItHasAfterEachPlug) {
+  const auto before = screen.raw;
+  laptop.touch.Unplug();
+  laptop.touch.Plug();
+  laptop.faults.Fail<&os::QueryRawDevice>({.times = 1});
+  EXPECT_EQ(Forwarded(screen, {{1, 0, 1}, {1, 0, 2}, {1, 0, 3}}), (Reports{{1, 0, 2}, {1, 0, 3}}));
+  EXPECT_EQ(Forwarded(pad, {{17, 0, 1}}).size(), 1U);
+  EXPECT_EQ(laptop.faults.Calls<&os::QueryRawDevice>(), 3U) << "who is known is not asked";
+  laptop.touch.rawListLateMs = 500;
+  laptop.touch.Unplug();
+  laptop.touch.Plug();
+  EXPECT_TRUE(tessaview::RegisterCPanelRawInput());
+  EXPECT_EQ(tessaview::gRawTouchScreen(), os::RawDevice::None) << "not yet listed";
+  auto& other = laptop.touch.mouse();
+  other.capabilities.usagePage = 0x0D;
+  other.raw = before;  // handles may come again
+  EXPECT_EQ(Forwarded(other, {{1, 0, 1}}).size() + Forwarded(screen, {{1, 0, 1}}).size(), 1U);
 }
 
 TEST_F(TouchForwarding, CountsScreenAndPadTogetherAlsoWhileTheUiIsAway) {

@@ -20,7 +20,8 @@ TEST(TouchPadSearch, FindsThePadByItsUsageAndThenOpensTheCollectionThatTakesItsM
 
 TEST(TouchPadSearch, GoesOnBehindACollectionItCannotUse) {
   for (const auto spoil : {+[](sim::HidCollection& c) { c.hasPreparsedData = false; },
-                           +[](sim::HidCollection& c) { c.detail = HidInterface::Detail::NoData; }}) {
+                           +[](sim::HidCollection& c) { c.detail = HidInterface::Detail::NoData; },
+                           +[](sim::HidCollection& c) { c.capabilities.usage = 5; }}) {  // on its page a game pad
     Laptop laptop;
     laptop.touch.mouse().exclusive = false;
     spoil(laptop.touch.mouse());        // in the way of the first phase
@@ -56,6 +57,15 @@ TEST(CursorMode, IsAReportOfThePadsOwnLength) {
     auto report = full;
     report.resize(length);
     EXPECT_EQ(laptop.touch.OutputReports(), std::vector<Bytes>{report});
+  }
+}
+
+TEST(CursorMode, IsGivenUpWithAPadThatDoesNotTakeIt) {
+  for (const auto takesMs : {900U, sim::kNever}) {
+    Laptop laptop;
+    laptop.touch.modeSwitch().takesReportMs = takesMs;
+    ASSERT_TRUE(tessaview::SearchTouchPadAgain());
+    EXPECT_EQ(tessaview::SetModetoTouchPad(), takesMs == 900);
   }
 }
 

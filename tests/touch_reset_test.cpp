@@ -3,6 +3,7 @@
 #include "tests/support.h"
 #include "touch/device_reset.h"
 #include "touch/raw_input.h"
+#include "touch/touch_pad.h"
 
 namespace {
 
@@ -58,6 +59,9 @@ TEST(TouchReset, GoesOnAsFarAsItCan) {
         .switches = 1,
         .isConnected = false},
         Trouble{.arrange = [](auto& f) { f.template Fail<&os::RawInputDeviceCount>(); }, .isConnected = false},
+        Trouble{.arrange = [](auto& f) { f.template Fail<&os::RawInputDevices>({.error = 122, .times = 2}); }},
+        Trouble{.arrange = [](auto& f) { f.template Fail<&os::RawInputDevices>({.error = 122}); },
+        .isConnected = false},
         Trouble{.arrange = [](auto& f) { f.template Fail<&os::RegisterRawInput>({.after = 1}); },
         .isConnected = false}}) {
     Laptop laptop({.uiRunning = true});
@@ -65,6 +69,24 @@ TEST(TouchReset, GoesOnAsFarAsItCan) {
     EXPECT_TRUE(laptop.Boot()) << "the start-up goes on";
     EXPECT_EQ(laptop.touch.NodeSwitches().size(), trouble.switches);
     EXPECT_EQ(TouchesReachTheUi(laptop), trouble.isConnected);
+  }
+}
+
+TEST(TouchReset, LetsGoOfThePadBeforeItIsSwitchedOffAndTellsOfARestartThatIsNeeded) {
+  struct Case {
+    bool heldByAnother = false;
+    std::uint32_t refusals = 0, arrivals = 0, restarts = 0;
+  };
+  for (const auto& each : {Case{.arrivals = 1}, Case{.heldByAnother = true, .restarts = 1}, Case{.refusals = 2}}) {
+    Laptop laptop;
+    auto& collection = laptop.touch.modeSwitch();
+    collection.heldByAnother = each.heldByAnother;
+    ASSERT_TRUE(tessaview::SearchTouchPadAgain());
+    if (each.refusals > 0) laptop.faults.Fail<&os::EnableHidNode>({.times = each.refusals});
+    tessaview::ResetTouchDevices();
+    EXPECT_EQ(collection.arrivals, each.arrivals);
+    EXPECT_EQ(laptop.trace.Count(L"[TouchReset] The device changes when the machine starts again \n"), each.restarts);
+    EXPECT_TRUE(tessaview::SetModetoTouchPad());
   }
 }
 

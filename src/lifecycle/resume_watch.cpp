@@ -1,3 +1,6 @@
+#include <cstdint>
+#include <memory>
+
 #include "core/trace_log.h"
 #include "display/panel_geometry.h"
 #include "lifecycle/watches.h"
@@ -6,6 +9,7 @@
 #include "os/watches.h"
 #include "power/firmware.h"
 #include "power/lid_actions.h"
+#include "power/panel_power.h"
 #include "power/settings.h"
 #include "touch/device_reset.h"
 #include "uilink/channel/ui_channel.h"
@@ -25,19 +29,33 @@ bool IsOnMains() {
   return status && status->acLineStatus != kOnBattery;
 }
 
-void OnResumed() {
+/// All that does not wait for the touch controller.
+void OnResumed(os::Semaphore& owedResets) {
   Log(L"[Resume] Back from hibernation \n");
   InitialDisplay();
   const bool isG2 = InitGenerationCheck() == Generation::G2;
-  ResetTouchDevices();
   if (isG2) LidClosedAction(IsOnMains());
+  owedResets.Post();
   TellUi(texts::kIAmBack);
+}
+
+/// The reset waits for the controller, without a time limit. Coming back it is a touch screen: with the panel off it has
+/// to be told again to be a touch pad.
+void BringTouchBack() {
+  ResetTouchDevices();
+  ApplyIniPowerStatus();
 }
 
 }  // namespace
 
 void StartResumeWatch() {
-  os::StartThread(L"resume", [] { os::WatchSystemLog(kResumedFromHibernation, OnResumed); });
+  constexpr std::uint32_t kMostWaiting = 1;  // one reset serves all resumes that came before it
+  const auto owed = std::make_shared<os::Semaphore>(kMostWaiting);
+  os::StartThread(L"touch reset", [owed] {
+    while (owed->Wait()) BringTouchBack();
+  });
+  os::StartThread(L"resume",
+                  [owed] { os::WatchSystemLog(kResumedFromHibernation, [owed] { OnResumed(*owed); }); });
 }
 
 }  // namespace tessaview
