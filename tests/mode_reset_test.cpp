@@ -82,46 +82,68 @@ TEST(ModeReset, MakesTheStoredConfigurationsWithTheCPanelTheNewest) {
   EXPECT_EQ(laptop.registry.Subkeys(kDatabase).size(), 4u);
 }
 
+// A panel that gets power comes into the configuration that is the newest for the monitors that are there then.
+TEST(ModeReset, PowersThePanelAfterTheTimeStampsAndBeforeItExtends) {
+  Laptop laptop({.saved = L"On"});
+  laptop.firmware.panelLeavesWhenOff = true;
+  laptop.displays.cPanel().Unplug();
+  laptop.displays.AddMonitor({.x = 1920});
+  const auto b = kDatabase + L"\\" + Key(0), other = Key(1);
+  const auto extended = b + L"+" + kC + L"+" + other + L"^0", cloned = b + L"*" + kC + L"*" + other + L"^0";
+  laptop.registry.SetQword(cloned, L"Timestamp", 2);
+  Reset(laptop, Topology::Clone);
+  EXPECT_EQ(laptop.displays.topology, Topology::Extend) << "although it came as a clone";
+
+  laptop.displays.cPanel().Unplug();
+  laptop.registry.SetQword(cloned, L"Timestamp", laptop.registry.Qword(extended, L"Timestamp").value_or(0) + 1);
+  laptop.Advance(1);
+  Reset(laptop, Topology::Internal);
+  EXPECT_EQ(laptop.displays.topology, Topology::Extend);
+}
+
 // ---- Stored configurations ----
 
-void StoreWrongly(Laptop& laptop, const std::wstring& key) {
-  for (const auto& [name, value] : {std::pair(L"Rotation", 2U),
-                                    {L"DwmClipBox.right", 1080U},
-                                    {L"DwmClipBox.bottom", 1920U},
-                                    {L"PrimSurfSize.cx", 1080U},
-                                    {L"PrimSurfSize.cy", 1920U},
-                                    {L"ActiveSize.cx", 1920U},
-                                    {L"ActiveSize.cy", 1080U}}) {
-    laptop.registry.SetDword(key, name, value);
-  }
-}
+using Values = std::vector<std::pair<const wchar_t*, std::uint32_t>>;
+const Values kOfB{{L"Rotation", 1},           {L"DwmClipBox.left", 0},      {L"DwmClipBox.top", 0},
+                  {L"DwmClipBox.right", 1920}, {L"DwmClipBox.bottom", 1080}, {L"PrimSurfSize.cx", 1920},
+                  {L"PrimSurfSize.cy", 1080}},
+    kOfC{{L"Rotation", 4},           {L"DwmClipBox.left", 0},     {L"DwmClipBox.top", 0},     {L"DwmClipBox.right", 1000},
+         {L"DwmClipBox.bottom", 504}, {L"PrimSurfSize.cx", 504}, {L"PrimSurfSize.cy", 1000}};
 
 TEST(StoredConfiguration, IsRepairedForThePresentMonitorsOnly) {
   Laptop laptop({.saved = L"On"});
+  auto& monitor = laptop.displays.AddMonitor({.x = 1920});
   tessaview::InitialDisplay();
-  const auto b = Key(0), c = Key(1);
-  const auto both = kDatabase + L"\\" + b + L"*" + c + L"^1", swapped = kDatabase + L"\\" + c + L"+" + b + L"^2",
-             other = kDatabase + L"\\" + b + L"+" + c + L"+GEN0001^3", alone = kDatabase + L"\\" + b + L"^4";
-  const Texts mine{both + L"\\00\\00", swapped + L"\\01\\00"}, foreign{other + L"\\00\\00", alone + L"\\00\\00"},
-      cs{both + L"\\00\\01", swapped + L"\\00\\00"};
-  for (const auto& keys : {mine, foreign, cs}) {
-    for (const auto& key : keys) StoreWrongly(laptop, key);
+  const auto present = tessaview::ListConnectedMonitors();
+  const auto b = Key(0), c = Key(1), other = Key(2);
+  const auto same = kDatabase + L"\\" + b + L"*" + c + L"+" + other + L"^1",
+             longNames =
+                 kDatabase + L"\\" + other + L"+" + present[1].longKey + L"+" + present[0].longKey + L"^2",
+             fewer = kDatabase + L"\\" + b + L"+" + c + L"^3", alone = kDatabase + L"\\" + b + L"^4";
+  const Texts bs{same + L"\\00\\00", longNames + L"\\02\\00"}, cs{same + L"\\00\\01", longNames + L"\\01\\00"},
+      foreign{fewer + L"\\00\\00", alone + L"\\00\\00"};
+  constexpr std::uint32_t kWrong = 77;
+  const auto spoil = [&](const std::wstring& key, const wchar_t* name) { laptop.registry.SetDword(key, name, kWrong); };
+  const auto number = [&](const std::wstring& key, const wchar_t* name) { return laptop.registry.Dword(key, name); };
+  for (const auto& keys : {bs, cs, foreign}) {
+    for (const auto& key : keys) {
+      laptop.registry.SetDword(key, L"ActiveSize.cx", 1920);
+      laptop.registry.SetDword(key, L"ActiveSize.cy", 1080);
+      spoil(key, L"Rotation");
+    }
   }
   EXPECT_TRUE(tessaview::RepairStoredPanelConfiguration());
-  const auto number = [&](const std::wstring& key, const wchar_t* name) { return laptop.registry.Dword(key, name); };
-  for (const auto& key : mine) {
-    EXPECT_EQ(number(key, L"Rotation"), 1u);
-    EXPECT_EQ(number(key, L"DwmClipBox.right"), 1920u);
-    EXPECT_EQ(number(key, L"PrimSurfSize.cy"), 1080u);
-  }
-  for (const auto& key : foreign) EXPECT_EQ(number(key, L"Rotation"), 2u) << "another set of monitors";
-  for (const auto& key : cs) {
-    EXPECT_EQ(number(key, L"Rotation"), 4u);
-    EXPECT_EQ(number(key, L"DwmClipBox.right"), 1000u);
-    EXPECT_EQ(number(key, L"PrimSurfSize.cx"), 504u);
-  }
   EXPECT_FALSE(tessaview::RepairStoredPanelConfiguration()) << "nothing is left to repair";
-  laptop.displays.cPanel().Unplug();
+  for (const auto& [keys, values] : {std::pair(bs, kOfB), {cs, kOfC}}) {
+    for (const auto& [name, wanted] : values) {
+      for (const auto& key : keys) EXPECT_EQ(number(key, name), wanted) << testing::PrintToString(key);
+      spoil(keys[0], name);  // each by itself is a reason
+      EXPECT_TRUE(tessaview::RepairStoredPanelConfiguration());
+      EXPECT_EQ(number(keys[0], name), wanted) << testing::PrintToString(name);
+    }
+  }
+  for (const auto& key : foreign) EXPECT_EQ(number(key, L"Rotation"), kWrong) << "another set of monitors";
+  for (auto* const gone : {&laptop.displays.cPanel(), &monitor}) gone->Unplug();
   EXPECT_TRUE(tessaview::RepairStoredPanelConfiguration()) << "now the one for the B panel alone fits";
 }
 

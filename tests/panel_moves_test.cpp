@@ -1,5 +1,6 @@
 #include "windows/panel_moves.h"
 
+#include "display/panel_geometry.h"
 #include "tests/support.h"
 #include "windows/patient_calls.h"
 #include "windows/rect_moves.h"
@@ -12,6 +13,13 @@ using namespace support;
 void SetScales(Laptop& laptop, std::uint32_t bDpi, std::uint32_t cDpi) {
   laptop.displays.bPanel().dpi = bDpi;
   laptop.displays.cPanel().dpi = cDpi;
+  laptop.displays.Changed();
+}
+
+/// Another display is the primary one; the B panel lies at (2560, 360).
+void PutBPanelAside(Laptop& laptop) {
+  laptop.displays.AddPrimary({2560, 360},
+                             {.nativeWidth = 2560, .nativeHeight = 1440, .width = 2560, .height = 1440});
   laptop.displays.Changed();
 }
 
@@ -44,20 +52,28 @@ TEST(PanelMoves, AWindowWithAMaximiseBoxIsPlacedWhileItIsMinimised) {
 
 TEST(PanelMoves, TheRestoredSizeFollowsTheScaleOnTheWayUpOnly) {
   LaptopInUse laptop;
+  const auto placed = [&](const os::Rect& area) {
+    const auto window = laptop.desktop.Open({.area = area});
+    MoveWindowtoBPanel(window, false);
+    return laptop.desktop.Journal(window).back();
+  };
   SetScales(laptop, 144, 192);
-  const auto onC = laptop.desktop.Open({.area = {300, 1120, 1301, 1423}}), onB = laptop.desktop.Open({});
-  MoveWindowtoBPanel(onC, false);
-  MoveWindowtoBPanel(onB, false);
-  EXPECT_EQ(laptop.desktop.Journal(onC).back(), L"place 3 (0,0,750,227)");  // 1001 x 303 by 0.75
-  EXPECT_EQ(laptop.desktop.Journal(onB).back(), L"place 3 (0,0,1000,700)");
+  EXPECT_EQ(placed({300, 1120, 1301, 1423}), L"place 3 (0,0,750,227)");  // 1001 x 303 by 0.75
+  EXPECT_EQ(placed(kAnywhere), L"place 3 (0,0,1000,700)");
+  PutBPanelAside(laptop);
+  EXPECT_EQ(placed({2860, 1480, 3861, 1783}), L"place 3 (2560,360,3310,587)");
+  laptop.displays.cPanel().LoseDesktopArea();  // and so its scale
+  tessaview::InitialDisplay();
+  EXPECT_EQ(placed(kAnywhere), L"place 3 (2560,360,3560,1060)") << "from the primary display";
 }
 
 TEST(PanelMoves, AnyOtherWindowIsMadeAsLargeAsThePanel) {
   LaptopInUse laptop;
+  PutBPanelAside(laptop);
   const auto dialog = laptop.desktop.Open({.style = kNoMaximizeStyle});
   EXPECT_EQ(MoveWindowtoCPanel(dialog, Pause::Long), kMoveDone);
   EXPECT_EQ(MoveWindowtoBPanel(dialog, false), kMoveDone);
-  EXPECT_EQ(laptop.desktop.Journal(dialog), (Texts{L"move 0 1080 1920 515", L"move 0 0 1920 1080"}));
+  EXPECT_EQ(laptop.desktop.Journal(dialog), (Texts{L"move 2560 1440 1920 515", L"move 2560 360 1920 1080"}));
 }
 
 TEST(PanelMoves, WhatRefusesOrIsGoneOrHangsIsLeftAfterAFewTries) {

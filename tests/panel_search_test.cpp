@@ -30,6 +30,14 @@ TEST(PanelSearch, FindsBothPanelsWithAllThatIsToKnow) {
   EXPECT_EQ(c.SettingsView(), kCBelow);
   EXPECT_EQ(c.displayOrientation, 3U);
   EXPECT_NE(c.monitor, b.monitor);
+
+  laptop.displays.Project(Topology::Clone);  // its source is the B panel's
+  EXPECT_EQ(EnumDisplayDevice(), PanelsFound::Both);
+  const auto cloned = gPanelDisplayInfo();
+  EXPECT_EQ(cloned.bPanel.SettingsView(), kBAtTop);
+  EXPECT_EQ(cloned.cPanel.SettingsView(), kAbsent);
+  EXPECT_EQ(MonitorView(cloned.cPanel), kAbsent);
+  EXPECT_EQ(cloned.cPanel.monitor, os::MonitorHandle::None);
 }
 
 TEST(PanelSearch, TellsThePanelsByTheIdsUpToTheirLastBackslash) {

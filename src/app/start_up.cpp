@@ -113,7 +113,9 @@ void PublishPanelPower() {
 
 void ShutDown(const PowerNotifications& notifications) {
   LeaveNoActivateMode();
-  for (const auto notification : notifications) os::UnregisterPowerSetting(notification);
+  for (const auto notification : notifications) {
+    if (notification != os::PowerNotification::None) os::UnregisterPowerSetting(notification);
+  }
   StopFollowingFirstSignIn();
   os::UnregisterSessionEvents(gServiceWindow());
 }
