@@ -129,19 +129,23 @@ TEST(RectMoves, LeaveRoomForATaskbarOnlyWhereBothLieInTheBPanel) {
 }
 
 TEST(TaskGroup, IsMovedBackIntoTheBPanelAtTheRightAndAtTheBottom) {
-  LaptopInUse laptop;
-  for (const auto& [requested, placed] : {std::pair(os::Rect{1120, 480, 1920, 1080}, os::Rect{1120, 480, 1920, 1080}),
-                                          {os::Rect{-300, -50, 500, 550}, os::Rect{-300, -50, 500, 550}},
-                                          {os::Rect{1500, 900, 2300, 1500}, os::Rect{1120, 480, 1920, 1080}},
-                                          {os::Rect{100, 900, 900, 1500}, os::Rect{100, 480, 900, 1080}},
-                                          {os::Rect{1500, 100, 2300, 700}, os::Rect{1120, 100, 1920, 700}},
-                                          {os::Rect{0, 0, 2500, 500}, os::Rect{-580, 0, 1920, 500}}}) {
-    const auto window = laptop.desktop.Open({});
-    laptop.ui.Send(L"TASKGROUPLAUNCHAPPS",
-                   {.handle = static_cast<std::uint64_t>(window), .rect = requested, .point = {7, 7}});
-    EXPECT_EQ(laptop.Area(window), placed);
-    EXPECT_EQ(laptop.desktop.Journal(window).size(), requested == placed ? 3U : 6U);
-    EXPECT_EQ(laptop.desktop.Journal(window)[0], L"show 1");
+  for (const os::Point b : {os::Point{0, 0}, os::Point{2560, 360}}) {
+    LaptopInUse laptop;
+    if (b.x != 0) PutBPanelAside(laptop);
+    const auto on = [=](const os::Rect& r) { return os::Rect{r.left + b.x, r.top + b.y, r.right + b.x, r.bottom + b.y}; };
+    for (const auto& [requested, placed] : {std::pair(os::Rect{1120, 480, 1920, 1080}, os::Rect{1120, 480, 1920, 1080}),
+                                            {os::Rect{-300, -50, 500, 550}, os::Rect{-300, -50, 500, 550}},
+                                            {os::Rect{1500, 900, 2300, 1500}, os::Rect{1120, 480, 1920, 1080}},
+                                            {os::Rect{100, 900, 900, 1500}, os::Rect{100, 480, 900, 1080}},
+                                            {os::Rect{1500, 100, 2300, 700}, os::Rect{1120, 100, 1920, 700}},
+                                            {os::Rect{0, 0, 2500, 500}, os::Rect{-580, 0, 1920, 500}}}) {
+      const auto window = laptop.desktop.Open({});
+      laptop.ui.Send(L"TASKGROUPLAUNCHAPPS",
+                     {.handle = static_cast<std::uint64_t>(window), .rect = on(requested), .point = {7, 7}});
+      EXPECT_EQ(laptop.Area(window), on(placed));
+      EXPECT_EQ(laptop.desktop.Journal(window).size(), requested == placed ? 3U : 6U);
+      EXPECT_EQ(laptop.desktop.Journal(window)[0], L"show 1");
+    }
   }
 }
 

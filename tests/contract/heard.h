@@ -30,7 +30,8 @@ inline os::ServiceWindowEvents HeardEvents() {
           .rawInput =
               [](const os::RawInput& input) {
                 const auto& reports = input.reports;
-                Hear("raw", input.sizeMatches, input.type, reports.size(), reports.empty() ? 0 : reports[0]);
+                Hear("raw", input.sizeMatches, input.type, input.reportSize, reports.size(),
+                     reports.empty() ? 0 : reports[0]);
               },
           .command = [](auto id) { Hear("command", id); },
           .timer = [](auto id) { Hear("timer", id); },
