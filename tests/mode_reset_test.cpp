@@ -84,65 +84,52 @@ TEST(ModeReset, MakesTheStoredConfigurationsWithTheCPanelTheNewest) {
 
 // A panel that gets power comes into the configuration that is the newest for the monitors that are there then.
 TEST(ModeReset, PowersThePanelAfterTheTimeStampsAndBeforeItExtends) {
-  Laptop laptop({.saved = L"On"});
-  laptop.firmware.panelLeavesWhenOff = true;
-  laptop.displays.cPanel().Unplug();
-  laptop.displays.AddMonitor({.x = 1920});
-  const auto b = kDatabase + L"\\" + Key(0), other = Key(1);
-  const auto extended = b + L"+" + kC + L"+" + other + L"^0", cloned = b + L"*" + kC + L"*" + other + L"^0";
-  laptop.registry.SetQword(cloned, L"Timestamp", 2);
-  Reset(laptop, Topology::Clone);
-  EXPECT_EQ(laptop.displays.topology, Topology::Extend) << "although it came as a clone";
-
-  laptop.displays.cPanel().Unplug();
-  laptop.registry.SetQword(cloned, L"Timestamp", laptop.registry.Qword(extended, L"Timestamp").value_or(0) + 1);
-  laptop.Advance(1);
-  Reset(laptop, Topology::Internal);
-  EXPECT_EQ(laptop.displays.topology, Topology::Extend);
+  for (const auto projection : {Topology::Internal, Topology::Clone}) {
+    Laptop laptop({.saved = L"On"});
+    laptop.firmware.panelLeavesWhenOff = true;
+    laptop.displays.cPanel().Unplug();
+    laptop.displays.AddMonitor({.x = 1920});
+    const auto b = kDatabase + L"\\" + Key(0), other = Key(1);
+    laptop.registry.SetQword(b + L"+" + kC + L"+" + other + L"^0", L"Timestamp", 1);
+    laptop.registry.SetQword(b + L"*" + kC + L"*" + other + L"^0", L"Timestamp", 2);
+    Reset(laptop, projection);
+    EXPECT_EQ(laptop.displays.topology, Topology::Extend);
+  }
 }
 
 // ---- Stored configurations ----
 
-using Values = std::vector<std::pair<const wchar_t*, std::uint32_t>>;
-const Values kOfB{{L"Rotation", 1},           {L"DwmClipBox.left", 0},      {L"DwmClipBox.top", 0},
-                  {L"DwmClipBox.right", 1920}, {L"DwmClipBox.bottom", 1080}, {L"PrimSurfSize.cx", 1920},
-                  {L"PrimSurfSize.cy", 1080}},
-    kOfC{{L"Rotation", 4},           {L"DwmClipBox.left", 0},     {L"DwmClipBox.top", 0},     {L"DwmClipBox.right", 1000},
-         {L"DwmClipBox.bottom", 504}, {L"PrimSurfSize.cx", 504}, {L"PrimSurfSize.cy", 1000}};
+constexpr const wchar_t* kRepaired[] = {L"Rotation",         L"DwmClipBox.left",   L"DwmClipBox.top",
+                                        L"DwmClipBox.right", L"DwmClipBox.bottom", L"PrimSurfSize.cx",
+                                        L"PrimSurfSize.cy"};
 
 TEST(StoredConfiguration, IsRepairedForThePresentMonitorsOnly) {
   Laptop laptop({.saved = L"On"});
   auto& monitor = laptop.displays.AddMonitor({.x = 1920});
   tessaview::InitialDisplay();
-  const auto present = tessaview::ListConnectedMonitors();
   const auto b = Key(0), c = Key(1), other = Key(2);
-  const auto same = kDatabase + L"\\" + b + L"*" + c + L"+" + other + L"^1",
-             longNames =
-                 kDatabase + L"\\" + other + L"+" + present[1].longKey + L"+" + present[0].longKey + L"^2",
-             fewer = kDatabase + L"\\" + b + L"+" + c + L"^3", alone = kDatabase + L"\\" + b + L"^4";
-  const Texts bs{same + L"\\00\\00", longNames + L"\\02\\00"}, cs{same + L"\\00\\01", longNames + L"\\01\\00"},
-      foreign{fewer + L"\\00\\00", alone + L"\\00\\00"};
+  const auto longName = [](std::size_t index) { return tessaview::ListConnectedMonitors().at(index).longKey; };
+  const auto in = [](const std::wstring& name, const wchar_t* subkey) { return kDatabase + L"\\" + name + subkey; };
+  const auto same = b + L"*" + c + L"+" + other + L"^1",
+             long3 = other + L"+" + longName(1) + L"+" + longName(0) + L"^2";
+  const Texts bs{in(same, L"\\00\\00"), in(long3, L"\\02\\00")}, cs{in(same, L"\\00\\01"), in(long3, L"\\01\\00")},
+      foreign{in(b + L"+" + c + L"^3", L"\\00\\00"), in(b + L"^4", L"\\00\\00")};
   constexpr std::uint32_t kWrong = 77;
-  const auto spoil = [&](const std::wstring& key, const wchar_t* name) { laptop.registry.SetDword(key, name, kWrong); };
-  const auto number = [&](const std::wstring& key, const wchar_t* name) { return laptop.registry.Dword(key, name); };
   for (const auto& keys : {bs, cs, foreign}) {
     for (const auto& key : keys) {
       laptop.registry.SetDword(key, L"ActiveSize.cx", 1920);
       laptop.registry.SetDword(key, L"ActiveSize.cy", 1080);
-      spoil(key, L"Rotation");
     }
   }
-  EXPECT_TRUE(tessaview::RepairStoredPanelConfiguration());
-  EXPECT_FALSE(tessaview::RepairStoredPanelConfiguration()) << "nothing is left to repair";
-  for (const auto& [keys, values] : {std::pair(bs, kOfB), {cs, kOfC}}) {
-    for (const auto& [name, wanted] : values) {
-      for (const auto& key : keys) EXPECT_EQ(number(key, name), wanted) << testing::PrintToString(key);
-      spoil(keys[0], name);  // each by itself is a reason
-      EXPECT_TRUE(tessaview::RepairStoredPanelConfiguration());
-      EXPECT_EQ(number(keys[0], name), wanted) << testing::PrintToString(name);
+  for (const auto& [keys, values] : {std::pair(bs, Words{1, 0, 0, 1920, 1080, 1920, 1080}),
+                                     {cs, Words{4, 0, 0, 1000, 504, 504, 1000}},
+                                     {foreign, Words{kWrong}}}) {
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      for (const auto& key : keys) laptop.registry.SetDword(key, kRepaired[i], kWrong);  // each alone is a reason
+      EXPECT_EQ(tessaview::RepairStoredPanelConfiguration(), values[i] != kWrong);
+      for (const auto& key : keys) EXPECT_EQ(laptop.registry.Dword(key, kRepaired[i]), values[i]) << i;
     }
   }
-  for (const auto& key : foreign) EXPECT_EQ(number(key, L"Rotation"), kWrong) << "another set of monitors";
   for (auto* const gone : {&laptop.displays.cPanel(), &monitor}) gone->Unplug();
   EXPECT_TRUE(tessaview::RepairStoredPanelConfiguration()) << "now the one for the B panel alone fits";
 }

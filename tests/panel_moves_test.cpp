@@ -16,10 +16,9 @@ void SetScales(Laptop& laptop, std::uint32_t bDpi, std::uint32_t cDpi) {
   laptop.displays.Changed();
 }
 
-/// Another display is the primary one; the B panel lies at (2560, 360).
+/// Another display is the primary one.
 void PutBPanelAside(Laptop& laptop) {
-  laptop.displays.AddPrimary({2560, 360},
-                             {.nativeWidth = 2560, .nativeHeight = 1440, .width = 2560, .height = 1440});
+  laptop.displays.AddPrimary({1920, 360});
   laptop.displays.Changed();
 }
 
@@ -61,10 +60,10 @@ TEST(PanelMoves, TheRestoredSizeFollowsTheScaleOnTheWayUpOnly) {
   EXPECT_EQ(placed({300, 1120, 1301, 1423}), L"place 3 (0,0,750,227)");  // 1001 x 303 by 0.75
   EXPECT_EQ(placed(kAnywhere), L"place 3 (0,0,1000,700)");
   PutBPanelAside(laptop);
-  EXPECT_EQ(placed({2860, 1480, 3861, 1783}), L"place 3 (2560,360,3310,587)");
+  EXPECT_EQ(placed({2220, 1480, 3221, 1783}), L"place 3 (1920,360,2670,587)");
   laptop.displays.cPanel().LoseDesktopArea();  // and so its scale
   tessaview::InitialDisplay();
-  EXPECT_EQ(placed(kAnywhere), L"place 3 (2560,360,3560,1060)") << "from the primary display";
+  EXPECT_EQ(placed(kAnywhere), L"place 3 (1920,360,2920,1060)") << "from the primary display";
 }
 
 TEST(PanelMoves, AnyOtherWindowIsMadeAsLargeAsThePanel) {
@@ -73,7 +72,7 @@ TEST(PanelMoves, AnyOtherWindowIsMadeAsLargeAsThePanel) {
   const auto dialog = laptop.desktop.Open({.style = kNoMaximizeStyle});
   EXPECT_EQ(MoveWindowtoCPanel(dialog, Pause::Long), kMoveDone);
   EXPECT_EQ(MoveWindowtoBPanel(dialog, false), kMoveDone);
-  EXPECT_EQ(laptop.desktop.Journal(dialog), (Texts{L"move 2560 1440 1920 515", L"move 2560 360 1920 1080"}));
+  EXPECT_EQ(laptop.desktop.Journal(dialog), (Texts{L"move 1920 1440 1920 515", L"move 1920 360 1920 1080"}));
 }
 
 TEST(PanelMoves, WhatRefusesOrIsGoneOrHangsIsLeftAfterAFewTries) {
@@ -129,10 +128,12 @@ TEST(RectMoves, LeaveRoomForATaskbarOnlyWhereBothLieInTheBPanel) {
 }
 
 TEST(TaskGroup, IsMovedBackIntoTheBPanelAtTheRightAndAtTheBottom) {
-  for (const os::Point b : {os::Point{0, 0}, os::Point{2560, 360}}) {
+  for (const os::Point b : {os::Point{0, 0}, os::Point{1920, 360}}) {
     LaptopInUse laptop;
     if (b.x != 0) PutBPanelAside(laptop);
-    const auto on = [=](const os::Rect& r) { return os::Rect{r.left + b.x, r.top + b.y, r.right + b.x, r.bottom + b.y}; };
+    const auto on = [=](const os::Rect& r) {
+      return os::Rect{r.left + b.x, r.top + b.y, r.right + b.x, r.bottom + b.y};
+    };
     for (const auto& [requested, placed] : {std::pair(os::Rect{1120, 480, 1920, 1080}, os::Rect{1120, 480, 1920, 1080}),
                                             {os::Rect{-300, -50, 500, 550}, os::Rect{-300, -50, 500, 550}},
                                             {os::Rect{1500, 900, 2300, 1500}, os::Rect{1120, 480, 1920, 1080}},

@@ -49,38 +49,27 @@ TEST(PackageWatch, TakesTheManyEntriesOfOneInstallationForOne) {
 
 TEST(ResumeWatch, PutsPanelsTouchAndFirmwareRightAfterHibernationAndTellsTheUi) {
   for (const int generation : {1, 2}) {
-    LaptopInUse laptop(generation);
+    const bool isOff = generation == 1;
+    RunningLaptop laptop({.saved = isOff ? L"Off" : L"On", .generation = generation, .uiRunning = true});
     laptop.power.SetSchemeLidAction(true, 0);
-    laptop.ui.Hang();  // which holds nobody up
-    laptop.power.HibernateAndWake();
-    EXPECT_TRUE(laptop.trace.Contains(L"EnumDisplayDevice Start"));
-    EXPECT_EQ(laptop.touch.NodeSwitches().size(), 4U) << "at start, and now, off and on";
-    EXPECT_TRUE(laptop.touch.RawInputReaches(0x0D));
-    EXPECT_EQ(laptop.firmware.Writes(Firmware::kLidCloseAction), generation == 2 ? Words{0} : Words{});
-    laptop.ui.Recover();
-    laptop.power.SleepAndWake();
-    EXPECT_EQ(TimesTold(laptop, L"IAMBACK"), 1) << "not after a sleep";
-  }
-}
-
-TEST(ResumeWatch, MakesOnlyTheTouchControllerWaitForItselfAndThenAppliesTheSavedPower) {
-  for (const auto* const saved : {L"On", L"Off"}) {
-    const bool isOff = std::wstring(saved) == L"Off";
-    RunningLaptop laptop({.saved = saved, .uiRunning = true});
     laptop.power.restMs = 60'000;
     {
       const auto quietly = laptop.Quietly();
-      for (const auto late : {sim::kNever, 30'000U}) laptop.power.HibernateAndWake(late);
+      for (const auto touchLateMs : {sim::kNever, 30'000U}) laptop.power.HibernateAndWake(touchLateMs);
       laptop.Advance(5000);
     }
-    EXPECT_EQ(TimesTold(laptop, L"IAMBACK"), 2);
-    EXPECT_EQ(laptop.firmware.Writes(Firmware::kLidCloseAction).size(), 2U);
-    EXPECT_EQ(laptop.touch.OpenHandles(), 0U) << "still away";
+    EXPECT_TRUE(laptop.trace.Contains(L"EnumDisplayDevice Start"));
+    EXPECT_EQ(laptop.firmware.Writes(Firmware::kLidCloseAction), generation == 2 ? (Words{0, 0}) : Words{});
+    EXPECT_EQ(TimesTold(laptop, L"IAMBACK"), 2) << "the touch controller is still away";
     laptop.firmware.SetRegister(Firmware::kPower, isOff ? Firmware::kPanelOn : Firmware::kPanelOff);
+    laptop.ui.Hang();  // which holds nobody up
     laptop.Advance(60'000);
-    EXPECT_EQ(laptop.firmware.PanelOn(), !isOff);
+    EXPECT_NE(laptop.firmware.PanelOn(), isOff);
     EXPECT_EQ(laptop.touch.InCursorMode(), isOff);
     EXPECT_TRUE(laptop.touch.RawInputReaches(0x0D));
+    laptop.ui.Recover();
+    laptop.power.SleepAndWake();
+    EXPECT_EQ(TimesTold(laptop, L"IAMBACK"), 2) << "not after a sleep";
   }
 }
 
