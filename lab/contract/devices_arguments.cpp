@@ -79,9 +79,10 @@ TEST(DeviceArguments, ANodeIsSwitchedForGoodInAllProfiles) {
     called = function;
     return SetLastError(ERROR_ACCESS_DENIED), node->DevInst == 71 && change.StateChange == DICS_ENABLE;
   });
-  CONTRACT_PATCH(SetupDiGetDeviceInstallParamsW, [](auto, auto, auto parameters) -> BOOL {
-    return parameters->Flags = restartFlags, parameters->cbSize == sizeof(SP_DEVINSTALL_PARAMS_W);
-  });
+  CONTRACT_PATCH(SetupDiGetDeviceInstallParamsW,
+                 [](HDEVINFO, PSP_DEVINFO_DATA, PSP_DEVINSTALL_PARAMS_W parameters) -> BOOL {
+                   return parameters->Flags = restartFlags, parameters->cbSize == sizeof(SP_DEVINSTALL_PARAMS_W);
+                 });
   const auto nodes = os::OpenHidNodes();
   ASSERT_TRUE(nodes && enumeratorFlags == (DIGCF_PRESENT | DIGCF_ALLCLASSES));
   for (const DWORD flags : {DWORD{0}, DWORD{DI_NEEDRESTART}, DWORD{DI_NEEDREBOOT}}) {
