@@ -115,11 +115,9 @@ TEST(StoredConfiguration, IsRepairedForThePresentMonitorsOnly) {
   const Texts bs{in(same, L"\\00\\00"), in(long3, L"\\02\\00")}, cs{in(same, L"\\00\\01"), in(long3, L"\\01\\00")},
       foreign{in(b + L"+" + c + L"^3", L"\\00\\00"), in(b + L"^4", L"\\00\\00")};
   constexpr std::uint32_t kWrong = 77;
-  for (const auto& keys : {bs, cs, foreign}) {
-    for (const auto& key : keys) {
-      laptop.registry.SetDword(key, L"ActiveSize.cx", 1920);
-      laptop.registry.SetDword(key, L"ActiveSize.cy", 1080);
-    }
+  for (const auto& key : {bs[0], bs[1], foreign[1]}) {
+    laptop.registry.SetDword(key, L"ActiveSize.cx", 1920);
+    laptop.registry.SetDword(key, L"ActiveSize.cy", 1080);
   }
   for (const auto& [keys, values] : {std::pair(bs, Words{1, 0, 0, 1920, 1080, 1920, 1080}),
                                      {cs, Words{4, 0, 0, 1000, 504, 504, 1000}},

@@ -60,8 +60,6 @@ TEST(TouchReset, GoesOnAsFarAsItCan) {
         .isConnected = false},
         Trouble{.arrange = [](auto& f) { f.template Fail<&os::RawInputDeviceCount>(); }, .isConnected = false},
         Trouble{.arrange = [](auto& f) { f.template Fail<&os::RawInputDevices>({.error = 122, .times = 2}); }},
-        Trouble{.arrange = [](auto& f) { f.template Fail<&os::RawInputDevices>({.error = 122}); },
-        .isConnected = false},
         Trouble{.arrange = [](auto& f) { f.template Fail<&os::RegisterRawInput>({.after = 1}); },
         .isConnected = false}}) {
     Laptop laptop({.uiRunning = true});
