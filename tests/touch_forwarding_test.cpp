@@ -50,11 +50,12 @@ TEST_F(TouchForwarding, ThinsAContactToEveryThirdReportAndTheLift) {
 
 TEST_F(TouchForwarding, IgnoresWhateverIsNotATouchOfTheCPanel) {
   using Change = void (*)(sim::HidCollection&);
-  for (const auto change : {Change{[](auto& c) { c.attributes.vendorId = 0x1A7C; }},
+  for (int number = 0;
+       const auto change : {Change{[](auto& c) { c.attributes.vendorId = 0x1A7C; }},
                             Change{[](auto& c) { c.attributes.productId = 0x1516; }},
                             Change{[](auto& c) { c.capabilities.usagePage = 1; }}}) {  // there a game pad
     auto foreign = sim::MakeTouchPad();
-    foreign.path += L"1";
+    foreign.path += std::to_wstring(++number);
     change(foreign);
     laptop.touch.ReportFrom(laptop.touch.Add(foreign), {17, 0, 1});
     EXPECT_TRUE(tessaview::RegisterCPanelRawInput());
