@@ -10,6 +10,7 @@
 
 #include "sim/bytes.h"
 #include "sim/displays.h"
+#include "sim/text.h"
 
 namespace sim {
 namespace {
@@ -21,8 +22,8 @@ const std::wstring kDatabase = L"SYSTEM\\CurrentControlSet\\Control\\GraphicsDri
 std::wstring SerialOf(os::BytesView edid) {
   for (std::size_t at = 54; at < 126; at += 18) {
     if (edid[at + 3] != 0xFF) continue;
-    const auto text = edid.subspan(at + 5, 12);
-    return {text.begin(), std::find_if(text.begin(), text.end(), [](auto byte) { return byte == 0 || byte == '\n'; })};
+    const auto text = FromCodePage1252(edid.subspan(at + 5, 12));
+    return text.substr(0, text.find_first_of(std::wstring(L"\0\n", 2)));
   }
   return std::to_wstring(GetWord(edid, 12));
 }

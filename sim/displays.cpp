@@ -70,6 +70,13 @@ Screen& Displays::AddMonitor(Screen screen) {
   return screens_.back();
 }
 
+Screen& Displays::AddPrimary(const os::Point& bPanelAt, Screen screen) {
+  const auto from = bPanel().Area();
+  for (auto& other : screens_) other.MoveTo(other.x - from.left + bPanelAt.x, other.y - from.top + bPanelAt.y);
+  screen.MoveTo(0, 0);
+  return AddMonitor(std::move(screen));
+}
+
 void Displays::RemoveAll() {
   for (auto& screen : screens_) screen.Unplug();
 }

@@ -48,6 +48,10 @@ class Displays {
   /// Adds a display; what was left empty is filled in so that it differs from the others. The reference stays good.
   Screen& AddMonitor(Screen screen);
 
+  /// Adds a display at the top left and makes it the primary one: the others move as they lie, so that the B panel is
+  /// at `bPanelAt` instead of (0, 0).
+  Screen& AddPrimary(const os::Point& bPanelAt, Screen screen = {});
+
   /// Unplugs every display.
   void RemoveAll();
 

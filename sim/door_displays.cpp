@@ -111,8 +111,8 @@ std::vector<MonitorDevice> MonitorDevices() {
   return devices;
 }
 
-std::vector<std::wstring> WallpaperMonitorPaths() {
-  if (sim::Enter<&WallpaperMonitorPaths>().failed()) return {};
+std::optional<std::vector<std::wstring>> WallpaperMonitorPaths() {
+  if (sim::Enter<&WallpaperMonitorPaths>().failed()) return std::nullopt;
   const auto& displays = Machine().displays;
   if (displays.wallpaperPaths) return *displays.wallpaperPaths;
   std::vector<std::wstring> paths;

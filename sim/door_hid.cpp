@@ -1,4 +1,4 @@
-#include <algorithm>
+#include <utility>
 
 #include "os/hid.h"
 #include "sim/parts.h"
@@ -13,14 +13,6 @@ using sim::Machine;
 HidInterface InterfaceOf(const HidCollection& collection) {
   const bool isRead = collection.detail == HidInterface::Detail::Read;
   return {collection.detail, isRead ? collection.path : std::wstring()};
-}
-
-std::vector<RawDevice> WorkingRawDevices() {
-  std::vector<RawDevice> devices;
-  for (const auto& collection : Machine().touch.Collections()) {
-    if (collection.Works()) devices.push_back(collection.raw);
-  }
-  return devices;
 }
 
 }  // namespace
@@ -85,13 +77,13 @@ bool WriteHidReport(const HidDevice& device, BytesView report) {
 
 Result<std::uint32_t> RawInputDeviceCount() {
   if (const auto call = sim::Enter<&RawInputDeviceCount>(); call.failed()) return Error{call.error()};
-  return static_cast<std::uint32_t>(WorkingRawDevices().size());
+  return static_cast<std::uint32_t>(Machine().touch.RawDevices().size());
 }
 
 Result<std::vector<RawDevice>> RawInputDevices(std::uint32_t count) {
   const auto call = sim::Enter<&RawInputDevices>();
   if (call.failed()) return Error{call.error()};
-  auto devices = WorkingRawDevices();
+  auto devices = Machine().touch.RawDevices();
   if (devices.size() > count) return Error{sim::kInsufficientBuffer};
   devices.resize(call.Shortened(devices.size()));
   return devices;
@@ -99,10 +91,18 @@ Result<std::vector<RawDevice>> RawInputDevices(std::uint32_t count) {
 
 std::wstring RawDevicePath(RawDevice device) {
   if (sim::Enter<&RawDevicePath>().failed()) return {};
-  const auto& collections = Machine().touch.Collections();
-  const auto isIt = [=](const HidCollection& collection) { return collection.raw == device && collection.Works(); };
-  const auto found = std::find_if(collections.begin(), collections.end(), isIt);
-  return found == collections.end() ? std::wstring() : found->path;
+  const auto* collection = Machine().touch.Find(device);
+  return collection == nullptr ? std::wstring() : collection->path;
+}
+
+std::optional<RawDeviceIdentity> QueryRawDevice(RawDevice device) {
+  constexpr std::uint16_t kGenericDesktop = 0x01, kMouseUsage = 2, kKeyboardUsage = 6;
+  const auto call = sim::Enter<&QueryRawDevice>();
+  const auto* collection = Machine().touch.Find(device);
+  if (call.failed() || collection == nullptr) return std::nullopt;
+  const auto [usage, usagePage] = std::pair(collection->capabilities.usage, collection->capabilities.usagePage);
+  if (usagePage == kGenericDesktop && (usage == kMouseUsage || usage == kKeyboardUsage)) return std::nullopt;
+  return RawDeviceIdentity{collection->attributes.vendorId, collection->attributes.productId, usagePage, usage};
 }
 
 Status RegisterRawInput(std::uint16_t usagePage, std::uint16_t usage, std::uint32_t flags, WindowHandle target) {
@@ -124,9 +124,9 @@ std::vector<std::wstring> FirstHardwareIds(const HidNodes& nodes) {
   return Machine().touch.FirstHardwareIds(nodes.get());
 }
 
-Status EnableHidNode(const HidNodes& nodes, std::size_t index, bool enable) {
+Result<NodeChange> EnableHidNode(const HidNodes& nodes, std::size_t index, bool enable) {
   if (const auto call = sim::Enter<&EnableHidNode>(); call.failed()) return Error{call.error()};
-  return sim::Outcome(Machine().touch.SwitchNode(nodes.get(), index, enable));
+  return Machine().touch.SwitchNode(nodes.get(), index, enable);
 }
 
 }  // namespace os

@@ -32,17 +32,16 @@ void Power::Change(PowerSetting setting, std::uint32_t value) {
   Notify(setting, value);
 }
 
-void Power::HibernateAndWake() {
+void Power::HibernateAndWake(std::uint32_t touchLateMs) {
   touch_.Unplug();
-  touch_.Plug();
+  if (touchLateMs != kNever) touch_.PlugAfter(restMs + touchLateMs);
   Rest(5);
 }
 
 /// The system's log has the end of the rest before programs are told of it.
 void Power::Rest(int state) {
-  constexpr std::uint32_t kHourMs = 3'600'000;
   Broadcast(kSuspend);
-  scheduler_.Advance(kHourMs);
+  scheduler_.Advance(restMs);
   watches_.Woke(state);
   hooks_.Resume();
   Broadcast(kResumeAutomatic);

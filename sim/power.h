@@ -40,10 +40,11 @@ class Power {
   /// The same for either source, not heard by anybody: as the power scheme has it.
   void SetSchemeLidAction(bool onMains, std::uint32_t action) { lidActions_.at(onMains ? 1 : 0) = action; }
 
-  /// The machine sleeps for an hour and wakes again; or it hibernates, and touch controller and panels have been
-  /// without power when it wakes.
+  /// The machine sleeps for a while and wakes again; or it hibernates, and touch controller and panels have been
+  /// without power when it wakes; the controller is back on the bus `touchLateMs` milliseconds later, or never.
   void SleepAndWake() { Rest(4); }
-  void HibernateAndWake();
+  void HibernateAndWake(std::uint32_t touchLateMs = 0);
+  std::uint32_t restMs = 3'600'000;
 
   /// Broadcasts one of the PBT_* events.
   void Broadcast(std::uint32_t event);

@@ -9,7 +9,7 @@ namespace {
 constexpr std::int32_t kBadMode = -2;  // DISP_CHANGE_BADMODE
 constexpr std::uint32_t kSizeFields = os::kDmPelsWidth | os::kDmPelsHeight;
 constexpr std::uint32_t kAllFields = os::kDmPosition | os::kDmDisplayOrientation | os::kDmBitsPerPel | kSizeFields |
-                                     os::kDmDisplayFlags | os::kDmDisplayFrequency;
+                                     os::kDmDisplayFlags | os::kDmDisplayFrequency | os::kDmDisplayFixedOutput;
 
 bool IsQuarterTurn(std::uint32_t orientation) {
   return orientation % 2 == 1;
@@ -43,7 +43,8 @@ os::DisplaySettings Screen::Settings() const {
           .height = height,
           .orientation = orientation,
           .frequency = frequency,
-          .bitsPerPixel = 32};
+          .bitsPerPixel = 32,
+          .fixedOutput = fixedOutput};
 }
 
 std::int32_t Screen::Apply(const os::DisplaySettings& settings) {
@@ -64,6 +65,7 @@ std::int32_t Screen::Apply(const os::DisplaySettings& settings) {
   if (names(os::kDmPelsWidth)) changed.width = settings.width;
   if (names(os::kDmPelsHeight)) changed.height = settings.height;
   if (names(os::kDmDisplayFrequency)) changed.frequency = settings.frequency;
+  if (names(os::kDmDisplayFixedOutput)) changed.fixedOutput = settings.fixedOutput;
 
   const bool changesMode = (settings.fields & (os::kDmDisplayOrientation | kSizeFields)) != 0;
   if (changesMode && !Fits(changed, changed.width, changed.height)) return kBadMode;

@@ -36,6 +36,7 @@ struct Screen {
   std::uint32_t orientation = 0;  // 0 default, 1 by 90, 2 by 180, 3 by 270 degrees
   std::uint32_t rotation = 1;     // the same as its path tells it: 1 none … 4 by 270 degrees
   std::uint32_t frequency = 60;   // Hz
+  std::uint32_t fixedOutput = 0;  // of a picture that is smaller than the display
   std::uint32_t dpi = 96;
 
   void Detach() { attached = false; }

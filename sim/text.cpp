@@ -49,4 +49,14 @@ std::wstring FromUtf16(os::BytesView bytes) {
   return text;
 }
 
+std::wstring FromCodePage1252(os::BytesView bytes) {
+  // What stands for 0x80 to 0x9F; every other byte is the number of its character.
+  constexpr std::wstring_view kFrom80 =
+      L"\u20AC\x81\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\x8D\u017D\x8F"
+      L"\x90\u2018\u2019\u201C\u201D\u2022\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\x9D\u017E\u0178";
+  std::wstring text;
+  for (const auto byte : bytes) text += byte >= 0x80 && byte < 0xA0 ? kFrom80[byte - 0x80] : static_cast<wchar_t>(byte);
+  return text;
+}
+
 }  // namespace sim

@@ -48,8 +48,7 @@ TouchController::TouchController(Scheduler& scheduler, ServiceWindow& window) : 
 }
 
 HidCollection& TouchController::Add(HidCollection collection) {
-  constexpr std::uint64_t kFirstRawHandle = 0x20001;
-  collection.raw = static_cast<os::RawDevice>(kFirstRawHandle + 2 * collections_.size());
+  GiveRawHandle(collection);
   collections_.push_back(std::move(collection));
   return collections_.back();
 }
@@ -58,8 +57,24 @@ bool TouchController::IsController(const HidCollection& collection) {
   return collection.attributes.vendorId == kTouchVendor && collection.attributes.productId == kTouchProduct;
 }
 
+/// A handle that was given away never comes back.
+void TouchController::GiveRawHandle(HidCollection& collection) {
+  lastRawHandle_ += 2;
+  collection.raw = static_cast<os::RawDevice>(lastRawHandle_);
+}
+
+bool TouchController::IsOpen(const HidCollection& collection) const {
+  bool isOpen = collection.heldByAnother;
+  handles_.ForEach([&](const OpenCollection& open) {
+    isOpen = isOpen || (open.collection == &collection && open.arrivals == collection.arrivals);
+  });
+  return isOpen;
+}
+
 void TouchController::Arrived(HidCollection& collection) {
   ++collection.arrivals;
+  GiveRawHandle(collection);
+  collection.listedFromMs = scheduler_.NowMs() + rawListLateMs;
   if (IsController(collection)) inCursorMode_ = false;
 }
 
@@ -95,12 +110,13 @@ void TouchController::ReportFrom(const HidCollection& collection, os::Bytes repo
   Deliver(collection, std::move(report), input);
 }
 
-void TouchController::Deliver(const HidCollection& collection, os::Bytes report, os::RawInput input) {
+void TouchController::Deliver(const HidCollection& collection, os::Bytes reports, os::RawInput input) {
   if (!collection.Works() || !RawInputReaches(collection.capabilities.usagePage)) return;
   input.device = collection.raw;
-  window_.Input([input, report = std::move(report)](const os::ServiceWindowEvents& events) {
+  if (input.reportSize == 0) input.reportSize = static_cast<std::uint32_t>(reports.size());
+  window_.Input([input, reports = std::move(reports)](const os::ServiceWindowEvents& events) {
     auto arrived = input;
-    arrived.report = report;
+    arrived.reports = reports;
     events.rawInput(arrived);
   });
   scheduler_.SettleStory();
@@ -122,9 +138,27 @@ const HidCollection* TouchController::Door::Find(os::HidHandle device) {
   return open->arrivals == open->collection->arrivals ? open->collection : nullptr;
 }
 
+const HidCollection* TouchController::Door::Find(os::RawDevice device) const {
+  const auto isIt = [=](const HidCollection& collection) { return collection.raw == device && collection.Works(); };
+  const auto found = std::find_if(collections_.begin(), collections_.end(), isIt);
+  return found == collections_.end() ? nullptr : &*found;
+}
+
+std::vector<os::RawDevice> TouchController::Door::RawDevices() const {
+  std::vector<os::RawDevice> devices;
+  for (const auto& collection : collections_) {
+    if (collection.Works() && collection.listedFromMs <= scheduler_.NowMs()) devices.push_back(collection.raw);
+  }
+  return devices;
+}
+
 bool TouchController::Door::Write(os::HidHandle device, os::BytesView report) {
   const auto* collection = Find(device);
   if (collection == nullptr || !TakesReport(*collection, report)) return false;
+  if (const auto ms = collection->takesReportMs; ms > 0) {
+    scheduler_.WaitUntil([] { return false; }, scheduler_.DeadlineIn(std::min(ms, os::kHidWriteLimitMs)));
+    if (ms > os::kHidWriteLimitMs || Find(device) == nullptr) return false;
+  }
   outputReports_.emplace_back(report.begin(), report.end());
   const bool isCursorMode =
       report.size() >= kCursorMode.size() && std::equal(kCursorMode.begin(), kCursorMode.end(), report.begin());
@@ -159,16 +193,17 @@ std::vector<std::wstring> TouchController::Door::FirstHardwareIds(os::HidNodesHa
   return ids;
 }
 
-std::uint32_t TouchController::Door::SwitchNode(os::HidNodesHandle nodes, std::size_t index, bool enable) {
+os::Result<os::NodeChange> TouchController::Door::SwitchNode(os::HidNodesHandle nodes, std::size_t index, bool enable) {
   const auto* list = nodeLists_.Find(nodes);
-  if (list == nullptr || index >= list->size()) return kNoMoreItems;
-  if (!(*list)[index]->plugged) return kNotFound;
+  if (list == nullptr || index >= list->size()) return os::Error{kNoMoreItems};
+  if (!(*list)[index]->plugged) return os::Error{kNotFound};
   auto& node = *(*list)[index];
   nodeSwitches_.push_back({node.FirstId(), enable});
+  if (!enable && node.enabled && IsOpen(node)) return os::NodeChange::AfterRestart;
   const bool comesBack = enable && !node.enabled;
   node.enabled = enable;
   if (comesBack) Arrived(node);
-  return 0;
+  return os::NodeChange::Now;
 }
 
 void TouchController::Door::EndProcess() {

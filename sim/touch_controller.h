@@ -57,8 +57,12 @@ class TouchController {
   /// The touch screen, or any other collection sends one report, as it stands.
   void Report(os::Bytes report) { ReportFrom(*touchScreen_, std::move(report)); }
   void ReportFrom(const HidCollection& collection, os::Bytes report);
-  /// Like ReportFrom; `input` says what is odd about the record, its device and report are filled in.
-  void Deliver(const HidCollection& collection, os::Bytes report, os::RawInput input);
+  /// Like ReportFrom; `input` says what is odd about the record, its device and reports are filled in. With a report
+  /// size it carries as many reports as the bytes make up.
+  void Deliver(const HidCollection& collection, os::Bytes reports, os::RawInput input);
+
+  /// How long a collection that has arrived is missing in the list of raw devices; it reports all the same.
+  std::uint32_t rawListLateMs = 0;
 
   // ---- what became of it ----
   [[nodiscard]] const std::vector<os::Bytes>& OutputReports() const { return outputReports_; }
@@ -78,6 +82,8 @@ class TouchController {
   };
   [[nodiscard]] static bool IsController(const HidCollection& collection);
   void Arrived(HidCollection& collection);
+  void GiveRawHandle(HidCollection& collection);
+  [[nodiscard]] bool IsOpen(const HidCollection& collection) const;
 
   Scheduler& scheduler_;
   ServiceWindow& window_;
@@ -86,6 +92,7 @@ class TouchController {
   HidCollection* touchPad_;
   HidCollection* modeSwitch_;
   bool inCursorMode_ = false;
+  std::uint64_t lastRawHandle_ = 0x1FFFF;
   std::vector<os::Bytes> outputReports_;
   std::vector<NodeSwitch> nodeSwitches_;
   std::vector<RawInputRequest> rawInputRequests_;
@@ -103,12 +110,17 @@ class TouchController::Door : public TouchController {
   void Close(os::HidHandle device) noexcept { handles_.Close(device); }
   /// The collection behind an open handle; null when it went away meanwhile.
   [[nodiscard]] const HidCollection* Find(os::HidHandle device);
+  /// The working collection behind a raw handle; null when it is gone.
+  [[nodiscard]] const HidCollection* Find(os::RawDevice device) const;
+  [[nodiscard]] std::vector<os::RawDevice> RawDevices() const;
+  /// Takes as long as the collection needs, or until a write is given up.
   bool Write(os::HidHandle device, os::BytesView report);
   std::uint32_t RegisterRawInput(RawInputRequest request);
   os::HidNodesHandle OpenNodes();
   void Close(os::HidNodesHandle nodes) noexcept { nodeLists_.Close(nodes); }
   [[nodiscard]] std::vector<std::wstring> FirstHardwareIds(os::HidNodesHandle nodes);
-  std::uint32_t SwitchNode(os::HidNodesHandle nodes, std::size_t index, bool enable);
+  /// A collection that anybody has open is not disabled before the next start.
+  os::Result<os::NodeChange> SwitchNode(os::HidNodesHandle nodes, std::size_t index, bool enable);
   /// The process is gone, and all it held.
   void EndProcess();
 };

@@ -25,10 +25,10 @@ TEST(RefreshRate, ReachesTheFirmwareAndItsVariable) {
   struct Rate {
     std::int32_t hertz;
     std::uint32_t firmwareValue = 1;
-    std::optional<std::uint8_t> variable = {};
+    std::uint8_t variable = 1;
   };
-  for (const auto& rate : {Rate{.hertz = 60, .variable = std::uint8_t{1}},
-                           Rate{.hertz = 30, .firmwareValue = 0, .variable = std::uint8_t{0}}, Rate{.hertz = 45}}) {
+  for (const auto& rate :
+       {Rate{.hertz = 60}, Rate{.hertz = 30, .firmwareValue = 0, .variable = 0}, Rate{.hertz = 45}}) {
     RunningLaptop laptop;
     laptop.ui.Send(L"SETFREQUENCY", {.percent = 30, .point = {30, rate.hertz}});
     EXPECT_EQ(laptop.firmware.Writes(Firmware::kRefreshRate), Words{rate.firmwareValue});
@@ -36,7 +36,7 @@ TEST(RefreshRate, ReachesTheFirmwareAndItsVariable) {
     ASSERT_EQ(variables.size(), 1u);
     EXPECT_EQ(variables[0].name, L"VantyraFPS");
     EXPECT_EQ(variables[0].guid, L"{F8165EB8-0081-48A9-BD1D-1741D6CC6154}");
-    if (rate.variable) EXPECT_EQ(variables[0].value, Bytes{*rate.variable});
+    EXPECT_EQ(variables[0].value, Bytes{rate.variable});
   }
 }
 
@@ -67,6 +67,7 @@ TEST(Resolution, IsAppliedToTheCPanelAlone) {
                                                  {.orientation = 1, .asked = {0, 0}, .size = {515, 1920}}}) {
     RunningLaptop laptop;
     laptop.displays.cPanel().Rotate(orientation);
+    laptop.displays.cPanel().fixedOutput = 2;
     laptop.ui.Send(L"SETRESOLUTION", {.percent = 5, .rect = {9, 9, 9, 9}, .point = asked});
     const auto& changes = laptop.displays.SettingsChanges();
     ASSERT_FALSE(changes.empty());  // the display change that follows may bring the panel back into its place
@@ -75,6 +76,7 @@ TEST(Resolution, IsAppliedToTheCPanelAlone) {
     EXPECT_EQ(changes[0].settings.width, static_cast<std::uint32_t>(size.x));
     EXPECT_EQ(changes[0].settings.height, static_cast<std::uint32_t>(size.y));
     EXPECT_EQ(changes[0].settings.orientation, orientation);
+    EXPECT_EQ(laptop.displays.cPanel().fixedOutput, 2U) << "kept";
   }
 }
 

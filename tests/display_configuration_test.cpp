@@ -1,5 +1,6 @@
 // Reading and changing the display configuration: rotation of paths, projection, virtual monitors.
 
+#include "display/panel_search.h"
 #include "display/path_rotation.h"
 #include "display/projection_mode.h"
 #include "display/virtual_monitor.h"
@@ -52,18 +53,26 @@ TEST(PathRotation, IsReadAndSetTo270DegreesOnUsablePathsOnly) {
   }
 }
 
-TEST(ProjectionMode, IsNoneWhenItCannotBeRead) {
-  Laptop laptop;
-  QueryWinPMode();
-  EXPECT_TRUE(isExtendMode());
-  laptop.faults.Fail<&os::QueryDisplayConfiguration>();
-  QueryWinPMode();
-  EXPECT_FALSE(isExtendMode());
+TEST(DisplayQuery, IsMadeAgainWhileTheListGrowsButNotForEver) {
+  for (const auto& [failure, isRead] : {std::pair(sim::Failure{.error = 122, .times = 1}, true),
+                                        {sim::Failure{.error = 122, .times = 4}, true},
+                                        {sim::Failure{.error = 122}, false},
+                                        {sim::Failure{.error = 5, .times = 1}, false}}) {
+    Laptop laptop;
+    laptop.faults.Fail<&os::QueryDisplayConfiguration>(failure);
+    QueryWinPMode();
+    EXPECT_EQ(isExtendMode(), isRead);
+    if (failure.times) laptop.faults.Fail<&os::QueryDisplayConfiguration>(failure);
+    EXPECT_EQ(EnumDisplayDevice() == PanelsFound::Both, isRead);
+  }
 }
 
 TEST(VirtualMonitor, IsKnownByItsOldSpelling) {
   const std::wstring real = L"\\\\?\\DISPLAY#BOE0D53#4&1";
   Laptop laptop;
+  laptop.faults.Fail<&os::WallpaperMonitorPaths>({.times = 1});
+  EXPECT_FALSE(CheckVirtualMonitor());
+  EXPECT_FALSE(laptop.trace.Contains(L"[CheckVirtualMonitor] monitor count=0\n")) << "there is no count";
   laptop.displays.wallpaperPaths = {real, L"\\\\?\\DISPLAY#legacy#1", L"\\\\?\\DISPLAY#LAGACY#1"};
   EXPECT_FALSE(CheckVirtualMonitor());
   laptop.displays.wallpaperPaths = {real, L"\\\\?\\DISPLAY#lagacy#1"};

@@ -86,49 +86,57 @@ TEST(ModeReset, MakesTheStoredConfigurationsWithTheCPanelTheNewest) {
   EXPECT_EQ(laptop.registry.Subkeys(kDatabase).size(), 4u);
 }
 
-// ---- Stored configurations ----
-
-void StoreWrongly(Laptop& laptop, const std::wstring& key) {
-  for (const auto& [name, value] : {std::pair(L"Rotation", 2U),
-                                    {L"DwmClipBox.right", 1080U},
-                                    {L"DwmClipBox.bottom", 1920U},
-                                    {L"PrimSurfSize.cx", 1080U},
-                                    {L"PrimSurfSize.cy", 1920U},
-                                    {L"ActiveSize.cx", 1920U},
-                                    {L"ActiveSize.cy", 1080U}}) {
-    laptop.registry.SetDword(key, name, value);
+// A panel that gets power comes into the configuration that is the newest for the monitors that are there then.
+TEST(ModeReset, PowersThePanelAfterTheTimeStampsAndBeforeItExtends) {
+  for (const auto projection : {Topology::Internal, Topology::Clone}) {
+    Laptop laptop({.saved = L"On"});
+    laptop.firmware.panelLeavesWhenOff = true;
+    laptop.displays.cPanel().Unplug();
+    laptop.displays.AddMonitor({.x = 1920});
+    const auto b = kDatabase + L"\\" + Key(0), other = Key(1);
+    laptop.registry.SetQword(b + L"+" + kC + L"+" + other + L"^0", L"Timestamp", 1);
+    laptop.registry.SetQword(b + L"*" + kC + L"*" + other + L"^0", L"Timestamp", 2);
+    Reset(laptop, projection);
+    EXPECT_EQ(laptop.displays.topology, Topology::Extend);
   }
 }
 
+// ---- Stored configurations ----
+
+constexpr const wchar_t* kRepaired[] = {L"Rotation",         L"DwmClipBox.left",   L"DwmClipBox.top",
+                                        L"DwmClipBox.right", L"DwmClipBox.bottom", L"PrimSurfSize.cx",
+                                        L"PrimSurfSize.cy"};
+
 TEST(StoredConfiguration, IsRepairedForThePresentMonitorsOnly) {
   Laptop laptop({.saved = L"On"});
+  auto& monitor = laptop.displays.AddMonitor({.x = 1920});
   tessaview::InitialDisplay();
-  const auto b = Key(0), c = Key(1);
-  const auto both = kDatabase + L"\\" + b + L"*" + c + L"^1", swapped = kDatabase + L"\\" + c + L"+" + b + L"^2",
-             other = kDatabase + L"\\" + b + L"+" + c + L"+GEN0001^3", alone = kDatabase + L"\\" + b + L"^4";
-  const Texts mine{both + L"\\00\\00", swapped + L"\\01\\00"}, foreign{other + L"\\00\\00", alone + L"\\00\\00"},
-      cs{both + L"\\00\\01", swapped + L"\\00\\00"};
-  for (const auto& keys : {mine, foreign, cs}) {
-    for (const auto& key : keys) StoreWrongly(laptop, key);
+  const auto b = Key(0), c = Key(1), other = Key(2);
+  const auto longName = [](std::size_t index) { return tessaview::ListConnectedMonitors().at(index).longKey; };
+  const auto in = [](const std::wstring& name, const wchar_t* subkey) { return kDatabase + L"\\" + name + subkey; };
+  const auto same = b + L"*" + c + L"+" + other + L"^1",
+             long3 = other + L"+" + longName(1) + L"+" + longName(0) + L"^2";
+  const Texts bs{in(same, L"\\00\\00"), in(long3, L"\\02\\00")}, cs{in(same, L"\\00\\01"), in(long3, L"\\01\\00")},
+      foreign{in(b + L"+" + c + L"^3", L"\\00\\00"), in(b + L"^4", L"\\00\\00")};
+  constexpr std::uint32_t kWrong = 77;
+  for (const auto& key : {bs[0], bs[1], foreign[1]}) {
+    laptop.registry.SetDword(key, L"ActiveSize.cx", 1920);
+    laptop.registry.SetDword(key, L"ActiveSize.cy", 1080);
   }
+  laptop.registry.SetDword(bs[0], kRepaired[0], kWrong);
   laptop.sessions.LoseConsoleUntold();
   EXPECT_FALSE(tessaview::RepairStoredPanelConfiguration()) << "the panels are another user's";
   laptop.sessions.IsPutBack();
-  EXPECT_TRUE(tessaview::RepairStoredPanelConfiguration());
-  const auto number = [&](const std::wstring& key, const wchar_t* name) { return laptop.registry.Dword(key, name); };
-  for (const auto& key : mine) {
-    EXPECT_EQ(number(key, L"Rotation"), 1u);
-    EXPECT_EQ(number(key, L"DwmClipBox.right"), 1920u);
-    EXPECT_EQ(number(key, L"PrimSurfSize.cy"), 1080u);
+  for (const auto& [keys, values] : {std::pair(bs, Words{1, 0, 0, 1920, 1080, 1920, 1080}),
+                                     {cs, Words{4, 0, 0, 1000, 504, 504, 1000}},
+                                     {foreign, Words{kWrong}}}) {
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      for (const auto& key : keys) laptop.registry.SetDword(key, kRepaired[i], kWrong);  // each alone is a reason
+      EXPECT_EQ(tessaview::RepairStoredPanelConfiguration(), values[i] != kWrong);
+      for (const auto& key : keys) EXPECT_EQ(laptop.registry.Dword(key, kRepaired[i]), values[i]) << i;
+    }
   }
-  for (const auto& key : foreign) EXPECT_EQ(number(key, L"Rotation"), 2u) << "another set of monitors";
-  for (const auto& key : cs) {
-    EXPECT_EQ(number(key, L"Rotation"), 4u);
-    EXPECT_EQ(number(key, L"DwmClipBox.right"), 1000u);
-    EXPECT_EQ(number(key, L"PrimSurfSize.cx"), 504u);
-  }
-  EXPECT_FALSE(tessaview::RepairStoredPanelConfiguration()) << "nothing is left to repair";
-  laptop.displays.cPanel().Unplug();
+  for (auto* const gone : {&laptop.displays.cPanel(), &monitor}) gone->Unplug();
   EXPECT_TRUE(tessaview::RepairStoredPanelConfiguration()) << "now the one for the B panel alone fits";
 }
 

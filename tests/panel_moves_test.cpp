@@ -1,5 +1,6 @@
 #include "windows/panel_moves.h"
 
+#include "display/panel_geometry.h"
 #include "tests/support.h"
 #include "windows/patient_calls.h"
 #include "windows/rect_moves.h"
@@ -12,6 +13,11 @@ using namespace support;
 void SetScales(Laptop& laptop, std::uint32_t bDpi, std::uint32_t cDpi) {
   laptop.displays.bPanel().dpi = bDpi;
   laptop.displays.cPanel().dpi = cDpi;
+  laptop.displays.Changed();
+}
+
+void PutBPanelAside(Laptop& laptop) {
+  laptop.displays.AddPrimary({1920, 360});
   laptop.displays.Changed();
 }
 
@@ -44,20 +50,28 @@ TEST(PanelMoves, AWindowWithAMaximiseBoxIsPlacedWhileItIsMinimised) {
 
 TEST(PanelMoves, TheRestoredSizeFollowsTheScaleOnTheWayUpOnly) {
   LaptopInUse laptop;
+  const auto placed = [&](const os::Rect& area) {
+    const auto window = laptop.desktop.Open({.area = area});
+    MoveWindowtoBPanel(window, false);
+    return laptop.desktop.Journal(window).back();
+  };
   SetScales(laptop, 144, 192);
-  const auto onC = laptop.desktop.Open({.area = {300, 1120, 1301, 1423}}), onB = laptop.desktop.Open({});
-  MoveWindowtoBPanel(onC, false);
-  MoveWindowtoBPanel(onB, false);
-  EXPECT_EQ(laptop.desktop.Journal(onC).back(), L"place 3 (0,0,750,227)");  // 1001 x 303 by 0.75
-  EXPECT_EQ(laptop.desktop.Journal(onB).back(), L"place 3 (0,0,1000,700)");
+  EXPECT_EQ(placed({300, 1120, 1301, 1423}), L"place 3 (0,0,750,227)");  // 1001 x 303 by 0.75
+  EXPECT_EQ(placed(kAnywhere), L"place 3 (0,0,1000,700)");
+  PutBPanelAside(laptop);
+  EXPECT_EQ(placed({2220, 1480, 3221, 1783}), L"place 3 (1920,360,2670,587)");
+  laptop.displays.cPanel().LoseDesktopArea();  // and so its scale
+  tessaview::InitialDisplay();
+  EXPECT_EQ(placed(kAnywhere), L"place 3 (1920,360,2920,1060)") << "from the primary display";
 }
 
 TEST(PanelMoves, AnyOtherWindowIsMadeAsLargeAsThePanel) {
   LaptopInUse laptop;
+  PutBPanelAside(laptop);
   const auto dialog = laptop.desktop.Open({.style = kNoMaximizeStyle});
   EXPECT_EQ(MoveWindowtoCPanel(dialog, Pause::Long), kMoveDone);
   EXPECT_EQ(MoveWindowtoBPanel(dialog, false), kMoveDone);
-  EXPECT_EQ(laptop.desktop.Journal(dialog), (Texts{L"move 0 1080 1920 515", L"move 0 0 1920 1080"}));
+  EXPECT_EQ(laptop.desktop.Journal(dialog), (Texts{L"move 1920 1440 1920 515", L"move 1920 360 1920 1080"}));
 }
 
 TEST(PanelMoves, WhatRefusesOrIsGoneOrHangsIsLeftAfterAFewTries) {
@@ -117,12 +131,13 @@ TEST(RectMoves, LeaveRoomForATaskbarOnlyWhereBothLieInTheBPanel) {
 
 TEST(TaskGroup, IsMovedBackIntoTheBPanelAtTheRightAndAtTheBottom) {
   LaptopInUse laptop;
-  for (const auto& [requested, placed] : {std::pair(os::Rect{1120, 480, 1920, 1080}, os::Rect{1120, 480, 1920, 1080}),
-                                          {os::Rect{-300, -50, 500, 550}, os::Rect{-300, -50, 500, 550}},
-                                          {os::Rect{1500, 900, 2300, 1500}, os::Rect{1120, 480, 1920, 1080}},
-                                          {os::Rect{100, 900, 900, 1500}, os::Rect{100, 480, 900, 1080}},
-                                          {os::Rect{1500, 100, 2300, 700}, os::Rect{1120, 100, 1920, 700}},
-                                          {os::Rect{0, 0, 2500, 500}, os::Rect{-580, 0, 1920, 500}}}) {
+  PutBPanelAside(laptop);
+  for (const auto& [requested, placed] : {std::pair(os::Rect{3040, 840, 3840, 1440}, os::Rect{3040, 840, 3840, 1440}),
+                                          {os::Rect{1620, 310, 2420, 910}, os::Rect{1620, 310, 2420, 910}},
+                                          {os::Rect{3420, 1260, 4220, 1860}, os::Rect{3040, 840, 3840, 1440}},
+                                          {os::Rect{2020, 1260, 2820, 1860}, os::Rect{2020, 840, 2820, 1440}},
+                                          {os::Rect{3420, 460, 4220, 1060}, os::Rect{3040, 460, 3840, 1060}},
+                                          {os::Rect{1920, 360, 4420, 860}, os::Rect{1340, 360, 3840, 860}}}) {
     const auto window = laptop.desktop.Open({});
     laptop.ui.Send(L"TASKGROUPLAUNCHAPPS",
                    {.handle = static_cast<std::uint64_t>(window), .rect = requested, .point = {7, 7}});

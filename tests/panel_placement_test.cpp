@@ -25,6 +25,7 @@ TEST(Placement, IsPutRightInOneChangeThatNamesWhatItChanges) {
     const char* what;
     std::uint32_t width = 1920, orientation = 3, bHeight = 1080, fields = kPosition | kTurn;
     os::Rect after = kCPanel;
+    std::optional<os::Point> bAt = {};
   };
   for (const auto& each :
        {Case{.what = "right", .fields = kNoChange},
@@ -33,12 +34,19 @@ TEST(Placement, IsPutRightInOneChangeThatNamesWhatItChanges) {
         Case{
             .what = "upright", .orientation = 0, .fields = kPosition | kTurn | kSize, .after = {702, 1080, 2622, 1595}},
         Case{.what = "upside down", .orientation = 1},
-        Case{.what = "a lower B panel", .bHeight = 900, .after = {0, 900, 1920, 1415}}}) {
+        Case{.what = "a lower B panel", .bHeight = 900, .after = {0, 900, 1920, 1415}},
+        Case{.what = "level with the primary display",
+        .fields = kNoChange,
+        .after = {1920, 1080, 3840, 1595},
+        .bAt = {{1920, 0}}},
+        Case{.what = "beside", .width = 1280, .after = {2240, 1440, 3520, 1955}, .bAt = {{1920, 360}}},
+        Case{.what = "put where it is", .after = {-1920, 720, 0, 1235}, .bAt = {{-1920, -360}}}}) {
     Laptop laptop;
     auto& c = laptop.displays.cPanel();
     laptop.displays.bPanel().height = each.bHeight;
     c.width = each.width;
     c.Rotate(each.orientation);
+    if (each.bAt) laptop.displays.AddPrimary(*each.bAt);
     Check();
     const auto& changes = laptop.displays.SettingsChanges();
     EXPECT_EQ(changes.size(), each.fields == kNoChange ? 0U : 1U);
@@ -80,12 +88,13 @@ TEST(Placement, IsLookedAtOnceUnlessThePanelIsTurned) {
 TEST(Nudge, WaitsForThePanelAndMovesItByOnePixel) {
   for (const std::uint32_t appearsAfterMs : {0U, 1200U, 2900U}) {
     Laptop laptop;
+    laptop.displays.AddPrimary({1920, 360});
     if (appearsAfterMs > 0) laptop.displays.AppearsAfter(laptop.displays.cPanel(), appearsAfterMs);
     const auto start = laptop.NowMs();
     tessaview::MoveCPanelMonitorOnePixel();
     EXPECT_EQ(laptop.NowMs() - start, (appearsAfterMs + 499) / 500 * 500);
-    EXPECT_EQ(laptop.displays.cPanel().x, appearsAfterMs < 2900 ? 1 : 0) << "the time is for waiting and moving";
-    EXPECT_EQ(laptop.displays.cPanel().y, 1080);
+    EXPECT_EQ(laptop.displays.cPanel().x - 1920, appearsAfterMs < 2900 ? 1 : 0) << "the time is for waiting and moving";
+    EXPECT_EQ(laptop.displays.cPanel().y, 1440);
   }
 }
 

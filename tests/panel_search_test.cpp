@@ -30,6 +30,11 @@ TEST(PanelSearch, FindsBothPanelsWithAllThatIsToKnow) {
   EXPECT_EQ(c.SettingsView(), kCBelow);
   EXPECT_EQ(c.displayOrientation, 3U);
   EXPECT_NE(c.monitor, b.monitor);
+
+  laptop.displays.Project(Topology::Clone);  // its source is the B panel's
+  EXPECT_EQ(EnumDisplayDevice(), PanelsFound::Both);
+  const auto cloned = gPanelDisplayInfo().cPanel;
+  EXPECT_TRUE(cloned.SettingsView() == kAbsent && MonitorView(cloned) == kAbsent && cloned.scale == 0);
 }
 
 TEST(PanelSearch, TellsThePanelsByTheIdsUpToTheirLastBackslash) {

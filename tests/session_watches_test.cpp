@@ -55,19 +55,29 @@ TEST(PackageWatch, TakesTheManyEntriesOfOneInstallationForOne) {
 
 TEST(ResumeWatch, PutsPanelsTouchAndFirmwareRightAfterHibernationAndTellsTheUi) {
   for (const auto& [generation, onMains] : {std::pair(1, true), {2, true}, {2, false}}) {
-    LaptopInUse laptop(generation);
+    const bool isOff = generation == 1;
+    RunningLaptop laptop({.saved = isOff ? L"Off" : L"On", .generation = generation, .uiRunning = true});
     if (!onMains) laptop.power.Unplug(), laptop.firmware.ForgetRequests();
     laptop.power.SetSchemeLidAction(onMains, 0);
     laptop.power.SetSchemeLidAction(!onMains, 2);
-    laptop.ui.Hang();  // which holds nobody up
-    laptop.power.HibernateAndWake();
+    laptop.power.restMs = 60'000;
+    {
+      const auto quietly = laptop.Quietly();
+      for (const auto touchLateMs : {sim::kNever, 30'000U}) laptop.power.HibernateAndWake(touchLateMs);
+      laptop.Advance(5000);
+    }
     EXPECT_TRUE(laptop.trace.Contains(L"EnumDisplayDevice Start"));
-    EXPECT_EQ(laptop.touch.NodeSwitches().size(), 4U) << "at start, and now, off and on";
+    EXPECT_EQ(laptop.firmware.Writes(Firmware::kLidCloseAction), generation == 2 ? (Words{0, 0}) : Words{});
+    EXPECT_EQ(TimesTold(laptop, L"IAMBACK"), 2) << "the touch controller is still away";
+    laptop.firmware.SetRegister(Firmware::kPower, isOff ? Firmware::kPanelOn : Firmware::kPanelOff);
+    laptop.ui.Hang();  // which holds nobody up
+    laptop.Advance(60'000);
+    EXPECT_NE(laptop.firmware.PanelOn(), isOff);
+    EXPECT_EQ(laptop.touch.InCursorMode(), isOff);
     EXPECT_TRUE(laptop.touch.RawInputReaches(0x0D));
-    EXPECT_EQ(laptop.firmware.Writes(Firmware::kLidCloseAction), generation == 2 ? Words{0} : Words{});
     laptop.ui.Recover();
     laptop.power.SleepAndWake();
-    EXPECT_EQ(TimesTold(laptop, L"IAMBACK"), 1) << "not after a sleep";
+    EXPECT_EQ(TimesTold(laptop, L"IAMBACK"), 2) << "not after a sleep";
   }
 }
 

@@ -22,6 +22,7 @@ class Sequence {
                  .saved = L"On",
                  .generation = 1 + static_cast<int>(Pick(2)),
                  .uiRunning = true}) {
+    if (Pick(3) == 0) laptop_.displays.AddPrimary({1920, 200});
     laptop_.Boot();
     laptop_.firmware.panelLeavesWhenOff = Pick(2) == 0;
     monitor_ = &laptop_.displays.AddMonitor({.plugged = false, .attached = false, .x = 1920});
@@ -62,7 +63,7 @@ class Sequence {
 
   void SpoilDisplays() {
     auto& faults = laptop_.faults;
-    const sim::Failure failure{.error = 31, .times = 1 + Pick(4), .after = Pick(3)};
+    const sim::Failure failure{.error = Pick(2) == 0 ? 31U : 122U, .times = 1 + Pick(4), .after = Pick(3)};
     switch (Pick(6)) {
       case 0:
         return faults.Fail<&os::ChangeDisplaySettings>(failure);

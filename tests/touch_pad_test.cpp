@@ -19,7 +19,8 @@ TEST(TouchPadSearch, FindsThePadByItsUsageAndThenOpensTheCollectionThatTakesItsM
 
 TEST(TouchPadSearch, GoesOnBehindACollectionItCannotUse) {
   for (const auto spoil : {+[](sim::HidCollection& c) { c.hasPreparsedData = false; },
-                           +[](sim::HidCollection& c) { c.detail = HidInterface::Detail::NoData; }}) {
+                           +[](sim::HidCollection& c) { c.detail = HidInterface::Detail::NoData; },
+                           +[](sim::HidCollection& c) { c.capabilities.usage = 5; }}) {  // on its page a game pad
     Laptop laptop;
     laptop.touch.mouse().exclusive = false;
     spoil(laptop.touch.mouse());        // in the way of the first phase
@@ -55,6 +56,8 @@ TEST(CursorMode, IsAReportOfThePadsOwnLength) {
     auto report = full;
     report.resize(length);
     EXPECT_EQ(laptop.touch.OutputReports(), std::vector<Bytes>{report});
+    laptop.touch.modeSwitch().takesReportMs = sim::kNever;
+    EXPECT_FALSE(tessaview::SetModetoTouchPad()) << "given up";
   }
 }
 

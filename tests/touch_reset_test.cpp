@@ -3,6 +3,7 @@
 #include "tests/support.h"
 #include "touch/device_reset.h"
 #include "touch/raw_input.h"
+#include "touch/touch_pad.h"
 
 namespace {
 
@@ -58,6 +59,7 @@ TEST(TouchReset, GoesOnAsFarAsItCan) {
         .switches = 1,
         .isConnected = false},
         Trouble{.arrange = [](auto& f) { f.template Fail<&os::RawInputDeviceCount>(); }, .isConnected = false},
+        Trouble{.arrange = [](auto& f) { f.template Fail<&os::RawInputDevices>({.error = 122, .times = 2}); }},
         Trouble{.arrange = [](auto& f) { f.template Fail<&os::RegisterRawInput>({.after = 1}); },
         .isConnected = false}}) {
     Laptop laptop({.uiRunning = true});
@@ -65,6 +67,21 @@ TEST(TouchReset, GoesOnAsFarAsItCan) {
     EXPECT_TRUE(laptop.Boot()) << "the start-up goes on";
     EXPECT_EQ(laptop.touch.NodeSwitches().size(), trouble.switches);
     EXPECT_EQ(TouchesReachTheUi(laptop), trouble.isConnected);
+  }
+}
+
+TEST(TouchReset, LetsGoOfThePadBeforeItIsSwitchedOffAndTellsOfARestartThatIsNeeded) {
+  for (const std::uint32_t others : {0U, 1U}) {
+    Laptop laptop;
+    auto& collection = laptop.touch.modeSwitch();
+    collection.heldByAnother = others == 1;
+    ASSERT_TRUE(tessaview::SearchTouchPadAgain());
+    tessaview::ResetTouchDevices();
+    EXPECT_EQ(collection.arrivals, 1 - others);
+    EXPECT_EQ(laptop.trace.Count(L"[TouchReset] The device changes when the machine starts again \n"), others);
+    laptop.faults.Fail<&os::EnableHidNode>();
+    tessaview::ResetTouchDevices();
+    EXPECT_TRUE(tessaview::SetModetoTouchPad()) << "what could not be switched off is still there";
   }
 }
 

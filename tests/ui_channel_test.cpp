@@ -43,7 +43,8 @@ TEST(UiChannel, ABusyUiIsWaitedForAsLongAsTheTextsRowSays) {
   };
   for (const auto& each :
        {Case{.text = texts::kOpenMask, .busyMs = 45'000}, Case{.text = texts::kUacExit, .busyMs = 60},
-        Case{.text = texts::kUacExit, .busyMs = 101, .heldUpMs = 100, .isTaken = false}}) {
+        Case{.text = texts::kUacExit, .busyMs = 101, .heldUpMs = 100, .isTaken = false},
+        Case{.text = texts::kGetTouchPad, .busyMs = 101, .heldUpMs = 100, .isTaken = false}}) {
     Laptop laptop({.uiRunning = true});
     const auto start = laptop.NowMs();
     laptop.ui.Busy(each.busyMs);

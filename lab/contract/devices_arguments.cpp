@@ -27,7 +27,22 @@ TEST(DeviceArguments, DevicesAreOpenedShared) {
   EXPECT_EQ(os::OpenDevice(L"\\\\.\\Device").error(), 32U);
   EXPECT_EQ(asked, "12 3 3 0") << "read and write, shared for both, existing";
   EXPECT_EQ(os::OpenHid(L"\\\\?\\HID#").error(), 32U);
-  EXPECT_EQ(asked, "4 3 3 0") << "write only";
+  EXPECT_EQ(asked, "4 3 3 1073741824") << "write only, and overlapped";
+}
+
+TEST(DeviceArguments, AWriteThatTheDeviceDoesNotTakeIsGivenUp) {
+  static std::string story;
+  CONTRACT_PATCH(WriteFile, [](auto, auto, auto size, auto, auto overlapped) -> BOOL {
+    story += overlapped->hEvent != nullptr ? "write " + std::to_string(size) : "";
+    return SetLastError(ERROR_IO_PENDING), FALSE;
+  });
+  CONTRACT_PATCH(GetOverlappedResultEx, [](auto, auto, auto, auto ms, auto) -> BOOL {
+    story += ", " + std::to_string(ms) + " ms";
+    return SetLastError(WAIT_TIMEOUT), FALSE;
+  });
+  CONTRACT_PATCH(CancelIoEx, [](auto, auto) -> BOOL { return story += ", cancel", TRUE; });
+  EXPECT_FALSE(os::WriteHidReport(os::HidDevice(), os::Bytes(64)));
+  EXPECT_EQ(story, "write 64, 1000 ms, cancel, 100 ms");
 }
 
 TEST(DeviceArguments, AFirmwareVariableIsNamedSpacedAndSized) {
@@ -42,7 +57,7 @@ TEST(DeviceArguments, AFirmwareVariableIsNamedSpacedAndSized) {
 
 TEST(DeviceArguments, ANodeIsSwitchedForGoodInAllProfiles) {
   static SP_PROPCHANGE_PARAMS change;
-  static DWORD size, enumeratorFlags;
+  static DWORD size, enumeratorFlags, restartFlags;
   static DI_FUNCTION called;
   CONTRACT_PATCH(SetupDiGetClassDevsW, [](auto devices, auto enumerator, auto, auto flags) -> HDEVINFO {
     enumeratorFlags = devices == nullptr && std::wcscmp(enumerator, L"HID") == 0 ? flags : 0;
@@ -61,9 +76,17 @@ TEST(DeviceArguments, ANodeIsSwitchedForGoodInAllProfiles) {
     called = function;
     return SetLastError(ERROR_ACCESS_DENIED), node->DevInst == 71 && change.StateChange == DICS_ENABLE;
   });
+  CONTRACT_PATCH(SetupDiGetDeviceInstallParamsW,
+                 [](HDEVINFO, PSP_DEVINFO_DATA, PSP_DEVINSTALL_PARAMS_W parameters) -> BOOL {
+                   return parameters->Flags = restartFlags, parameters->cbSize == sizeof(SP_DEVINSTALL_PARAMS_W);
+                 });
   const auto nodes = os::OpenHidNodes();
   ASSERT_TRUE(nodes && enumeratorFlags == (DIGCF_PRESENT | DIGCF_ALLCLASSES));
-  EXPECT_TRUE(os::EnableHidNode(*nodes, 1, true));
+  for (const DWORD flags : {DWORD{0}, DWORD{DI_NEEDRESTART}, DWORD{DI_NEEDREBOOT}}) {
+    restartFlags = flags | DI_SHOWALL;
+    const auto changed = os::EnableHidNode(*nodes, 1, true);
+    EXPECT_TRUE(changed && *changed == (flags == 0 ? os::NodeChange::Now : os::NodeChange::AfterRestart));
+  }
   EXPECT_EQ(os::EnableHidNode(*nodes, 1, false).error(), 5U) << "what the class installer says";
   EXPECT_TRUE(size == sizeof change && change.ClassInstallHeader.cbSize == sizeof(SP_CLASSINSTALL_HEADER));
   EXPECT_TRUE(change.ClassInstallHeader.InstallFunction == DIF_PROPERTYCHANGE && called == DIF_PROPERTYCHANGE);
@@ -88,10 +111,11 @@ TEST(DeviceArguments, ClassesAreReadFromEachDevicesProperty) {
   CONTRACT_PATCH(SetupDiGetDevicePropertyW,
                  [](auto, auto, auto key, auto type, auto to, auto size, auto required, auto) -> BOOL {
                    constexpr wchar_t kClass[] = L"Monitor";
+                   constexpr DWORD kOddSize = sizeof kClass - 1;  // half of the NUL is missing
                    *type = DEVPROP_TYPE_STRING;
-                   if (required != nullptr) *required = sizeof kClass;
-                   if (key->fmtid.Data1 != 0xA45C254E || key->pid != 9 || size < sizeof kClass) return FALSE;
-                   return std::memcpy(to, kClass, sizeof kClass), TRUE;
+                   if (required != nullptr) *required = kOddSize;
+                   if (key->fmtid.Data1 != 0xA45C254E || key->pid != 9 || size < kOddSize) return FALSE;
+                   return std::memcpy(to, kClass, kOddSize), TRUE;
                  });
   const auto classes = os::PresentDeviceClasses();
   EXPECT_TRUE(!classes.empty() && classes == std::vector<std::wstring>(classes.size(), L"Monitor"));

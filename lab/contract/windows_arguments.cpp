@@ -94,9 +94,9 @@ TEST(WindowDecoder, EachMessageIsDecodedIntoItsEvent) {
     LPARAM lParam;
     std::vector<std::string> heard;
   } cases[]{
-      {WM_INPUT, RIM_INPUTSINK, 1, {"raw 1 2 3 4"}},
-      {WM_INPUT, RIM_INPUTSINK, 2, {"raw 1 0 0 0"}},
-      {WM_INPUT, RIM_INPUTSINK, 3, {"raw 0 2 3 4"}},
+      {WM_INPUT, RIM_INPUTSINK, 1, {"raw 1 2 3 6 4"}},
+      {WM_INPUT, RIM_INPUTSINK, 2, {"raw 1 0 0 0 0"}},
+      {WM_INPUT, RIM_INPUTSINK, 3, {"raw 0 2 3 6 4"}},
       {WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0, {"power 10"}},
       {WM_POWERBROADCAST, PBT_POWERSETTINGCHANGE, at(lid), {"setting 1 1"}},
       {WM_POWERBROADCAST, PBT_POWERSETTINGCHANGE, at(saver), {"setting 2 7"}},

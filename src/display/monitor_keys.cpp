@@ -1,10 +1,12 @@
 #include "display/monitor_keys.h"
 
+#include <algorithm>
 #include <cwchar>
 #include <iterator>
 
 #include "core/numbers.h"
 #include "core/text.h"
+#include "os/ansi.h"
 
 namespace tessaview {
 namespace {
@@ -20,12 +22,9 @@ constexpr std::size_t kLongestSerial = 12;
 
 /// The text of a display descriptor: it ends with a line feed unless it fills the descriptor.
 std::wstring DescriptorText(os::BytesView descriptor) {
-  std::wstring text;
-  for (const auto byte : descriptor.subspan(kDescriptorText)) {
-    if (byte == 0 || byte == '\n' || text.size() == kLongestSerial) break;
-    text += static_cast<wchar_t>(byte);
-  }
-  return text;
+  const auto text = descriptor.subspan(kDescriptorText);
+  const auto end = std::find_if(text.begin(), text.end(), [](auto byte) { return byte == 0 || byte == '\n'; });
+  return os::FromAnsi({text.begin(), end}).substr(0, kLongestSerial);
 }
 
 std::wstring SerialText(os::BytesView edid) {

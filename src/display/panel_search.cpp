@@ -7,6 +7,7 @@
 #include "core/state.h"
 #include "core/text.h"
 #include "core/trace_log.h"
+#include "display/display_query.h"
 #include "display/factory_ids.h"
 #include "os/displays.h"
 
@@ -63,10 +64,7 @@ void LogMatch(const std::wstring& comparisonCopy, const std::wstring& hardwareId
 
 /// Matches every usable path with both panels: one path may be both, and a later match replaces an earlier one.
 void FindPanelPaths(PanelDisplayInfo& info) {
-  const auto active =
-      os::QueryDisplayConfiguration(os::DisplayQuery::OnlyActivePaths, os::DisplayQuery::OnlyActivePaths);
-  if (!active) return;
-  for (const auto& path : active->paths) {
+  for (const auto& path : ActivePaths().paths) {
     const auto target = os::QueryTargetName(path).monitorDevicePath;
     if (path.flags != os::kPathActive || !path.target.available) continue;
     Log(L"Find target.monitorDevicePath = %ls", target);

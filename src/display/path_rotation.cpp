@@ -1,6 +1,7 @@
 #include "display/path_rotation.h"
 
 #include "core/text.h"
+#include "display/display_query.h"
 #include "display/display_writes.h"
 #include "os/displays.h"
 
@@ -10,11 +11,6 @@ namespace {
 constexpr std::int32_t kNothingChanged = -1;
 constexpr std::uint32_t kApplyAndKeep =
     os::kSdcApply | os::kSdcUseSuppliedConfig | os::kSdcSaveToDatabase | os::kSdcAllowChanges;
-
-os::DisplayConfiguration ActivePaths() {
-  auto active = os::QueryDisplayConfiguration(os::DisplayQuery::OnlyActivePaths, os::DisplayQuery::OnlyActivePaths);
-  return active ? std::move(*active) : os::DisplayConfiguration{};
-}
 
 bool IsUsable(const os::DisplayPath& path) {
   return (path.flags & os::kPathActive) != 0 && path.target.statusFlags != 0 && path.target.available;

@@ -2,6 +2,7 @@
 
 #include "core/state.h"
 #include "core/trace_log.h"
+#include "display/display_query.h"
 
 namespace tessaview {
 namespace {
@@ -40,11 +41,6 @@ bool isExtendMode() {
 }
 bool isExternalMode() {
   return gProjection.get() == os::Topology::External;
-}
-
-os::Topology CurrentTopology() {
-  const auto current = os::QueryDisplayConfiguration(os::DisplayQuery::AllPaths, os::DisplayQuery::DatabaseCurrent);
-  return current ? current->topology : os::Topology::None;
 }
 
 void QueryWinPMode() {

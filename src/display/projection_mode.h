@@ -14,9 +14,6 @@ namespace tessaview {
 /// The same as one value, for who asks for more than one of them.
 [[nodiscard]] os::Topology ProjectionMode();
 
-/// The topology that the system's configuration database has in force; None when it cannot be read. Any thread.
-[[nodiscard]] os::Topology CurrentTopology();
-
 /// Asks the system for the projection mode, and notes it. Any thread; milliseconds.
 void QueryWinPMode();
 

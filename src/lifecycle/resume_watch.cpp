@@ -1,4 +1,8 @@
+#include <cstdint>
+#include <memory>
+
 #include "core/log_failure.h"
+#include "core/noted_events.h"
 #include "core/threads.h"
 #include "core/trace_log.h"
 #include "display/panel_geometry.h"
@@ -7,6 +11,7 @@
 #include "os/watches.h"
 #include "power/firmware.h"
 #include "power/lid_actions.h"
+#include "power/panel_power.h"
 #include "power/settings.h"
 #include "touch/device_reset.h"
 #include "uilink/channel/ui_channel.h"
@@ -26,20 +31,34 @@ bool IsOnMains() {
   return status && status->acLineStatus != kOnBattery;
 }
 
-void OnResumed() {
+/// All that does not wait for the touch controller.
+void OnResumed(os::Semaphore& owedResets) {
   Log(L"[Resume] Back from hibernation \n");
   InitialDisplay();
   const bool isG2 = InitGenerationCheck() == Generation::G2;
-  ResetTouchDevices();
   if (isG2) LidClosedAction(IsOnMains());
+  owedResets.Post();
   TellUi(texts::kIAmBack);
+}
+
+/// The reset waits for the controller, without a time limit. Coming back it is a touch screen: with the panel off it
+/// has to be told again to be a touch pad.
+void BringTouchBack() {
+  ResetTouchDevices();
+  DealLater(ApplyIniPowerStatus);
 }
 
 }  // namespace
 
 void StartResumeWatch() {
-  StartThread(L"resume", [] {
-    LogFailure(L"The system's log cannot be watched", os::WatchSystemLog(kResumedFromHibernation, OnResumed));
+  constexpr std::uint32_t kMostWaiting = 1;  // one reset serves all resumes that came before it
+  const auto owed = std::make_shared<os::Semaphore>(kMostWaiting);
+  StartThread(L"touch reset", [owed] {
+    while (owed->Wait()) BringTouchBack();
+  });
+  StartThread(L"resume", [owed] {
+    const auto onResumed = [owed] { OnResumed(*owed); };
+    LogFailure(L"The system's log cannot be watched", os::WatchSystemLog(kResumedFromHibernation, onResumed));
   });
 }
 

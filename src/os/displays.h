@@ -57,7 +57,8 @@ struct DisplayConfiguration {
 };
 
 /// Reads the display configuration once: buffer sizes for `sizes`, then the data for `query`
-/// (GetDisplayConfigBufferSizes, QueryDisplayConfig). Any thread; milliseconds.
+/// (GetDisplayConfigBufferSizes, QueryDisplayConfig). Fails with kInsufficientBuffer when it grew in between. Any
+/// thread; milliseconds.
 [[nodiscard]] Result<DisplayConfiguration> QueryDisplayConfiguration(DisplayQuery sizes, DisplayQuery query);
 template <>
 inline constexpr WaitingMark kWaiting<&QueryDisplayConfiguration>{Waiting::Deaf, false};
@@ -115,10 +116,11 @@ struct DisplaySettings {
   std::uint32_t orientation = 0;  // 0 default, 1 by 90, 2 by 180, 3 by 270 degrees
   std::uint32_t frequency = 0;    // Hz
   std::uint32_t bitsPerPixel = 0, displayFlags = 0;
+  std::uint32_t fixedOutput = 0;  // how a smaller picture is shown: 0 default, 1 stretched, 2 centred
 };
 inline constexpr std::uint32_t kDmPosition = 0x20, kDmDisplayOrientation = 0x80, kDmBitsPerPel = 0x40000,
                                kDmPelsWidth = 0x80000, kDmPelsHeight = 0x100000, kDmDisplayFlags = 0x200000,
-                               kDmDisplayFrequency = 0x400000;
+                               kDmDisplayFrequency = 0x400000, kDmDisplayFixedOutput = 0x20000000;
 
 /// A display's current settings (EnumDisplaySettingsW, ENUM_CURRENT_SETTINGS, dmSize 220). Any thread.
 [[nodiscard]] std::optional<DisplaySettings> CurrentDisplaySettings(const std::wstring& gdiName);
@@ -146,9 +148,9 @@ struct MonitorDevice {
 [[nodiscard]] std::vector<MonitorDevice> MonitorDevices();
 
 /// The monitor paths of the desktop-wallpaper object, in its order; a monitor that is not attached has an empty path
-/// (CoInitializeEx, IDesktopWallpaper::GetMonitorDevicePathCount, GetMonitorDevicePathAt, CoUninitialize). An empty
-/// list when the object cannot be had. Any thread; milliseconds.
-[[nodiscard]] std::vector<std::wstring> WallpaperMonitorPaths();
+/// (CoInitializeEx, IDesktopWallpaper::GetMonitorDevicePathCount, GetMonitorDevicePathAt, CoUninitialize). Empty when
+/// the object cannot be had or does not tell their count. Any thread; milliseconds.
+[[nodiscard]] std::optional<std::vector<std::wstring>> WallpaperMonitorPaths();
 template <>
 inline constexpr WaitingMark kWaiting<&WallpaperMonitorPaths>{Waiting::ServingInput};
 

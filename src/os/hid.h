@@ -32,7 +32,7 @@ void CloseHid(HidHandle device) noexcept;
 using HidDevice = Owned<HidHandle, CloseHid>;
 
 /// Opens a HID device for writing, shared for both (CreateFileW, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
-/// OPEN_EXISTING). Any thread.
+/// OPEN_EXISTING, FILE_FLAG_OVERLAPPED). Any thread.
 [[nodiscard]] Result<HidDevice> OpenHid(const std::wstring& path);
 template <>
 inline constexpr WaitingMark kWaiting<&OpenHid>{Waiting::Deaf, false};
@@ -66,10 +66,12 @@ struct HidValue {
 [[nodiscard]] std::vector<HidValue> HidInputValues(const HidDevice& device);
 [[nodiscard]] std::vector<HidValue> HidOutputValues(const HidDevice& device);
 
-/// Writes one output report, report id first (WriteFile). Blocks until the device took it, milliseconds as a rule.
+/// Writes one output report, report id first (WriteFile, overlapped). Milliseconds as a rule; false when the device
+/// refuses it, or has not taken it after kHidWriteLimitMs (CancelIoEx). Any thread.
 bool WriteHidReport(const HidDevice& device, BytesView report);
 template <>
 inline constexpr WaitingMark kWaiting<&WriteHidReport>{Waiting::Deaf, false};
+inline constexpr std::uint32_t kHidWriteLimitMs = 1000;
 
 // ---- Raw input ----
 
@@ -79,13 +81,23 @@ enum class RawDevice : std::uint64_t { None = 0 };
 /// How many raw input devices there are (GetRawInputDeviceList without a list).
 [[nodiscard]] Result<std::uint32_t> RawInputDeviceCount();
 
-/// At most `count` raw input devices (GetRawInputDeviceList). Fails with kOutOfMemory when there is no room for the
-/// list itself.
+/// At most `count` raw input devices (GetRawInputDeviceList). Fails with kInsufficientBuffer when there are more by
+/// now, with kOutOfMemory when there is no room for the list itself.
 [[nodiscard]] Result<std::vector<RawDevice>> RawInputDevices(std::uint32_t count);
 inline constexpr std::uint32_t kOutOfMemory = 14;  // ERROR_OUTOFMEMORY
 
 /// The interface path of a raw input device (GetRawInputDeviceInfoW, RIDI_DEVICENAME); empty when it is gone.
 [[nodiscard]] std::wstring RawDevicePath(RawDevice device);
+
+/// What a raw input device is (RID_DEVICE_INFO_HID).
+struct RawDeviceIdentity {
+  std::uint16_t vendorId = 0, productId = 0;
+  std::uint16_t usagePage = 0, usage = 0;
+};
+
+/// What a raw input device is, without opening it (GetRawInputDeviceInfoW, RIDI_DEVICEINFO); empty when it is gone, or
+/// is a mouse or a keyboard. Any thread; microseconds.
+[[nodiscard]] std::optional<RawDeviceIdentity> QueryRawDevice(RawDevice device);
 
 /// Registers or removes a usage page for raw input (RegisterRawInputDevices with one RAWINPUTDEVICE). `flags` are the
 /// kRawInput values.
@@ -99,7 +111,8 @@ struct RawInput {
   bool sizeMatches = true;  // the record read was as long as announced
   std::uint32_t type = 0;   // 2 = HID
   RawDevice device = RawDevice::None;
-  BytesView report;  // the first HID report, report id first; valid during the call only
+  std::uint32_t reportSize = 0;  // bytes of each HID report, report id first
+  BytesView reports = {};        // the HID reports, one behind the other; valid during the call only
 };
 inline constexpr std::uint32_t kRawInputHid = 2;  // RIM_TYPEHID
 
@@ -119,10 +132,13 @@ inline constexpr WaitingMark kWaiting<&OpenHidNodes>{Waiting::Deaf, false};
 /// SetupDiGetDeviceRegistryPropertyW, SPDRP_HARDWAREID).
 [[nodiscard]] std::vector<std::wstring> FirstHardwareIds(const HidNodes& nodes);
 
+/// When a node is as it was asked to be. A program that has the device open keeps it from being disabled until then.
+enum class NodeChange { Now, AfterRestart };
+
 /// Enables or disables the index-th node for good (SP_PROPCHANGE_PARAMS with DIF_PROPERTYCHANGE, DICS_ENABLE or
-/// DICS_DISABLE, DICS_FLAG_GLOBAL, profile 0; SetupDiSetClassInstallParamsW, SetupDiCallClassInstaller). Seconds at
-/// worst.
-Status EnableHidNode(const HidNodes& nodes, std::size_t index, bool enable);
+/// DICS_DISABLE, DICS_FLAG_GLOBAL, profile 0; SetupDiSetClassInstallParamsW, SetupDiCallClassInstaller), and asks
+/// whether that takes a restart (SetupDiGetDeviceInstallParamsW, DI_NEEDRESTART or DI_NEEDREBOOT). Seconds at worst.
+Result<NodeChange> EnableHidNode(const HidNodes& nodes, std::size_t index, bool enable);
 template <>
 inline constexpr WaitingMark kWaiting<&EnableHidNode>{Waiting::Deaf, false};
 

@@ -77,6 +77,8 @@ enum class PowerNotification : std::uint64_t { None = 0 };
 /// Asks for changes of a power setting (RegisterPowerSettingNotification, DEVICE_NOTIFY_WINDOW_HANDLE); the system
 /// delivers the current value as the first notification.
 [[nodiscard]] Result<PowerNotification> RegisterPowerSetting(WindowHandle window, PowerSetting setting);
+
+/// Ends a registration that was made (UnregisterPowerSettingNotification).
 void UnregisterPowerSetting(PowerNotification notification);
 
 /// Asks for lock, unlock and the like of this session (WTSRegisterSessionNotification, NOTIFY_FOR_THIS_SESSION).

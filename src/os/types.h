@@ -43,6 +43,9 @@ struct Error {
   std::uint32_t code = 0;
 };
 
+/// A list or text grew between the question for its size and the reading (ERROR_INSUFFICIENT_BUFFER).
+inline constexpr std::uint32_t kInsufficientBuffer = 122;
+
 /// The outcome of a door call that can fail: a value, or the system's error code.
 template <class T>
 class [[nodiscard]] Result {

@@ -1,7 +1,7 @@
 #include "power/pc_screen_only.h"
 
 #include "core/trace_log.h"
-#include "display/projection_mode.h"
+#include "display/display_query.h"
 #include "power/firmware.h"
 #include "power/panel_status.h"
 #include "touch/touch_pad.h"

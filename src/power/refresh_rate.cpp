@@ -20,9 +20,8 @@ struct RateSetting {
 };
 
 RateSetting SettingFor(std::int32_t hertz) {
-  if (hertz == 60) return {1, 1};
   if (hertz == 30) return {0, 0};
-  return {1, 0};  // an unknown rate has no byte of its own
+  return {1, 1};  // 60, also for a rate that does not exist
 }
 
 /// Writing firmware variables takes a privilege that even the system account must switch on first. A failure is

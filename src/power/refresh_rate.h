@@ -5,7 +5,7 @@
 namespace tessaview {
 
 /// Sets the C panel's refresh rate in the firmware, for now and (as the firmware variable "VantyraFPS") for the next
-/// start of the machine. 30 and 60 Hz exist; any other rate selects 60 for now. Failures are logged.
+/// start of the machine. 30 and 60 Hz exist; any other rate selects 60. Failures are logged.
 /// While the session is not at the console the rate is kept for when it is back. Main thread.
 void SetPanelRefreshRate(std::int32_t hertz);
 

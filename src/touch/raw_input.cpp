@@ -1,5 +1,6 @@
 #include "touch/raw_input.h"
 
+#include "core/growing_list.h"
 #include "core/log_failure.h"
 #include "core/service_window.h"
 #include "core/state.h"
@@ -17,14 +18,17 @@ Shared<os::RawDevice> gPadDevice;
 constexpr std::uint16_t kWholePage = 0;  // with page-only registration the usage is left open
 
 std::optional<std::vector<os::RawDevice>> ListRawDevices() {
-  const auto count = os::RawInputDeviceCount();
-  if (!count) {
-    Log(L"Get number of devices failed\n");
-    return std::nullopt;
-  }
-  auto devices = os::RawInputDevices(*count);
+  bool isCounted = false;
+  auto devices = ReadGrowing([&]() -> os::Result<std::vector<os::RawDevice>> {
+    const auto count = os::RawInputDeviceCount();
+    isCounted = static_cast<bool>(count);
+    if (!count) return os::Error{count.error()};
+    return os::RawInputDevices(*count);
+  });
   if (devices) return std::move(*devices);
-  if (devices.error() == os::kOutOfMemory) {
+  if (!isCounted) {
+    Log(L"Get number of devices failed\n");
+  } else if (devices.error() == os::kOutOfMemory) {
     Log(L"Initialization malloc space of pRawInputDeviceList failed\n");
   } else {
     Log(L"Get pRawInputDeviceList failed\n");
@@ -32,15 +36,20 @@ std::optional<std::vector<os::RawDevice>> ListRawDevices() {
   return std::nullopt;
 }
 
-void NoteIfTouchDevice(os::RawDevice device, const os::HidCapabilities& capabilities) {
-  if (capabilities.usagePage != kDigitizerPage) return;
-  if (capabilities.usage == kUsageTouchScreen) {
+/// Notes a raw device of the controller's that is its touch screen or its touch pad; true when it is one.
+bool NoteIfTouchDevice(os::RawDevice device, std::uint16_t usagePage, std::uint16_t usage) {
+  if (usagePage != kDigitizerPage) return false;
+  if (usage == kUsageTouchScreen) {
     gScreenDevice.set(device);
     Log(L"Get Rawinput hDevice of CPanel_TouchScreen successed\n");
-  } else if (capabilities.usage == kUsageTouchPad) {
+    return true;
+  }
+  if (usage == kUsageTouchPad) {
     gPadDevice.set(device);
     Log(L"Get Rawinput hDevice of CPanel_TouchPad successed\n");
+    return true;
   }
+  return false;
 }
 
 /// Notes the raw device if it is a touch collection of the controller. What cannot be opened is somebody else's.
@@ -51,7 +60,8 @@ void Inspect(os::RawDevice device, const TouchPad& pad) {
   if (!ids) return;
   Log(L"VID = 0x%x, PID = 0x%x\n", ids->vendorId, ids->productId);
   if (ids->vendorId != pad.vendorId || ids->productId != pad.productId) return;
-  if (const auto capabilities = os::QueryHidCapabilities(*collection)) NoteIfTouchDevice(device, *capabilities);
+  const auto capabilities = os::QueryHidCapabilities(*collection);
+  if (capabilities) NoteIfTouchDevice(device, capabilities->usagePage, capabilities->usage);
 }
 
 }  // namespace
@@ -64,7 +74,19 @@ os::RawDevice gRawTouchPad() {
   return gPadDevice.get();
 }
 
+bool IsFromCPanel(os::RawDevice device) {
+  if (device == os::RawDevice::None) return false;
+  if (device == gRawTouchScreen() || device == gRawTouchPad()) return true;
+  const auto pad = gTouchPad();
+  if (!pad.gTouchPadFound()) return false;
+  const auto stranger = os::QueryRawDevice(device);
+  if (!stranger || stranger->vendorId != pad.vendorId || stranger->productId != pad.productId) return false;
+  return NoteIfTouchDevice(device, stranger->usagePage, stranger->usage);
+}
+
 bool RegisterCPanelRawInput() {
+  gScreenDevice.set(os::RawDevice::None);
+  gPadDevice.set(os::RawDevice::None);
   const auto pad = gTouchPad();
   if (!pad.gTouchPadFound()) {
     os::WriteDebugText(L"Connect failed! RegisterRawInputDevice failed.\n");

@@ -182,8 +182,12 @@ bool FindTouchPadHid() {
   return found;
 }
 
-bool SearchTouchPadAgain() {
+void ReleaseTouchPad() {
   gPad.set({});
+}
+
+bool SearchTouchPadAgain() {
+  ReleaseTouchPad();
   FindTouchPadHid();  // which controller it is
   FindTouchPadHid();  // that controller's collection for the mode
   return gPad.get().gTouchPadFound();

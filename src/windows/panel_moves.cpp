@@ -52,9 +52,10 @@ void PlaceMaximized(os::WindowHandle window, os::WindowPlacement placement, Paus
   if (isBrowser) place();
 }
 
-/// A window that comes from the C panel keeps its size as the eye sees it.
+/// A window that comes from the C panel keeps its size as the eye sees it. A panel without a monitor of its own has no
+/// scale.
 float SizeFactor(os::WindowHandle window, const PanelDisplayInfo& info) {
-  if (os::MonitorOf(window) == info.bPanel.monitor || !info.cPanel.isFound) return 1.0F;
+  if (os::MonitorOf(window) == info.bPanel.monitor || info.cPanel.scale == 0) return 1.0F;
   return info.bPanel.scale / info.cPanel.scale;
 }
 

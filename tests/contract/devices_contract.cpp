@@ -117,9 +117,16 @@ TEST_F(DeviceContract, RawInputDevicesAreCountedListedAndNamed) {
   ASSERT_TRUE(devices && devices->size() == *count);
   EXPECT_EQ(os::RawInputDevices(*count - 1).error(), 122U) << "ERROR_INSUFFICIENT_BUFFER";
   std::size_t opened = 0;
-  for (const auto device : *devices) opened += os::OpenHid(os::RawDevicePath(device)) ? 1 : 0;
+  for (const auto device : *devices) {
+    const auto collection = os::OpenHid(os::RawDevicePath(device));
+    opened += collection ? 1 : 0;
+    const auto told = os::QueryRawDevice(device);
+    const auto ids = collection ? os::QueryHidAttributes(*collection) : std::nullopt;
+    if (told && ids) EXPECT_EQ(std::pair(told->vendorId, told->productId), std::pair(ids->vendorId, ids->productId));
+  }
   EXPECT_GE(opened, TouchPaths().size()) << "a name is a path to open";
   EXPECT_EQ(os::RawDevicePath(os::RawDevice{0x7FFFFFF1}), L"") << "no such device";
+  EXPECT_FALSE(os::QueryRawDevice(os::RawDevice{0x7FFFFFF1}));
   constexpr auto kSink = os::kRawInputPageOnly | os::kRawInputSink;
   EXPECT_EQ(os::RegisterRawInput(0x0D, 0, kSink, os::WindowHandle::None).error(), 87U) << "a sink without a window";
   EXPECT_TRUE(os::RegisterRawInput(0x0D, 0, os::kRawInputPageOnly, os::WindowHandle::None));

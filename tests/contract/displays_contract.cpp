@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <set>
 
+#include "os/ansi.h"
 #include "os/devices.h"
 #include "os/displays.h"
 #include "tests/contract/world.h"
@@ -68,6 +69,7 @@ TEST_F(DisplayContract, EachMonitorDeviceHasItsPlaceInTheTree) {
     EXPECT_TRUE(path == L"\\\\?\\DISPLAY#" || path == L"\\\\?\\display#") << testing::PrintToString(path);
   }
   EXPECT_NE(devices[0].devicePath, devices[1].devicePath);
+  EXPECT_EQ(os::FromAnsi(os::Bytes{'n', 0xE9, 0x80}), L"n\u00E9\u20AC") << "in the western European code page";
   EXPECT_GT(os::PresentDeviceClasses().size(), devices.size()) << "also one whose class cannot be read";
 }
 

@@ -29,8 +29,8 @@ inline os::ServiceWindowEvents HeardEvents() {
           .copyData = [](auto kind, auto record) { Hear("copyData", kind, record.size()); },
           .rawInput =
               [](const os::RawInput& input) {
-                const auto& report = input.report;
-                Hear("raw", input.sizeMatches, input.type, report.size(), report.empty() ? 0 : report[0]);
+                const auto& [sizeMatches, type, device, reportSize, reports] = input;
+                Hear("raw", sizeMatches, type, reportSize, reports.size(), reports.empty() ? 0 : reports[0]);
               },
           .command = [](auto id) { Hear("command", id); },
           .timer = [](auto id) { Hear("timer", id); },

@@ -13,7 +13,7 @@ std::wstring ClassOf(const win32::DeviceList& devices, SP_DEVINFO_DATA& node) {
   DEVPROPTYPE type = 0;
   DWORD size = 0;
   SetupDiGetDevicePropertyW(devices.get(), &node, &kDeviceClass, &type, nullptr, 0, &size, 0);
-  std::vector<wchar_t> text(size / sizeof(wchar_t));
+  std::vector<wchar_t> text((size + 1) / sizeof(wchar_t));  // the size may be odd
   if (text.empty() || SetupDiGetDevicePropertyW(devices.get(), &node, &kDeviceClass, &type,
                                                 reinterpret_cast<BYTE*>(text.data()), size, nullptr, 0) == FALSE) {
     return {};

@@ -29,7 +29,7 @@ BOOL CALLBACK AddMonitor(HMONITOR handle, HDC /*context*/, RECT* /*clip*/, LPARA
 
 // What DisplaySettings has a member for. Naming any other field in a change would write a zero for it.
 constexpr DWORD kCarriedFields = kDmPosition | kDmDisplayOrientation | kDmBitsPerPel | kDmPelsWidth | kDmPelsHeight |
-                                 kDmDisplayFlags | kDmDisplayFrequency;
+                                 kDmDisplayFlags | kDmDisplayFrequency | kDmDisplayFixedOutput;
 
 DEVMODEW EmptyMode() {
   DEVMODEW mode{};
@@ -71,7 +71,8 @@ std::optional<DisplaySettings> CurrentDisplaySettings(const std::wstring& gdiNam
                          .orientation = mode.dmDisplayOrientation,
                          .frequency = mode.dmDisplayFrequency,
                          .bitsPerPixel = mode.dmBitsPerPel,
-                         .displayFlags = mode.dmDisplayFlags};
+                         .displayFlags = mode.dmDisplayFlags,
+                         .fixedOutput = mode.dmDisplayFixedOutput};
 }
 
 std::int32_t ChangeDisplaySettings(const std::wstring& gdiName, const DisplaySettings& settings, std::uint32_t flags) {
@@ -84,6 +85,7 @@ std::int32_t ChangeDisplaySettings(const std::wstring& gdiName, const DisplaySet
   mode.dmDisplayFrequency = settings.frequency;
   mode.dmBitsPerPel = settings.bitsPerPixel;
   mode.dmDisplayFlags = settings.displayFlags;
+  mode.dmDisplayFixedOutput = settings.fixedOutput;
   return ChangeDisplaySettingsExW(gdiName.c_str(), &mode, nullptr, flags, nullptr);
 }
 

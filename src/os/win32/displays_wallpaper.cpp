@@ -46,14 +46,14 @@ std::wstring MonitorPathAt(IDesktopWallpaper& wallpaper, UINT index) {
 
 }  // namespace
 
-std::vector<std::wstring> WallpaperMonitorPaths() {
-  std::vector<std::wstring> paths;
+std::optional<std::vector<std::wstring>> WallpaperMonitorPaths() {
   const ComScope com;
   const Wallpaper wallpaper = CreateWallpaper();
-  if (!wallpaper) return paths;
+  if (!wallpaper) return {};
 
   UINT count = 0;
-  if (FAILED(wallpaper->GetMonitorDevicePathCount(&count))) return paths;
+  if (FAILED(wallpaper->GetMonitorDevicePathCount(&count))) return {};
+  std::vector<std::wstring> paths;
   for (UINT index = 0; index < count; ++index) paths.push_back(MonitorPathAt(*wallpaper, index));
   return paths;
 }

@@ -48,6 +48,29 @@ std::vector<HidValue> ValuesOf(const HidDevice& device, HIDP_REPORT_TYPE type, U
   return values;
 }
 
+/// How long a driver may take to let go of a write that was given up.
+constexpr DWORD kCancelLimitMs = 100;
+
+/// One write under way: until its end the system reads the report and writes the rest.
+struct PendingWrite {
+  explicit PendingWrite(BytesView whole) : report(whole.begin(), whole.end()) { overlapped.hEvent = event.get(); }
+
+  /// True when it has ended well already; else the last error says whether it is under way.
+  [[nodiscard]] bool Start(HANDLE device) {
+    return WriteFile(device, report.data(), static_cast<DWORD>(report.size()), nullptr, &overlapped) != FALSE;
+  }
+
+  /// True when it ends well within `ms`; else the last error says why not.
+  [[nodiscard]] bool EndsWithin(DWORD ms, HANDLE device) {
+    DWORD written = 0;
+    return GetOverlappedResultEx(device, &overlapped, &written, ms, FALSE) != FALSE;
+  }
+
+  Bytes report;
+  win32::LocalHandle event{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+  OVERLAPPED overlapped{};
+};
+
 }  // namespace
 
 std::optional<std::vector<HidInterface>> HidInterfaces() {
@@ -65,8 +88,8 @@ void CloseHid(HidHandle device) noexcept {
 }
 
 Result<HidDevice> OpenHid(const std::wstring& path) {
-  return win32::OwnOrLastError<HidDevice>(
-      CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
+  return win32::OwnOrLastError<HidDevice>(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                                      nullptr, OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr));
 }
 
 std::optional<HidAttributes> QueryHidAttributes(const HidDevice& device) {
@@ -100,8 +123,17 @@ std::vector<HidValue> HidOutputValues(const HidDevice& device) {
 }
 
 bool WriteHidReport(const HidDevice& device, BytesView report) {
-  DWORD written = 0;
-  return WriteFile(NativeOf(device), report.data(), static_cast<DWORD>(report.size()), &written, nullptr) != FALSE;
+  auto write = std::make_unique<PendingWrite>(report);
+  if (!write->event) return false;
+  if (write->Start(NativeOf(device))) return true;
+  if (GetLastError() != ERROR_IO_PENDING) return false;
+  if (write->EndsWithin(kHidWriteLimitMs, NativeOf(device))) return true;
+  if (GetLastError() != WAIT_TIMEOUT) return false;
+  CancelIoEx(NativeOf(device), &write->overlapped);
+  const bool wasTaken = write->EndsWithin(kCancelLimitMs, NativeOf(device));
+  // A driver that does not even let go of it may use the report for as long as it likes.
+  if (!wasTaken && GetLastError() == WAIT_TIMEOUT) static_cast<void>(write.release());
+  return wasTaken;
 }
 
 }  // namespace os

@@ -20,7 +20,7 @@ SP_DEVINFO_DATA EmptyNode() {
 std::wstring FirstHardwareId(HDEVINFO nodes, SP_DEVINFO_DATA& node) {
   DWORD size = 0;
   SetupDiGetDeviceRegistryPropertyW(nodes, &node, SPDRP_HARDWAREID, nullptr, nullptr, 0, &size);
-  std::vector<wchar_t> ids(size / sizeof(wchar_t));
+  std::vector<wchar_t> ids((size + 1) / sizeof(wchar_t));  // the size may be odd
   if (ids.empty()) return {};
   size = static_cast<DWORD>(ids.size() * sizeof(wchar_t));
   if (SetupDiGetDeviceRegistryPropertyW(nodes, &node, SPDRP_HARDWAREID, nullptr, reinterpret_cast<BYTE*>(ids.data()),
@@ -28,6 +28,14 @@ std::wstring FirstHardwareId(HDEVINFO nodes, SP_DEVINFO_DATA& node) {
     return {};
   }
   return win32::TextOf(ids);
+}
+
+/// Whether the last change of the node is done with the next start of the machine only.
+bool TakesRestart(HDEVINFO nodes, SP_DEVINFO_DATA& node) {
+  SP_DEVINSTALL_PARAMS_W parameters{};
+  parameters.cbSize = sizeof parameters;
+  if (SetupDiGetDeviceInstallParamsW(nodes, &node, &parameters) == FALSE) return false;
+  return (parameters.Flags & (DI_NEEDRESTART | DI_NEEDREBOOT)) != 0;
 }
 
 }  // namespace
@@ -50,7 +58,7 @@ std::vector<std::wstring> FirstHardwareIds(const HidNodes& nodes) {
   return ids;
 }
 
-Status EnableHidNode(const HidNodes& nodes, std::size_t index, bool enable) {
+Result<NodeChange> EnableHidNode(const HidNodes& nodes, std::size_t index, bool enable) {
   SP_DEVINFO_DATA node = EmptyNode();
   if (SetupDiEnumDeviceInfo(NativeOf(nodes), static_cast<DWORD>(index), &node) == FALSE) return win32::LastError();
 
@@ -63,7 +71,8 @@ Status EnableHidNode(const HidNodes& nodes, std::size_t index, bool enable) {
   if (SetupDiSetClassInstallParamsW(NativeOf(nodes), &node, &change.ClassInstallHeader, sizeof change) == FALSE) {
     return win32::LastError();
   }
-  return win32::DoneOrLastError(SetupDiCallClassInstaller(DIF_PROPERTYCHANGE, NativeOf(nodes), &node));
+  if (SetupDiCallClassInstaller(DIF_PROPERTYCHANGE, NativeOf(nodes), &node) == FALSE) return win32::LastError();
+  return TakesRestart(NativeOf(nodes), node) ? NodeChange::AfterRestart : NodeChange::Now;
 }
 
 }  // namespace os

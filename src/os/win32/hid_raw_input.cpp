@@ -41,6 +41,18 @@ std::wstring RawDevicePath(RawDevice device) {
   return win32::TextOf(path);
 }
 
+std::optional<RawDeviceIdentity> QueryRawDevice(RawDevice device) {
+  RID_DEVICE_INFO info{};
+  info.cbSize = sizeof info;
+  UINT size = sizeof info;
+  if (GetRawInputDeviceInfoW(win32::ToNative<HANDLE>(device), RIDI_DEVICEINFO, &info, &size) == kFailed) return {};
+  if (info.dwType != RIM_TYPEHID) return {};
+  return RawDeviceIdentity{.vendorId = static_cast<std::uint16_t>(info.hid.dwVendorId),
+                           .productId = static_cast<std::uint16_t>(info.hid.dwProductId),
+                           .usagePage = info.hid.usUsagePage,
+                           .usage = info.hid.usUsage};
+}
+
 Status RegisterRawInput(std::uint16_t usagePage, std::uint16_t usage, std::uint32_t flags, WindowHandle target) {
   const RAWINPUTDEVICE device{usagePage, usage, flags, win32::NativeOf(target)};
   return win32::DoneOrLastError(RegisterRawInputDevices(&device, 1, sizeof device));

@@ -11,11 +11,12 @@ constexpr auto kFailed = static_cast<UINT>(-1);
 constexpr std::size_t kReportOffset = offsetof(RAWINPUT, data.hid.bRawData);
 static_assert(kReportOffset == 32);
 
-/// The first of the record's reports, cut at what was read.
-BytesView FirstReport(const RawInputBuffer& buffer, const RAWINPUT& record, std::size_t read) {
-  if (read < kReportOffset || record.data.hid.dwCount == 0) return {};
-  const std::size_t length = std::min<std::size_t>(record.data.hid.dwSizeHid, read - kReportOffset);
-  return BytesView(buffer.bytes).subspan(kReportOffset, length);
+/// All of the record's reports, cut at what was read.
+BytesView ReportsIn(const RawInputBuffer& buffer, const RAWINPUT& record, std::size_t read) {
+  if (read < kReportOffset) return {};
+  const auto announced = std::uint64_t{record.data.hid.dwCount} * record.data.hid.dwSizeHid;
+  const auto length = std::min<std::uint64_t>(announced, read - kReportOffset);
+  return BytesView(buffer.bytes).subspan(kReportOffset, static_cast<std::size_t>(length));
 }
 
 }  // namespace
@@ -33,7 +34,9 @@ RawInput ReadRawInput(HRAWINPUT handle, RawInputBuffer& buffer) {
   const auto& record = reinterpret_cast<const RAWINPUT&>(buffer);
   input.type = record.header.dwType;
   input.device = ToDoor<RawDevice>(record.header.hDevice);
-  if (input.type == kRawInputHid) input.report = FirstReport(buffer, record, read);
+  if (input.type != kRawInputHid) return input;
+  input.reports = ReportsIn(buffer, record, read);
+  if (!input.reports.empty()) input.reportSize = record.data.hid.dwSizeHid;
   return input;
 }
 

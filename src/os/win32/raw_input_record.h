@@ -14,7 +14,7 @@ struct alignas(RAWINPUT) RawInputBuffer {
   std::array<std::uint8_t, 4096> bytes;
 };
 
-/// Reads the record behind a WM_INPUT into `buffer`, which the result's report points into. A record that cannot be
+/// Reads the record behind a WM_INPUT into `buffer`, which the result's reports point into. A record that cannot be
 /// read, or has no room, comes back with `sizeMatches` false and without a type of HID.
 [[nodiscard]] RawInput ReadRawInput(HRAWINPUT handle, RawInputBuffer& buffer);
 

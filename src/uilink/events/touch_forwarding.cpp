@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "core/input_hooks.h"
 #include "core/state.h"
 #include "os/trace.h"
@@ -11,19 +13,23 @@ namespace {
 
 MainThreadOnly<std::uint32_t> gReportCounter;  // reports since the last lift
 
-bool IsFromCPanel(const os::RawInput& input) {
-  if (input.type != os::kRawInputHid || input.device == os::RawDevice::None) return false;
-  return input.device == gRawTouchScreen() || input.device == gRawTouchPad();
+void Forward(os::BytesView report) {
+  const auto step = ThinReports(*gReportCounter, report);
+  if (step.forward) SendTouchReport(report);
+  *gReportCounter = step.nextCounter;
 }
 
 }  // namespace
 
 void OnRawInput(const os::RawInput& input) {
   if (!input.sizeMatches) os::WriteDebugText(L"GetRawInputData does not return correct size !\n");
-  if (!IsFromCPanel(input) || input.report.empty()) return;
-  const auto step = ThinReports(*gReportCounter, input.report);
-  if (step.forward) SendTouchReport(input.report);
-  *gReportCounter = step.nextCounter;
+  if (input.type != os::kRawInputHid || input.reports.empty() || !IsFromCPanel(input.device)) return;
+  auto rest = input.reports;
+  while (!rest.empty()) {
+    const auto report = rest.first(std::min<std::size_t>(input.reportSize, rest.size()));
+    Forward(report);
+    rest = rest.subspan(report.size());
+  }
   ComparePointerWithHook();
 }
 
