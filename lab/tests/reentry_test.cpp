@@ -40,6 +40,8 @@ TEST_F(Reentry, WhatTheUiAsksBeforeItAnswersIsAnsweredAtOnce) {
 TEST_F(Reentry, WinPAndF6TogetherWithAUiThatAsksBackDoNotBlockEachOther) {
   constexpr std::uint32_t kDuplicate = 2;
   StartController();
+  PostMessageW(Controller::Window(), WM_POWERBROADCAST, PBT_APMRESUMEAUTOMATIC, 0);
+  ASSERT_TRUE(Traced(L"[Hooks] The keyboard was not heard of, it is hooked again")) << "and hears what comes below";
   for (const auto* text : {L"POWEROFF", L"POWERON"}) ASSERT_TRUE(StandInUi::AskBack(text, L"BLGET", 200));
   ASSERT_TRUE(laptop.firmware.Set(kPanelPower, kPanelOff));
   state.topology = kDuplicate;

@@ -78,6 +78,9 @@ TEST_F(WaitingContract, AMessageThatIsSentIsHandledInsideTheCallsThatServe) {
     const auto signalled = os::NewEvent();
     os::SignalEvent(signalled);
     os::Semaphore free(1);
+    constexpr auto kActive = os::DisplayQuery::OnlyActivePaths;
+    // Wine serves while it lists the displays anew, which it does for a program's first query and after each change.
+    const auto panel = os::SourceGdiName(os::QueryDisplayConfiguration(kActive, kActive)->paths.front());
     const Call calls[] = {
         CallOf<&os::SendCopyData>("SendCopyData", [&] { os::SendCopyData(other, 1, os::Bytes{1}); }),
         CallOf<&os::SendCopyDataTimeout>("SendCopyDataTimeout",
@@ -100,10 +103,7 @@ TEST_F(WaitingContract, AMessageThatIsSentIsHandledInsideTheCallsThatServe) {
         CallOf<&os::ServiceState>("ServiceState", [] { (void)os::ServiceState(L"RpcSs"); }),
         CallOf<&os::HidInterfaces>("HidInterfaces", [] { (void)os::HidInterfaces(); }),
         CallOf<&os::QueryDisplayConfiguration>("QueryDisplayConfiguration",
-                                               [] {
-                                                 constexpr auto kActive = os::DisplayQuery::OnlyActivePaths;
-                                                 (void)os::QueryDisplayConfiguration(kActive, kActive);
-                                               }),
+                                               [] { (void)os::QueryDisplayConfiguration(kActive, kActive); }),
         CallOf<&os::ClickLeftButton>("ClickLeftButton", [] { os::ClickLeftButton(); }),
         CallOf<&os::FindTopWindow>("FindTopWindow", [] { (void)os::FindTopWindow(world::kClass); }),
         CallOf<&os::TopWindows>("TopWindows", [] { (void)os::TopWindows(); }),
@@ -119,6 +119,9 @@ TEST_F(WaitingContract, AMessageThatIsSentIsHandledInsideTheCallsThatServe) {
         CallOf<&os::ProcessImagePath>("ProcessImagePath",
                                       [&] { (void)os::ProcessImagePath(os::WindowProcessId(other)); }),
         CallOf<&os::QueryPowerStatus>("QueryPowerStatus", [] { (void)os::QueryPowerStatus(); }),
+        CallOf<&os::ChangeDisplaySettings>(
+            "ChangeDisplaySettings",
+            [&] { os::ChangeDisplaySettings(panel, os::CurrentDisplaySettings(panel).value(), 0); }),
     };
     for (const auto& call : calls) {
       const bool serves = call.way == os::Waiting::Serving || call.way == os::Waiting::ServingInput;
