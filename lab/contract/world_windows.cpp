@@ -166,6 +166,7 @@ void CloseWindow() {
 /// What is sent to it comes in order.
 void Hang() {
   MakeEvent(contract::kWake);
+  ResetEvent(gEvents.back());  // it lives on from the time before
   SendNotifyMessageW(gWindow, contract::RequestMessage(), static_cast<WPARAM>(contract::Request::Hang), 0);
 }
 

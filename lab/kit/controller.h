@@ -35,7 +35,7 @@ class Controller {
   static void PostTouchPadStatus(bool enabled);
 
   /// Delivers a power setting's new value, as Windows does (WM_POWERBROADCAST, PBT_POWERSETTINGCHANGE), and waits until
-  /// it is handled. Wine takes the registrations and never notifies.
+  /// the controller has noted it. Wine takes the registrations and never notifies.
   static bool NotifyPowerSetting(const GUID& setting, std::uint32_t value);
 
   /// Its menu's Exit.

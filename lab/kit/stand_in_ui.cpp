@@ -35,6 +35,12 @@ void StandInUi::Wake() {
   SetEvent(WakeEvent());
 }
 
+bool StandInUi::AskBack(const std::wstring& whenTold, const std::wstring& command, std::uint32_t busyMs) {
+  const auto words = whenTold + L" " + command;
+  return SendUiMessage(FindWindowW(kUiClass, nullptr), kPleaseAskBack,
+                       MakeUiMessage(words.c_str(), {.handle = busyMs}));
+}
+
 bool StandInUi::Send(const std::wstring& command, const UiValues& values, const wchar_t* windowClass) {
   return SendUiMessage(FindWindowW(windowClass, nullptr), kPleaseSend, MakeUiMessage(command.c_str(), values));
 }

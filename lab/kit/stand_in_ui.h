@@ -20,6 +20,10 @@ class StandInUi {
   static bool Hang();
   static void Wake();
 
+  /// Whenever the main window is told this text it serves nothing for `busyMs` milliseconds, then sends the controller
+  /// this command, and only then answers. Once for each text; the last command counts. False when it is not there.
+  static bool AskBack(const std::wstring& whenTold, const std::wstring& command, std::uint32_t busyMs = 0);
+
   /// Has it send the controller a command; true when the controller took it.
   static bool Send(const std::wstring& command, const UiValues& values = {}, const wchar_t* windowClass = kUiClass);
 

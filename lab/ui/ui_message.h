@@ -40,6 +40,10 @@ inline constexpr WPARAM kRawTouchKind = 101;   // controller to UI: one HID repo
 inline constexpr WPARAM kUiMessageKind = 102;  // both ways: a UiMessage
 inline constexpr WPARAM kPleaseSend = 900;     // lab to stand-in UI: a UiMessage that it shall send to the controller
 inline constexpr WPARAM kPleaseHang = 901;  // lab to stand-in UI: a UiMessage; serves nothing until kWakeEvent is set
+/// Lab to stand-in UI: a UiMessage with a text of the controller's, a blank and a command. Whenever it is told that
+/// text it serves nothing for so many milliseconds as the record's number says, then sends the command, and only then
+/// answers.
+inline constexpr WPARAM kPleaseAskBack = 902;
 
 /// Set by the lab, it ends a hang of the stand-in UI (auto-reset).
 inline constexpr wchar_t kWakeEvent[] = L"TessaviewLabWake";

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <map>
 #include <string>
 
 #include "kit/text_pipe.h"
@@ -94,6 +95,37 @@ void Hang() {
   Tell(L"woke");
 }
 
+void Send(const UiMessage& message) {
+  Tell(L"sent " + talk.Sent(message));
+  if (!SendUiMessage(FindWindowW(kControllerClass, nullptr), kUiMessageKind, message)) Tell(L"waited in vain");
+}
+
+// ---- What it asks back, before it has answered a text ----
+
+struct Question {
+  DWORD busyMs;
+  std::wstring command;
+};
+
+std::map<std::wstring, Question> questions;  // by the text
+
+void LearnQuestion(const UiMessage& message) {
+  const std::wstring words = message.text;
+  const auto blank = words.find(L' ');
+  questions[words.substr(0, blank)] = {static_cast<DWORD>(message.handle), words.substr(blank + 1)};
+}
+
+void AskBack(const std::wstring& text) {
+  const auto found = questions.find(text);
+  if (found == questions.end()) return;
+  const auto question = found->second;
+  Sleep(question.busyMs);
+  Send(MakeUiMessage(question.command.c_str(), {}));
+  Tell(L"answers " + text);
+}
+
+// ---- What it takes ----
+
 /// The record of a WM_COPYDATA; null when it is none.
 const UiMessage* RecordOf(const COPYDATASTRUCT& data) {
   return data.cbData == sizeof(UiMessage) ? static_cast<const UiMessage*>(data.lpData) : nullptr;
@@ -104,11 +136,14 @@ void TakeData(HWND window, WPARAM kind, const COPYDATASTRUCT& data) {
   if (kind == kRawTouchKind) {
     Tell(L"received " + talk.Touched(static_cast<const unsigned char*>(data.lpData), data.cbData));
   } else if (const UiMessage* message = RecordOf(data); message != nullptr && kind == kUiMessageKind) {
+    const std::wstring text = message->text;
     Tell(L"received " + talk.Received(*message));
+    AskBack(text);
   } else if (message != nullptr && kind == kPleaseSend) {
     const UiMessage copy = *message;
-    Tell(L"sent " + talk.Sent(copy));
-    SendUiMessage(FindWindowW(kControllerClass, nullptr), kUiMessageKind, copy);
+    Send(copy);
+  } else if (message != nullptr && kind == kPleaseAskBack) {
+    LearnQuestion(*message);
   }
   InvalidateRect(window, nullptr, FALSE);
 }

@@ -1,5 +1,7 @@
 // What is delivered to a thread while it is inside a door function: each mark of os/waiting.h that both worlds can
 // show.
+#include <algorithm>
+
 #include "os/clock.h"
 #include "os/desktop.h"
 #include "os/device_io.h"
@@ -37,17 +39,20 @@ Call CallOf(const char* function, std::function<void()> make) {
   return {function, os::kWaiting<Function>.way, std::move(make)};
 }
 
-/// Whether a message that another thread has sent is handled while the call is made.
+/// Whether a message that another thread has sent is handled while the call is made. The other program hangs until it
+/// is handled, so that a call that waits for that program is still waiting when the message comes.
 bool Serves(WindowHandle own, const Call& call) {
   const auto ended = std::make_shared<os::Event>(os::NewEvent());
+  world::Hang();
   os::StartThread(L"sender", [own, ended] {
     os::SendCopyDataTimeout(own, 1, os::Bytes{1}, 3000);
+    world::Wake();
     os::SignalEvent(*ended);
   });
   os::Sleep(50);  // the message is sent by now
   Heard().clear();
   call.make();
-  const bool serves = !Heard().empty();
+  const bool serves = std::count(Heard().begin(), Heard().end(), "copyData 1 1") == 1;
   if (!serves) {
     os::QuitMessageLoop(0);
     os::RunMessageLoop(own, 0);
@@ -57,7 +62,11 @@ bool Serves(WindowHandle own, const Call& call) {
 }
 
 TEST_F(WaitingContract, AMessageThatIsSentIsHandledInsideTheCallsThatServe) {
-  static const auto events = HeardEvents();
+  static auto events = HeardEvents();
+  events.copyData = [](auto kind, auto record) {
+    contract::Hear("copyData", kind, record.size());
+    world::Wake();
+  };
   const auto other = world::OpenWindow();
   const auto file = world::Folder() + L"\\a.txt", copy = world::Folder() + L"\\b.txt";
   world::WriteFile(file, "text");
@@ -69,6 +78,9 @@ TEST_F(WaitingContract, AMessageThatIsSentIsHandledInsideTheCallsThatServe) {
     const auto signalled = os::NewEvent();
     os::SignalEvent(signalled);
     os::Semaphore free(1);
+    constexpr auto kActive = os::DisplayQuery::OnlyActivePaths;
+    // Wine serves while it lists the displays anew, which it does for a program's first query and after each change.
+    const auto panel = os::SourceGdiName(os::QueryDisplayConfiguration(kActive, kActive)->paths.front());
     const Call calls[] = {
         CallOf<&os::SendCopyData>("SendCopyData", [&] { os::SendCopyData(other, 1, os::Bytes{1}); }),
         CallOf<&os::SendCopyDataTimeout>("SendCopyDataTimeout",
@@ -91,10 +103,7 @@ TEST_F(WaitingContract, AMessageThatIsSentIsHandledInsideTheCallsThatServe) {
         CallOf<&os::ServiceState>("ServiceState", [] { (void)os::ServiceState(L"RpcSs"); }),
         CallOf<&os::HidInterfaces>("HidInterfaces", [] { (void)os::HidInterfaces(); }),
         CallOf<&os::QueryDisplayConfiguration>("QueryDisplayConfiguration",
-                                               [] {
-                                                 constexpr auto kActive = os::DisplayQuery::OnlyActivePaths;
-                                                 (void)os::QueryDisplayConfiguration(kActive, kActive);
-                                               }),
+                                               [] { (void)os::QueryDisplayConfiguration(kActive, kActive); }),
         CallOf<&os::ClickLeftButton>("ClickLeftButton", [] { os::ClickLeftButton(); }),
         CallOf<&os::FindTopWindow>("FindTopWindow", [] { (void)os::FindTopWindow(world::kClass); }),
         CallOf<&os::TopWindows>("TopWindows", [] { (void)os::TopWindows(); }),
@@ -110,6 +119,9 @@ TEST_F(WaitingContract, AMessageThatIsSentIsHandledInsideTheCallsThatServe) {
         CallOf<&os::ProcessImagePath>("ProcessImagePath",
                                       [&] { (void)os::ProcessImagePath(os::WindowProcessId(other)); }),
         CallOf<&os::QueryPowerStatus>("QueryPowerStatus", [] { (void)os::QueryPowerStatus(); }),
+        CallOf<&os::ChangeDisplaySettings>(
+            "ChangeDisplaySettings",
+            [&] { os::ChangeDisplaySettings(panel, os::CurrentDisplaySettings(panel).value(), 0); }),
     };
     for (const auto& call : calls) {
       const bool serves = call.way == os::Waiting::Serving || call.way == os::Waiting::ServingInput;
