@@ -193,8 +193,7 @@ std::vector<std::wstring> TouchController::Door::FirstHardwareIds(os::HidNodesHa
   return ids;
 }
 
-os::Result<os::NodeChange> TouchController::Door::SwitchNode(os::HidNodesHandle nodes, std::size_t index,
-                                                             bool enable) {
+os::Result<os::NodeChange> TouchController::Door::SwitchNode(os::HidNodesHandle nodes, std::size_t index, bool enable) {
   const auto* list = nodeLists_.Find(nodes);
   if (list == nullptr || index >= list->size()) return os::Error{kNoMoreItems};
   if (!(*list)[index]->plugged) return os::Error{kNotFound};

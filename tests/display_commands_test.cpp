@@ -27,8 +27,8 @@ TEST(RefreshRate, ReachesTheFirmwareAndItsVariable) {
     std::uint32_t firmwareValue = 1;
     std::uint8_t variable = 1;
   };
-  for (const auto& rate : {Rate{.hertz = 60},
-                           Rate{.hertz = 30, .firmwareValue = 0, .variable = 0}, Rate{.hertz = 45}}) {
+  for (const auto& rate :
+       {Rate{.hertz = 60}, Rate{.hertz = 30, .firmwareValue = 0, .variable = 0}, Rate{.hertz = 45}}) {
     RunningLaptop laptop;
     laptop.ui.Send(L"SETFREQUENCY", {.percent = 30, .point = {30, rate.hertz}});
     EXPECT_EQ(laptop.firmware.Writes(Firmware::kRefreshRate), Words{rate.firmwareValue});

@@ -33,8 +33,8 @@ void PutSerial(Bytes& block, std::size_t descriptor, std::string_view text) {
 
 TEST(MonitorKey, TakesTheSerialTextOfTheFirstDescriptorThatHasOneElseTheUnsignedNumber) {
   for (const auto& [text, serial] : {std::pair<std::string_view, const wchar_t*>{"AB-123\n      ", L"AB-123"},
-                                     {"thirteen char", L"thirteen cha"},  // one more than there is room for
-                                     {"\x80 caf\xE9", L"\u20AC caf\u00E9"},      // in the system's code page
+                                     {"thirteen char", L"thirteen cha"},     // one more than there is room for
+                                     {"\x80 caf\xE9", L"\u20AC caf\u00E9"},  // in the system's code page
                                      {std::string_view("end\0of text...", 13), L"end"},
                                      {"\n            ", L""}}) {
     for (const auto descriptor : kDescriptors) {

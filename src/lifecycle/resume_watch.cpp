@@ -39,8 +39,8 @@ void OnResumed(os::Semaphore& owedResets) {
   TellUi(texts::kIAmBack);
 }
 
-/// The reset waits for the controller, without a time limit. Coming back it is a touch screen: with the panel off it has
-/// to be told again to be a touch pad.
+/// The reset waits for the controller, without a time limit. Coming back it is a touch screen: with the panel off it
+/// has to be told again to be a touch pad.
 void BringTouchBack() {
   ResetTouchDevices();
   ApplyIniPowerStatus();
@@ -54,8 +54,7 @@ void StartResumeWatch() {
   os::StartThread(L"touch reset", [owed] {
     while (owed->Wait()) BringTouchBack();
   });
-  os::StartThread(L"resume",
-                  [owed] { os::WatchSystemLog(kResumedFromHibernation, [owed] { OnResumed(*owed); }); });
+  os::StartThread(L"resume", [owed] { os::WatchSystemLog(kResumedFromHibernation, [owed] { OnResumed(*owed); }); });
 }
 
 }  // namespace tessaview

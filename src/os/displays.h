@@ -56,8 +56,8 @@ struct DisplayConfiguration {
 };
 
 /// Reads the display configuration once: buffer sizes for `sizes`, then the data for `query`
-/// (GetDisplayConfigBufferSizes, QueryDisplayConfig). Fails with kInsufficientBuffer when it grew in between. Any thread;
-/// milliseconds.
+/// (GetDisplayConfigBufferSizes, QueryDisplayConfig). Fails with kInsufficientBuffer when it grew in between. Any
+/// thread; milliseconds.
 [[nodiscard]] Result<DisplayConfiguration> QueryDisplayConfiguration(DisplayQuery sizes, DisplayQuery query);
 
 /// Flags of a configuration change (SDC_*).
@@ -141,8 +141,8 @@ struct MonitorDevice {
 [[nodiscard]] std::vector<MonitorDevice> MonitorDevices();
 
 /// The monitor paths of the desktop-wallpaper object, in its order; a monitor that is not attached has an empty path
-/// (CoInitializeEx, IDesktopWallpaper::GetMonitorDevicePathCount, GetMonitorDevicePathAt, CoUninitialize). Empty when the
-/// object cannot be had or does not tell their count. Any thread; milliseconds.
+/// (CoInitializeEx, IDesktopWallpaper::GetMonitorDevicePathCount, GetMonitorDevicePathAt, CoUninitialize). Empty when
+/// the object cannot be had or does not tell their count. Any thread; milliseconds.
 [[nodiscard]] std::optional<std::vector<std::wstring>> WallpaperMonitorPaths();
 
 }  // namespace os

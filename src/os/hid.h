@@ -74,8 +74,8 @@ enum class RawDevice : std::uint64_t { None = 0 };
 /// How many raw input devices there are (GetRawInputDeviceList without a list).
 [[nodiscard]] Result<std::uint32_t> RawInputDeviceCount();
 
-/// At most `count` raw input devices (GetRawInputDeviceList). Fails with kInsufficientBuffer when there are more by now,
-/// with kOutOfMemory when there is no room for the list itself.
+/// At most `count` raw input devices (GetRawInputDeviceList). Fails with kInsufficientBuffer when there are more by
+/// now, with kOutOfMemory when there is no room for the list itself.
 [[nodiscard]] Result<std::vector<RawDevice>> RawInputDevices(std::uint32_t count);
 inline constexpr std::uint32_t kOutOfMemory = 14;  // ERROR_OUTOFMEMORY
 
@@ -127,8 +127,8 @@ using HidNodes = Owned<HidNodesHandle, CloseHidNodes>;
 enum class NodeChange { Now, AfterRestart };
 
 /// Enables or disables the index-th node for good (SP_PROPCHANGE_PARAMS with DIF_PROPERTYCHANGE, DICS_ENABLE or
-/// DICS_DISABLE, DICS_FLAG_GLOBAL, profile 0; SetupDiSetClassInstallParamsW, SetupDiCallClassInstaller), and asks whether
-/// that takes a restart (SetupDiGetDeviceInstallParamsW, DI_NEEDRESTART or DI_NEEDREBOOT). Seconds at worst.
+/// DICS_DISABLE, DICS_FLAG_GLOBAL, profile 0; SetupDiSetClassInstallParamsW, SetupDiCallClassInstaller), and asks
+/// whether that takes a restart (SetupDiGetDeviceInstallParamsW, DI_NEEDRESTART or DI_NEEDREBOOT). Seconds at worst.
 Result<NodeChange> EnableHidNode(const HidNodes& nodes, std::size_t index, bool enable);
 
 }  // namespace os

@@ -13,8 +13,8 @@ namespace tessaview {
 /// before it is listed. Any thread; microseconds.
 [[nodiscard]] bool IsFromCPanel(os::RawDevice device);
 
-/// Forgets and finds the controller's raw input devices and has the digitizer page delivered to the service window, also while
-/// another window is in front. False when the touch pad is not connected or the system refuses. Any thread.
+/// Forgets and finds the controller's raw input devices and has the digitizer page delivered to the service window,
+/// also while another window is in front. False when the touch pad is not connected or the system refuses. Any thread.
 bool RegisterCPanelRawInput();
 
 /// Ends the delivery. False, with a log line, when the system refuses.

@@ -25,15 +25,15 @@ struct TouchPad {
 /// mode report, and keeps that open. True when the step found what it looked for. Any thread; milliseconds.
 bool FindTouchPadHid();
 
-/// Forgets the touch pad and closes it, so that it holds up nobody who wants to switch its collection off. A write under
-/// way keeps it open until it ends.
+/// Forgets the touch pad and closes it, so that it holds up nobody who wants to switch its collection off. A write
+/// under way keeps it open until it ends.
 void ReleaseTouchPad();
 
 /// Forgets the touch pad and searches it again in both steps. True when it is open for writing.
 bool SearchTouchPadAgain();
 
-/// Switches the pad to cursor mode, so that it works as a touch pad. False when it is not connected, refuses, or does not
-/// take it within a second. Any thread; milliseconds as a rule.
+/// Switches the pad to cursor mode, so that it works as a touch pad. False when it is not connected, refuses, or does
+/// not take it within a second. Any thread; milliseconds as a rule.
 bool SetModetoTouchPad();
 
 }  // namespace tessaview

@@ -88,9 +88,8 @@ void CloseHid(HidHandle device) noexcept {
 }
 
 Result<HidDevice> OpenHid(const std::wstring& path) {
-  return win32::OwnOrLastError<HidDevice>(
-      CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
-                  FILE_FLAG_OVERLAPPED, nullptr));
+  return win32::OwnOrLastError<HidDevice>(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                                      nullptr, OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr));
 }
 
 std::optional<HidAttributes> QueryHidAttributes(const HidDevice& device) {
