@@ -33,12 +33,15 @@ class RandomLife {
         level_(10 + Pick(246)),
         laptop({.seed = seed,
                 .interleaving = Pick(2) == 0,
+                .turnsUndocumented = seed % 2 == 0,
                 .backlight = level_,
                 .backlightDC = level_,
                 .saved = saved_,
                 .generation = 1 + static_cast<int>(Pick(2))}),
         powers_{saved_},
-        levels_{std::to_wstring(level_)} {}
+        levels_{std::to_wstring(level_)} {
+    BeUnkind(laptop, seed);
+  }
 
   void SpoilDoors() {
     for (auto doors = Pick(5); doors > 0; --doors) {

@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <string>
 
+#include "sim/laptop.h"
+
 // One runner for whatever is played from many seeds. One seed is one run, and a failure names its seed.
 namespace support {
 
@@ -33,6 +35,20 @@ struct Seeds {
     return text == nullptr ? otherwise : static_cast<unsigned>(std::strtoul(text, nullptr, 10));
   }
 };
+
+/// In a share of the seeds each, the UI asks back inside its handlers and takes its time in them, and hooks die early.
+inline void BeUnkind(sim::Laptop& laptop, unsigned seed) {
+  if (seed % 3 == 0) {
+    laptop.ui.whenTold = [&laptop](const std::wstring& text) {
+      if (text != L"BLSET") laptop.ui.AskBack(L"BLGET");
+    };
+  }
+  if (seed % 4 == 1) laptop.ui.HandleFor(seed % 300);
+  for (auto* const hook : {&laptop.mouseHook, &laptop.keyboardHook}) {
+    if (seed % 5 == 2) hook->diesAtOverrun = 1;
+    hook->diesAtResume = hook->diesAtUnlock = seed % 5 == 3;
+  }
+}
 
 /// A suite of seeds: one test for each share.
 using SeedsTest = testing::TestWithParam<unsigned>;

@@ -19,10 +19,12 @@ class Sequence {
       : random_(seed),
         laptop_({.seed = seed,
                  .interleaving = Pick(2) == 0,
+                 .turnsUndocumented = seed % 2 == 0,
                  .saved = L"On",
                  .generation = 1 + static_cast<int>(Pick(2)),
                  .uiRunning = true}) {
     if (Pick(3) == 0) laptop_.displays.AddPrimary({1920, 200});
+    BeUnkind(laptop_, seed);
     laptop_.Boot();
     laptop_.firmware.panelLeavesWhenOff = Pick(2) == 0;
     monitor_ = &laptop_.displays.AddMonitor({.plugged = false, .attached = false, .x = 1920});

@@ -22,7 +22,13 @@ constexpr auto kOffice = L"C:\\Office\\word.exe", kElevated = L"C:\\admin.exe", 
 class Throwing {
  public:
   explicit Throwing(unsigned seed)
-      : random_(seed), laptop_({.seed = seed, .interleaving = Pick(2) == 0, .saved = L"On", .uiRunning = true}) {
+      : random_(seed),
+        laptop_({.seed = seed,
+                 .interleaving = Pick(2) == 0,
+                 .turnsUndocumented = seed % 2 == 0,
+                 .saved = L"On",
+                 .uiRunning = true}) {
+    BeUnkind(laptop_, seed);
     laptop_.firmware.panelLeavesWhenOff = true;
     laptop_.Boot();
     laptop_.files.SetProductNames(kOffice, {L"Microsoft Office"});

@@ -53,7 +53,8 @@ TEST_F(Day, BackFromHibernationTheTouchDevicesAreResetAndTheUiTold) {
     Check(UiIsTold(L"IAMBACK"), L"UI told IAMBACK");
     Check(Traced(L"Enable Device Success") && Patched(L"disable HID\\VEN_GDX&DEV_1515&Col06") &&
               Patched(L"enable HID\\VEN_GDX&DEV_1515&Col06"),
-          L"the touch screen had been reset before");
+          L"the touch screen is reset");
+    Check(Traced(L"[Update_UI_Status] ------- End -------"), L"and the saved power applied again");
   }
 }
 
