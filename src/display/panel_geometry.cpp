@@ -1,20 +1,14 @@
 #include "display/panel_geometry.h"
 
-#include <mutex>
-
 #include "core/trace_log.h"
 #include "display/panel_search.h"
 #include "os/clock.h"
-#include "os/threads.h"
 
 namespace tessaview {
 namespace {
 
 constexpr int kMostRefreshes = 30;
 constexpr std::uint32_t kRefreshPauseMs = 100;
-
-/// Held for a whole search: of two that come here, the one that began later also ends later.
-os::Lock gDisplayLock;
 
 void LogBPanel(const PanelRect& panel) {
   Log(L"[InitialDisplay] BPanel X: %d, Y: %d, Wdith: %d, Height: %d \n", panel.X, panel.Y, panel.Width, panel.Height);
@@ -31,7 +25,6 @@ void LogCPanel(const PanelRect& panel) {
 }  // namespace
 
 void InitialDisplay() {
-  const std::lock_guard hold(gDisplayLock);
   EnumDisplayDevice();
   const auto panels = gPanelDisplayInfo();
   if (panels.cPanel.isFound) LogCPanel(panels.cPanel.SettingsView());

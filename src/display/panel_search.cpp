@@ -159,12 +159,37 @@ std::optional<PanelRect> PlaceIfFound(const PanelInfo& panel) {
   return panel.isFound ? std::optional(panel.SettingsView()) : std::nullopt;
 }
 
-Shared<PanelDisplayInfo> gPanels;
+/// The panels, and the searches for them, counted as they begin.
+struct Panels {
+  PanelDisplayInfo info;
+  std::uint64_t begun = 0, published = 0;
+};
+
+Shared<Panels> gPanels;
+
+/// A search, which another thread may overtake, or the same one in the middle of it: what a later one has found stays.
+class Search {
+ public:
+  Search() {
+    gPanels.Update([this](Panels& panels) { number_ = ++panels.begun; });
+  }
+
+  void Publish(const PanelDisplayInfo& info) const {
+    gPanels.Update([&](Panels& panels) {
+      if (number_ < panels.published) return;
+      panels.info = info;
+      panels.published = number_;
+    });
+  }
+
+ private:
+  std::uint64_t number_ = 0;
+};
 
 }  // namespace
 
 PanelDisplayInfo gPanelDisplayInfo() {
-  return gPanels.get();
+  return gPanels.Ask([](const Panels& panels) { return panels.info; });
 }
 
 PanelRect gBPanel() {
@@ -176,29 +201,31 @@ PanelRect gCPanel() {
 }
 
 os::MonitorHandle bPanelMonitor() {
-  return gPanels.Ask([](const PanelDisplayInfo& panels) { return panels.bPanel.monitor; });
+  return gPanels.Ask([](const Panels& panels) { return panels.info.bPanel.monitor; });
 }
 
 os::MonitorHandle cPanelMonitor() {
-  return gPanels.Ask([](const PanelDisplayInfo& panels) { return panels.cPanel.monitor; });
+  return gPanels.Ask([](const Panels& panels) { return panels.info.cPanel.monitor; });
 }
 
 std::optional<PanelRect> FoundBPanel() {
-  return gPanels.Ask([](const PanelDisplayInfo& panels) { return PlaceIfFound(panels.bPanel); });
+  return gPanels.Ask([](const Panels& panels) { return PlaceIfFound(panels.info.bPanel); });
 }
 
 std::optional<PanelRect> FoundCPanel() {
-  return gPanels.Ask([](const PanelDisplayInfo& panels) { return PlaceIfFound(panels.cPanel); });
+  return gPanels.Ask([](const Panels& panels) { return PlaceIfFound(panels.info.cPanel); });
 }
 
 void ReadFactoryIds() {
+  const Search search;
   PanelDisplayInfo info;
   GetRegDevicePath(info);
-  gPanels.set(info);
+  search.Publish(info);
 }
 
 PanelsFound EnumDisplayDevice() {
   Log(L"EnumDisplayDevice Start");
+  const Search search;
   PanelDisplayInfo info;
   if (GetRegDevicePath(info)) {
     const auto monitors = ListMonitors();
@@ -208,7 +235,7 @@ PanelsFound EnumDisplayDevice() {
   } else {
     Log(L"InitGetInfoFromReg failed, return DeviceNotFound.");
   }
-  gPanels.set(info);
+  search.Publish(info);
   return Found(info);
 }
 
