@@ -25,9 +25,10 @@ void LogDropped(RecordKind kind, std::size_t size) {
   Log(L"Record of kind %d dropped, size = %d \n", static_cast<std::uint64_t>(kind), size);
 }
 
-/// Whether a window is one of this process, by whatever handle.
+/// Whether a window is one of this process, by whatever handle. The field may also hold a number that is no window's.
 bool IsOwnWindow(os::WindowHandle window) {
-  return window != os::WindowHandle::None && os::WindowProcessId(window) == os::WindowProcessId(gServiceWindow());
+  const auto process = os::WindowProcessId(window);
+  return process != 0 && process == os::WindowProcessId(gServiceWindow());
 }
 
 /// Nobody can have the controller show, move or close its own windows: in a record they count as none.
