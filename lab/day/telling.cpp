@@ -64,7 +64,7 @@ void PrintWhat(std::wstring who, std::wstring what) {
 /// Hears from GoogleTest what held and what did not.
 class Narrator : public testing::EmptyTestEventListener {
  public:
-  explicit Narrator(const Laptop& laptop) : laptop_(laptop) {}
+  explicit Narrator(Laptop& laptop) : laptop_(laptop) {}
 
   void AddPicture(const std::wstring& path) { pictures_.push_back(path); }
 
@@ -75,7 +75,8 @@ class Narrator : public testing::EmptyTestEventListener {
   }
 
   void OnTestPartResult(const testing::TestPartResult& result) override {
-    laptop_.trace.WaitUntilQuiet(std::chrono::milliseconds(30));  // the lines come by a pipe
+    laptop_.ReadDevices();
+    laptop_.trace.WaitUntilQuiet(std::chrono::milliseconds(10));  // the lines come by a pipe
     ++checks_;
     if (result.failed()) ++failures_;
     // GoogleTest's own word comes first, on a line of its own.
@@ -96,7 +97,7 @@ class Narrator : public testing::EmptyTestEventListener {
     for (const auto& picture : pictures_) PrintWhat(L"picture", picture);
   }
 
-  const Laptop& laptop_;
+  Laptop& laptop_;
   std::size_t checks_ = 0, failures_ = 0;
   std::vector<std::wstring> pictures_;
 };
@@ -105,7 +106,7 @@ Narrator* gNarrator = nullptr;
 
 }  // namespace
 
-void TellTheDay(const Laptop& laptop) {
+void TellTheDay(Laptop& laptop) {
   gNarrator = new Narrator(laptop);  // GoogleTest deletes it
   auto& listeners = testing::UnitTest::GetInstance()->listeners();
   delete listeners.Release(listeners.default_result_printer());

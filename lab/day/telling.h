@@ -12,7 +12,7 @@ namespace lab {
 
 /// From now on it is told, in place of GoogleTest's own words, and at its end counted. Logged in the file that the
 /// environment variable LAB_LOG names as a Linux path.
-void TellTheDay(const Laptop& laptop);
+void TellTheDay(Laptop& laptop);
 
 [[nodiscard]] bool IsTold();
 

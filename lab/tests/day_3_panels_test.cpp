@@ -1,6 +1,8 @@
 // The day's panels: the laptop's form, its projection mode, refresh rate and driver, where the panels are, lid and F6.
 #include <windows.h>
 
+#include <future>
+
 #include "tests/lab_test.h"
 
 namespace {
@@ -87,22 +89,30 @@ TEST_F(Day, WithoutTheDriverTheUiIsServedOn) {
   Check(StandInUi::Send(L"BLGET") && UiIsTold(L"BLSET 45"), L"BLGET answered with 45 percent again");
 }
 
+/// Waits until Wine's desktop has listed the monitors anew, which it does many times after each change of displays.
+bool MonitorsAreListed() {
+  return Deliver(GetDesktopWindow(), WM_NULL, 0, 0);
+}
+
 TEST_F(Day, TheCPanelThatAnotherProgramMovedOrTurnedIsPutBack) {
   const std::wstring check = L"[CheckCPanel_Position_Orientation] ", putBack = check + L"SetMonitorEx bErrorCode = 1";
   Chapter(L"Another program moves and turns the C panel");
-  Note(L"the UI is busy for a while, and the controller waits for it: otherwise there would be nothing to see");
+  Note(L"the UI is busy for a while, and everybody waits for it: otherwise there would be nothing to see");
   Happens(L"the C panel is moved beside the B panel");
-  Check(StandInUi::Hang() && PlaceCPanel(1920, 0, kTurnedUpright) && Eventually([] { return !IsCPanelInPlace(); }),
-        L"it is out of its place");
+  const bool hangs = StandInUi::Hang();
+  // Whoever changes the displays waits until all windows have heard of it.
+  auto placed = std::async(std::launch::async, [] { return PlaceCPanel(1920, 0, kTurnedUpright); });
+  Check(hangs && Eventually([] { return !IsCPanelInPlace(); }) && MonitorsAreListed(), L"it is out of its place");
   Picture(L"9-panel-moved-away");
   StandInUi::Wake();
-  Check(Traced(putBack) && Eventually(IsCPanelInPlace), L"put back below the B panel");
+  Check(placed.get() && Traced(putBack) && Eventually(IsCPanelInPlace) && MonitorsAreListed(),
+        L"put back below the B panel");
   Picture(L"10-panel-put-back");
   Happens(L"the C panel is turned upside down");
   Check(PlaceCPanel(0, 1080, kTurnedOver) && Traced(check + L"isWrongPosition = 0, isWrongOrientation = 1") &&
             Traced(putBack),
         L"turned back");
-  const bool isServed = laptop.WaitForController();
+  const bool isServed = MonitorsAreListed() && laptop.WaitForController();
   laptop.trace.WaitUntilQuiet(std::chrono::milliseconds(300));  // a change of displays has an aftermath
   const auto served = laptop.trace.Mark();
   Check(isServed && laptop.WaitForController() && IsCPanelInPlace() &&
