@@ -1,4 +1,3 @@
-#include "os/device_io.h"
 #include "tests/support.h"
 
 namespace {

@@ -1,6 +1,5 @@
 // What follows a change of the displays: Win+P, docking, folding over.
 
-#include "os/messages.h"
 #include "power/win_p_watch.h"
 #include "tests/support.h"
 #include "windows/full_screen.h"

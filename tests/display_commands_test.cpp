@@ -1,5 +1,3 @@
-#include "os/device_io.h"
-#include "os/displays.h"
 #include "tests/support.h"
 
 namespace {

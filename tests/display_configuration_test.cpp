@@ -4,7 +4,6 @@
 #include "display/path_rotation.h"
 #include "display/projection_mode.h"
 #include "display/virtual_monitor.h"
-#include "os/displays.h"
 #include "tests/support.h"
 
 namespace {

@@ -1,7 +1,6 @@
 // F6: a sequence that the component ends, the whole story of switching the panel off by key; and the machine folded
 // over.
 
-#include "os/device_io.h"
 #include "power/flip_state.h"
 #include "tests/support.h"
 

@@ -1,7 +1,5 @@
 #include <cstring>
 
-#include "os/files.h"
-#include "os/processes.h"
 #include "tests/support.h"
 #include "uilink/commands/picture_files.h"
 

@@ -2,7 +2,6 @@
 
 #include "power/firmware.h"
 
-#include "os/device_io.h"
 #include "tests/support.h"
 
 namespace {

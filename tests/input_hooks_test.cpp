@@ -1,6 +1,5 @@
 // Windows removes hooks without a word; the controller hooks again once it can tell.
 
-#include "os/clock.h"
 #include "tests/drags.h"
 
 namespace {

@@ -1,20 +1,7 @@
 #pragma once
 
-#include "os/desktop.h"
-#include "os/device_io.h"
-#include "os/devices.h"
-#include "os/displays.h"
-#include "os/files.h"
-#include "os/input.h"
-#include "os/kernel_objects.h"
-#include "os/messages.h"
-#include "os/processes.h"
-#include "os/registry.h"
-#include "os/services.h"
-#include "os/settings_store.h"
-#include "os/threads.h"
-#include "os/window_control.h"
 #include "sim/laptop.h"
+#include "tests/door.h"
 
 // The door functions that the robustness tests spoil.
 namespace support {

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "os/types.h"
 #include "sim/laptop.h"
+#include "tests/door.h"
 
 // What several tests ask of a laptop.
 namespace support {

@@ -1,16 +1,10 @@
 #include <algorithm>
 
-#include "os/clock.h"
-#include "os/desktop.h"
-#include "os/displays.h"
-#include "os/processes.h"
-#include "os/window_control.h"
 #include "tests/contract/world.h"
 
-namespace contract {
 namespace {
 
-using DesktopContract = Contract;
+using DesktopContract = contract::Contract;
 using os::ShowCommand;
 using os::WindowHandle;
 using world::kClass, world::kTitle;
@@ -188,4 +182,3 @@ TEST_F(DesktopContract, AWellProgramCloses) {
 }
 
 }  // namespace
-}  // namespace contract

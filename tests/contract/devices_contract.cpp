@@ -2,15 +2,11 @@
 #include <cwctype>
 #include <optional>
 
-#include "os/device_io.h"
-#include "os/hid.h"
-#include "os/services.h"
 #include "tests/contract/world.h"
 
-namespace contract {
 namespace {
 
-using DeviceContract = Contract;
+using DeviceContract = contract::Contract;
 
 // ---- The firmware driver ----
 
@@ -144,4 +140,3 @@ TEST_F(DeviceContract, ANodeIsToldByItsFirstHardwareId) {
 }
 
 }  // namespace
-}  // namespace contract

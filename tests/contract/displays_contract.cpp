@@ -1,15 +1,11 @@
 #include <algorithm>
 #include <set>
 
-#include "os/ansi.h"
-#include "os/devices.h"
-#include "os/displays.h"
 #include "tests/contract/world.h"
 
-namespace contract {
 namespace {
 
-using DisplayContract = Contract;
+using DisplayContract = contract::Contract;
 using os::DisplayQuery;
 
 TEST_F(DisplayContract, TheDesktopHasThePrimaryPanelAndTheOneBelow) {
@@ -74,4 +70,3 @@ TEST_F(DisplayContract, EachMonitorDeviceHasItsPlaceInTheTree) {
 }
 
 }  // namespace
-}  // namespace contract

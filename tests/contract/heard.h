@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "os/service_window.h"
+#include "tests/door.h"
 
 namespace contract {
 

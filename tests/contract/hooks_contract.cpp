@@ -1,15 +1,10 @@
 #include <mutex>
 
-#include "os/clock.h"
-#include "os/hooks.h"
-#include "os/input.h"
-#include "os/threads.h"
 #include "tests/contract/world.h"
 
-namespace contract {
 namespace {
 
-using HooksContract = Contract;
+using HooksContract = contract::Contract;
 
 struct Seen {
   std::uint32_t what = 0;
@@ -103,4 +98,3 @@ TEST_F(HooksContract, AWatcherIsToldOfTheEventsItAskedFor) {
 }
 
 }  // namespace
-}  // namespace contract

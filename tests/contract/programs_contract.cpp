@@ -1,19 +1,11 @@
 #include <algorithm>
 #include <mutex>
 
-#include "os/clock.h"
-#include "os/desktop.h"
-#include "os/files.h"
-#include "os/kernel_objects.h"
-#include "os/process_stops.h"
-#include "os/processes.h"
-#include "os/threads.h"
 #include "tests/contract/world.h"
 
-namespace contract {
 namespace {
 
-using ProcessContract = Contract;
+using ProcessContract = contract::Contract;
 
 constexpr std::uint32_t kLong = 20'000;   // ms
 constexpr std::uint64_t kClockStep = 16;  // ms: how coarse Windows counts
@@ -208,4 +200,3 @@ TEST_F(ProcessContract, TheDateIsOfThisAge) {
 }
 
 }  // namespace
-}  // namespace contract

@@ -1,17 +1,10 @@
 #include <atomic>
 
-#include "os/clock.h"
-#include "os/files.h"
-#include "os/registry.h"
-#include "os/settings_store.h"
-#include "os/threads.h"
-#include "os/watches.h"
 #include "tests/contract/world.h"
 
-namespace contract {
 namespace {
 
-using StoresContract = Contract;
+using StoresContract = contract::Contract;
 using os::PathKind;
 
 constexpr auto kKey = L"SOFTWARE\\NORV\\Contract", kNoKey = L"SOFTWARE\\NORV\\Contract\\NoSuchKey";
@@ -223,4 +216,3 @@ TEST_F(StoresContract, AWrittenValueTakesItsPlaceAndLeavesTheRest) {
 }
 
 }  // namespace
-}  // namespace contract

@@ -1,24 +1,5 @@
 // What is delivered to a thread while it is inside a door function: each mark of os/waiting.h that both worlds can
 // show.
-#include <algorithm>
-
-#include "os/clock.h"
-#include "os/desktop.h"
-#include "os/device_io.h"
-#include "os/devices.h"
-#include "os/displays.h"
-#include "os/files.h"
-#include "os/hid.h"
-#include "os/input.h"
-#include "os/kernel_objects.h"
-#include "os/messages.h"
-#include "os/power.h"
-#include "os/processes.h"
-#include "os/registry.h"
-#include "os/services.h"
-#include "os/settings_store.h"
-#include "os/threads.h"
-#include "os/window_control.h"
 #include "tests/contract/heard.h"
 #include "tests/contract/world.h"
 
@@ -29,14 +10,14 @@ using contract::Heard, contract::HeardEvents, os::WindowHandle;
 class WaitingContract : public contract::Contract {};
 
 struct Call {
-  const char* function;
+  std::string function;
   os::Waiting way;
   std::function<void()> make;
 };
 
-template <auto Function>
-Call CallOf(const char* function, std::function<void()> make) {
-  return {function, os::kWaiting<Function>.way, std::move(make)};
+template <auto Function, class... Arguments>
+Call CallOf(Arguments... arguments) {
+  return {__PRETTY_FUNCTION__, os::kWaiting<Function>.way, [=] { (void)std::invoke(Function, arguments...); }};
 }
 
 /// Whether a message that another thread has sent is handled while the call is made. The other program hangs until it
@@ -78,50 +59,42 @@ TEST_F(WaitingContract, AMessageThatIsSentIsHandledInsideTheCallsThatServe) {
     const auto signalled = os::NewEvent();
     os::SignalEvent(signalled);
     os::Semaphore free(1);
+    free.Post();
     constexpr auto kActive = os::DisplayQuery::OnlyActivePaths;
     // Wine serves while it lists the displays anew, which it does for a program's first query and after each change.
     const auto panel = os::SourceGdiName(os::QueryDisplayConfiguration(kActive, kActive)->paths.front());
     const Call calls[] = {
-        CallOf<&os::SendCopyData>("SendCopyData", [&] { os::SendCopyData(other, 1, os::Bytes{1}); }),
-        CallOf<&os::SendCopyDataTimeout>("SendCopyDataTimeout",
-                                         [&] { os::SendCopyDataTimeout(other, 1, os::Bytes{1}, 2000); }),
-        CallOf<&os::AnswersWithin>("AnswersWithin", [&] { (void)os::AnswersWithin(other, 2000); }),
-        CallOf<&os::ShowWindow>("ShowWindow", [&] { (void)os::ShowWindow(other, os::ShowCommand::Minimize); }),
-        CallOf<&os::MoveWindow>("MoveWindow", [&] { (void)os::MoveWindow(other, 20, 20, 300, 200); }),
-        CallOf<&os::SetTopmost>("SetTopmost", [&] { (void)os::SetTopmost(other, true); }),
-        CallOf<&os::SetWindowExtendedStyle>("SetWindowExtendedStyle", [&] { os::SetWindowExtendedStyle(other, 0x80); }),
-        CallOf<&os::Sleep>("Sleep", [] { os::Sleep(50); }),
-        CallOf<&os::AwaitEvent>("AwaitEvent", [&] { os::AwaitEvent(signalled); }),
-        CallOf<&os::Semaphore::Wait>("Semaphore::Wait",
-                                     [&] {
-                                       free.Post();
-                                       (void)free.Wait();
-                                     }),
-        CallOf<&os::Control>("Control", [&] { (void)os::Control(*device, 0x22240C, os::Bytes(8), 8); }),
-        CallOf<&os::OverwriteByCopy>("OverwriteByCopy", [&] { (void)os::OverwriteByCopy(file, copy); }),
-        CallOf<&os::ReadFileVersion>("ReadFileVersion", [] { (void)os::ReadFileVersion(os::OwnProgramPath()); }),
-        CallOf<&os::ServiceState>("ServiceState", [] { (void)os::ServiceState(L"RpcSs"); }),
-        CallOf<&os::HidInterfaces>("HidInterfaces", [] { (void)os::HidInterfaces(); }),
-        CallOf<&os::QueryDisplayConfiguration>("QueryDisplayConfiguration",
-                                               [] { (void)os::QueryDisplayConfiguration(kActive, kActive); }),
-        CallOf<&os::ClickLeftButton>("ClickLeftButton", [] { os::ClickLeftButton(); }),
-        CallOf<&os::FindTopWindow>("FindTopWindow", [] { (void)os::FindTopWindow(world::kClass); }),
-        CallOf<&os::TopWindows>("TopWindows", [] { (void)os::TopWindows(); }),
-        CallOf<&os::WindowTitle>("WindowTitle", [&] { (void)os::WindowTitle(other); }),
-        CallOf<&os::WindowRect>("WindowRect", [&] { (void)os::WindowRect(other); }),
-        CallOf<&os::GetPlacement>("GetPlacement", [&] { (void)os::GetPlacement(other); }),
-        CallOf<&os::ForegroundWindow>("ForegroundWindow", [] { (void)os::ForegroundWindow(); }),
-        CallOf<&os::PostToWindow>("PostToWindow", [&] { os::PostToWindow(other, 0x8001, 0, 0); }),
-        CallOf<&os::StartTimer>("StartTimer", [&] { os::StartTimer(own, 9, 60'000); }),
-        CallOf<&os::DesktopMonitors>("DesktopMonitors", [] { (void)os::DesktopMonitors(); }),
-        CallOf<&os::MonitorDevices>("MonitorDevices", [] { (void)os::MonitorDevices(); }),
-        CallOf<&os::QueryPath>("QueryPath", [&] { (void)os::QueryPath(file); }),
-        CallOf<&os::ProcessImagePath>("ProcessImagePath",
-                                      [&] { (void)os::ProcessImagePath(os::WindowProcessId(other)); }),
-        CallOf<&os::QueryPowerStatus>("QueryPowerStatus", [] { (void)os::QueryPowerStatus(); }),
-        CallOf<&os::ChangeDisplaySettings>(
-            "ChangeDisplaySettings",
-            [&] { os::ChangeDisplaySettings(panel, os::CurrentDisplaySettings(panel).value(), 0); }),
+        CallOf<&os::SendCopyData>(other, 1, os::Bytes{1}),
+        CallOf<&os::SendCopyDataTimeout>(other, 1, os::Bytes{1}, 2000),
+        CallOf<&os::AnswersWithin>(other, 2000),
+        CallOf<&os::ShowWindow>(other, os::ShowCommand::Minimize),
+        CallOf<&os::MoveWindow>(other, 20, 20, 300, 200),
+        CallOf<&os::SetTopmost>(other, true),
+        CallOf<&os::SetWindowExtendedStyle>(other, 0x80),
+        CallOf<&os::Sleep>(50),
+        CallOf<&os::AwaitEvent>(std::cref(signalled), os::kWithoutLimit),
+        CallOf<&os::Semaphore::Wait>(&free),
+        CallOf<&os::Control>(std::cref(*device), 0x22240C, os::Bytes(8), 8),
+        CallOf<&os::OverwriteByCopy>(file, copy),
+        CallOf<&os::ReadFileVersion>(os::OwnProgramPath()),
+        CallOf<&os::ServiceState>(L"RpcSs"),
+        CallOf<&os::HidInterfaces>(),
+        CallOf<&os::QueryDisplayConfiguration>(kActive, kActive),
+        CallOf<&os::ClickLeftButton>(),
+        CallOf<&os::FindTopWindow>(world::kClass, nullptr),
+        CallOf<&os::TopWindows>(),
+        CallOf<&os::WindowTitle>(other),
+        CallOf<&os::WindowRect>(other),
+        CallOf<&os::GetPlacement>(other),
+        CallOf<&os::ForegroundWindow>(),
+        CallOf<&os::PostToWindow>(other, 0x8001, 0, 0),
+        CallOf<&os::StartTimer>(own, 9, 60'000),
+        CallOf<&os::DesktopMonitors>(),
+        CallOf<&os::MonitorDevices>(),
+        CallOf<&os::QueryPath>(file),
+        CallOf<&os::ProcessImagePath>(os::WindowProcessId(other)),
+        CallOf<&os::QueryPowerStatus>(),
+        CallOf<&os::ChangeDisplaySettings>(panel, os::CurrentDisplaySettings(panel).value(), 0),
     };
     for (const auto& call : calls) {
       const bool serves = call.way == os::Waiting::Serving || call.way == os::Waiting::ServingInput;

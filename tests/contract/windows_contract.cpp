@@ -1,20 +1,12 @@
 #include <atomic>
 
 #include "core/resource_ids.h"
-#include "os/clock.h"
-#include "os/desktop.h"
-#include "os/files.h"
-#include "os/messages.h"
-#include "os/processes.h"
-#include "os/service_window.h"
-#include "os/threads.h"
 #include "tests/contract/heard.h"
 #include "tests/contract/world.h"
 
-namespace contract {
 namespace {
 
-using MessageContract = Contract;
+using MessageContract = contract::Contract;
 using os::WindowHandle;
 using world::kTitle;
 
@@ -105,4 +97,3 @@ TEST_F(MessageContract, TheLoopServesMessagesThenTimersUntilTheWindowEnds) {
 }
 
 }  // namespace
-}  // namespace contract

@@ -10,8 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "os/hooks.h"
-#include "os/types.h"
+#include "tests/door.h"
 
 /// What a contract of the door finds on the laptop before it calls the door, and looks at afterwards. There are two
 /// such worlds: the simulated laptop, and Windows as the lab boots it. Both have the two panels on the desktop, the

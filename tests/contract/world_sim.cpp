@@ -1,9 +1,6 @@
 // The world of the contracts as a simulated laptop.
 #include <memory>
 
-#include "os/files.h"
-#include "os/services.h"
-#include "os/threads.h"
 #include "sim/laptop.h"
 #include "tests/contract/world.h"
 
