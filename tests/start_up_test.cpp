@@ -102,15 +102,11 @@ TEST(StartUp, InAShopAPanelThatIsOffComesBackAfterFiveMinutes) {
     laptop.Boot();
     const bool comesBack = isShop && saved[1] == L'f';
     EXPECT_EQ(laptop.window.TimerPeriod(9527), comesBack ? std::optional(kPeriodMs) : std::nullopt);
-    if (!comesBack) continue;
     laptop.events.Signal(KernelObjects::kSwitchingEvent);
-    laptop.Advance(kPeriodMs - 30'000);
-    EXPECT_FALSE(laptop.input.LeftClicks() != 0 || laptop.events.Signalled(KernelObjects::kPowerEvent));
-    laptop.Advance(40'000);
-    EXPECT_EQ(laptop.displays.topology, Topology::Extend);
-    EXPECT_TRUE(laptop.events.Signalled(KernelObjects::kPowerEvent) && laptop.input.LeftClicks() == 1);
-    EXPECT_FALSE(laptop.events.Signalled(KernelObjects::kSwitchingEvent) || laptop.window.TimerPeriod(9527));
-    EXPECT_EQ(laptop.hotKey.Received().back().wParam, 1U) << "the touch pad is wanted on";
+    laptop.Advance(kPeriodMs);
+    EXPECT_EQ(laptop.displays.topology, comesBack ? Topology::Extend : Topology::Internal);
+    EXPECT_EQ(laptop.events.Signalled(KernelObjects::kSwitchingEvent), !comesBack);
+    EXPECT_FALSE(laptop.window.TimerPeriod(9527));
   }
 }
 

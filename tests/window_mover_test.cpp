@@ -40,6 +40,7 @@ TEST_F(Mover, HoversThrowsDownAndPins) {
   const auto window = Open();
   const MoverText normal{L"WSNORMAL", {700, 146}}, down{L"WSHOVER", {675, 134}}, pin{L"WSHOVER", {675, 134}, true};
   DragOut(laptop, window, kPress, kAway);
+  for (const os::Point edge : {os::Point{725, 200}, {927, 200}, {775, 166}, {775, 246}}) MoveTo(edge);
   MoveTo(kDown);
   MoveTo({kDown.x + 5, kDown.y + 5});
   EXPECT_EQ(Told(window), (MoverTexts{normal, normal, down}));

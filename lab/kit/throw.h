@@ -18,10 +18,6 @@ inline constexpr Throw kThrowDown{L"[Window Mover] WindowMoverUIEnable = TRUE",
                                   L"[Window Mover] Hover on Window Mover UI : Down",
                                   {10, 60},
                                   {75, 96}};
-inline constexpr Throw kThrowPinned{L"[Window Mover] WindowMoverUIEnable = TRUE",
-                                    L"[Window Mover] Hover on Window Mover UI : Pin",
-                                    {10, 60},
-                                    {175, 96}};
 inline constexpr Throw kThrowUp{L"[Window Mover On C Panel] WindowMoverUIEnable = TRUE",
                                 L"[Window Mover On C Panel] Hover on Window Mover UI : WinUp",
                                 {70, 60},

@@ -18,21 +18,6 @@ TEST_F(Panel, StaysWhatItWasWhenTheFirmwareRefuses) {
   EXPECT_EQ(laptop.reports.Mark(), reported) << "the touch pad keeps its mode";
 }
 
-TEST_F(Panel, WithoutTheDriverEverythingElseGoesOn) {
-  ASSERT_TRUE(laptop.firmware.Stop());
-  ASSERT_TRUE(laptop.controller.Start());
-  ASSERT_TRUE(laptop.WaitForController());
-  EXPECT_TRUE(UiIsLaunched());
-  Controller::PressF6(1, kF6PanelOff);
-  ASSERT_TRUE(laptop.WaitForController());
-  EXPECT_EQ(Setting("Tessaview"), "On") << "a panel that was not switched off";
-
-  ASSERT_TRUE(laptop.firmware.Start());
-  Controller::PressF6(1, kF6PanelOff);
-  EXPECT_TRUE(Asked(L"DEVS 0x00050031 = 0")) << "the driver is back, and is used";
-  EXPECT_TRUE(IsStored("Tessaview", "Off"));
-}
-
 using Touch = LabTest;
 
 TEST_F(Touch, AControllerThatIsPluggedInLateIsFoundAllTheSame) {

@@ -15,17 +15,6 @@ std::string FileText() {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-TEST_F(SettingsOnDisk, AreRepairedAndWhatIsSoundIsKept) {
-  const std::filesystem::path path = SettingsPath();
-  std::filesystem::create_directories(path.parent_path());
-  std::ofstream(path, std::ios::binary)
-      << "; kept\r\n[PowerStatus]\r\nTessaview=on\r\nBacklight=9\r\nBacklightDC=255\r\nMode=\r\nOther=1\r\n";
-  StartController();
-  EXPECT_EQ(FileText(),
-            "; kept\r\n[PowerStatus]\r\nTessaview=On\r\nBacklight=116\r\nBacklightDC=255\r\nMode=Cursor\r\nOther=1\r\n"
-            "PowerSaving=1\r\n");
-}
-
 TEST_F(SettingsOnDisk, AreMadeWithTheirFoldersAndBringTheUsersChoiceBack) {
   std::error_code ignored;
   std::filesystem::remove_all(std::filesystem::path(SettingsPath()).parent_path().parent_path(), ignored);

@@ -1,9 +1,7 @@
-// Windows that the controller moves, beyond the day: where a throw fails, and at the UI's commands.
+// Windows that the controller moves, beyond the day: at the UI's commands.
 #include <chrono>
 
 #include "kit/app_window.h"
-#include "kit/pointer.h"
-#include "kit/throw.h"
 #include "tests/lab_test.h"
 
 namespace {
@@ -26,35 +24,6 @@ class WindowsMoved : public LabTest {
     ASSERT_TRUE(UiIsLaunched());
   }
 };
-
-TEST_F(WindowsMoved, AWindowDroppedElsewhereStaysThereUntilItIsThrown) {
-  StartMover();
-  const AppWindow notes(L"Notes");
-  Happens(L"a window is dragged over the overlay and beyond");
-  constexpr os::Point kElsewhere{900, 600};
-  EXPECT_TRUE(BeginThrow(laptop, notes, kThrowDown));
-  Pointer::GlideTo(kElsewhere);
-  EXPECT_TRUE(Eventually([&] { return notes.TitleBar() == kElsewhere; }));
-  EXPECT_TRUE(Pointer::Drop(notes));
-  EXPECT_EQ(UiWords(L"WSPRESS", 2),
-            (std::vector<std::wstring>{L"WSNORMAL", L"WSNORMAL", L"WSHOVER", L"WSNORMAL", L"WSPRESS", L"WSPRESS"}));
-  EXPECT_EQ(notes.State(), ShowState::Normal);
-  EXPECT_EQ(notes.TitleBar(), kElsewhere);
-  EXPECT_TRUE(BeginThrow(laptop, notes, kThrowPinned));
-  EXPECT_TRUE(Pointer::Drop(notes) && notes.Fills(Panel::C)) << "thrown the slower way";
-}
-
-TEST_F(WindowsMoved, AUiThatHangsHoldsUpNoThrow) {
-  StartMover();
-  const AppWindow notes(L"Notes");
-  ASSERT_TRUE(StandInUi::Hang());
-  Happens(L"a window is thrown down");
-  EXPECT_TRUE(BeginThrow(laptop, notes, kThrowDown));
-  EXPECT_TRUE(Pointer::Drop(notes) && notes.Fills(Panel::C));
-  EXPECT_TRUE(UiWords(L"WSPRESS", 0).empty());
-  StandInUi::Wake();
-  EXPECT_EQ(UiWords(L"WSPRESS", 2).back(), L"WSPRESS") << "it hears that no overlay is wanted any more";
-}
 
 TEST_F(WindowsMoved, TheUiPutsWindowsWhereItWantsThem) {
   StartMover();
