@@ -63,7 +63,7 @@ TEST_F(WaitingContract, AMessageThatIsSentIsHandledInsideTheCallsThatServe) {
         CallOf<&os::SetTopmost>(other, true),
         CallOf<&os::SetWindowExtendedStyle>(other, 0x80),
         CallOf<&os::Sleep>(50),
-        CallOf<&os::AwaitEvent>(std::cref(signalled)),
+        CallOf<&os::AwaitEvent>(std::cref(signalled), os::kWithoutLimit),
         CallOf<&os::Semaphore::Wait>(&free),
         CallOf<&os::Control>(std::cref(*device), 0x22240C, os::Bytes(8), 8),
         CallOf<&os::OverwriteByCopy>(file, copy),
