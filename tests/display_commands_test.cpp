@@ -12,69 +12,52 @@ TEST(RefreshRates, AreAnsweredAsTheyAreNow) {
     ForgetTheStory(laptop);
     c.plugged = isCThere;
     laptop.ui.Send(L"GETFREQUENCY");
-    const auto answers = laptop.ui.ReceivedTexts();
-    ASSERT_EQ(answers.size(), 1u);
-    EXPECT_EQ(answers[0].text, L"SETFREQUENCY");
-    EXPECT_EQ(answers[0].point, (os::Point{144, isCThere ? 30 : 0}));
+    EXPECT_EQ(laptop.ui.Received(), Texts{L"SETFREQUENCY"});
+    EXPECT_EQ(laptop.ui.ReceivedTexts().at(0).point, (os::Point{144, isCThere ? 30 : 0}));
   }
 }
 
 TEST(RefreshRate, ReachesTheFirmwareAndItsVariable) {
-  struct Rate {
-    std::int32_t hertz;
-    std::uint32_t firmwareValue = 1;
-    std::uint8_t variable = 1;
-  };
-  for (const auto& rate :
-       {Rate{.hertz = 60}, Rate{.hertz = 30, .firmwareValue = 0, .variable = 0}, Rate{.hertz = 45}}) {
+  for (const auto& [hertz, firmwareValue, variable] :
+       {std::tuple(60, 1U, std::uint8_t{1}), {30, 0U, std::uint8_t{0}}, {45, 1U, std::uint8_t{1}}}) {
     RunningLaptop laptop;
-    laptop.ui.Send(L"SETFREQUENCY", {.percent = 30, .point = {30, rate.hertz}});
-    EXPECT_EQ(laptop.firmware.Writes(Firmware::kRefreshRate), Words{rate.firmwareValue});
-    const auto& variables = laptop.firmware.Variables();
-    ASSERT_EQ(variables.size(), 1u);
-    EXPECT_EQ(variables[0].name, L"VantyraFPS");
-    EXPECT_EQ(variables[0].guid, L"{F8165EB8-0081-48A9-BD1D-1741D6CC6154}");
-    EXPECT_EQ(variables[0].value, Bytes{rate.variable});
+    laptop.ui.Send(L"SETFREQUENCY", {.percent = 30, .point = {30, hertz}});
+    EXPECT_EQ(laptop.firmware.Writes(Firmware::kRefreshRate), Words{firmwareValue});
+    const auto& written = laptop.firmware.Variables().at(0);
+    EXPECT_EQ(written.name + written.guid, L"VantyraFPS{F8165EB8-0081-48A9-BD1D-1741D6CC6154}");
+    EXPECT_EQ(written.value, Bytes{variable});
   }
 }
 
 TEST(RefreshRate, TheVariableIsTriedWithoutThePrivilegeTooButNotWithoutTheFirmware) {
   RunningLaptop laptop;
-  const auto variablesAfter = [&] {
+  for (const auto change :
+       {+[](Laptop& l) { l.faults.Fail<&os::Control>(); },
+        +[](Laptop& l) { l.faults.ClearAll(), l.sessions.missingPrivileges = {L"SeSystemEnvironmentPrivilege"}; },
+        +[](Laptop& l) { l.sessions.missingPrivileges.clear(); }}) {
+    EXPECT_TRUE(laptop.firmware.Variables().empty());
+    change(laptop);
     laptop.ui.Send(L"SETFREQUENCY", {.point = {0, 30}});
     EXPECT_EQ(laptop.sessions.OpenTokens() + laptop.firmware.OpenHandles(), 0u);
-    return laptop.firmware.Variables().size();
-  };
-  laptop.faults.Fail<&os::Control>();
-  EXPECT_EQ(variablesAfter(), 0u);
-  laptop.faults.ClearAll();
-  laptop.sessions.missingPrivileges = {L"SeSystemEnvironmentPrivilege"};
-  EXPECT_EQ(variablesAfter(), 0u);
-  laptop.sessions.missingPrivileges.clear();
-  EXPECT_EQ(variablesAfter(), 1u);
+  }
+  EXPECT_EQ(laptop.firmware.Variables().size(), 1u);
 }
 
 TEST(Resolution, IsAppliedToTheCPanelAlone) {
-  struct Change {
-    std::uint32_t orientation = 3;
-    os::Point asked, size = asked;
-  };
-  for (const auto& [orientation, asked, size] : {Change{.asked = {1280, 343}},
-                                                 {.asked = {640, 0}},
-                                                 {.asked = {0, 480}},
-                                                 {.orientation = 1, .asked = {0, 0}, .size = {515, 1920}}}) {
+  for (const auto& [orientation, asked, width, height] : {std::tuple(3U, os::Point{1280, 343}, 1280U, 343U),
+                                                          {3U, os::Point{640, 0}, 640U, 0U},
+                                                          {3U, os::Point{0, 480}, 0U, 480U},
+                                                          {1U, os::Point{0, 0}, 515U, 1920U}}) {
     RunningLaptop laptop;
-    laptop.displays.cPanel().Rotate(orientation);
-    laptop.displays.cPanel().fixedOutput = 2;
+    auto& c = laptop.displays.cPanel();
+    c.Rotate(orientation);
+    c.fixedOutput = 2;
     laptop.ui.Send(L"SETRESOLUTION", {.percent = 5, .rect = {9, 9, 9, 9}, .point = asked});
-    const auto& changes = laptop.displays.SettingsChanges();
-    ASSERT_FALSE(changes.empty());  // the display change that follows may bring the panel back into its place
-    EXPECT_EQ(changes[0].gdiName, laptop.displays.cPanel().gdiName);
-    EXPECT_EQ(changes[0].flags, os::kCdsUpdateRegistry | os::kCdsGlobal);
-    EXPECT_EQ(changes[0].settings.width, static_cast<std::uint32_t>(size.x));
-    EXPECT_EQ(changes[0].settings.height, static_cast<std::uint32_t>(size.y));
-    EXPECT_EQ(changes[0].settings.orientation, orientation);
-    EXPECT_EQ(laptop.displays.cPanel().fixedOutput, 2U) << "kept";
+    const auto& first = laptop.displays.SettingsChanges().at(0);  // what follows it may bring the panel into its place
+    EXPECT_EQ(std::pair(first.gdiName, first.flags), std::pair(c.gdiName, os::kCdsUpdateRegistry | os::kCdsGlobal));
+    EXPECT_EQ(std::tuple(first.settings.width, first.settings.height, first.settings.orientation),
+              std::tuple(width, height, orientation));
+    EXPECT_EQ(c.fixedOutput, 2U) << "kept";
   }
 }
 

@@ -72,23 +72,19 @@ TEST(Lid, TheMaskWaitsForTheUserWithoutATimeLimitAndHoldsUpNothing) {
 
 TEST(Lid, WhatClosingItDoesIsToldToSecondGenerationFirmware) {
   constexpr std::uint32_t kNothing = 0, kSleep = 1, kHibernate = 2, kShutDown = 3, kTurnDisplayOff = 6;
-  struct Case {
-    int generation = 2;
-    std::uint32_t action;
-    Words onChange = {}, onPowerSource = {};
-  };
-  for (const auto& each :
-       {Case{.action = kNothing, .onChange = {0}, .onPowerSource = {0}}, Case{.action = kSleep, .onPowerSource = {1}},
-        Case{.action = kHibernate, .onChange = {1}, .onPowerSource = {1}},
-        Case{.action = kShutDown, .onChange = {1}, .onPowerSource = {1}},
-        Case{.action = kTurnDisplayOff, .onChange = {1}}, Case{.generation = 1, .action = kNothing}}) {
-    RunningLaptop laptop({.generation = each.generation});
-    laptop.power.Notify(os::PowerSetting::LidCloseAction, each.action);
-    EXPECT_EQ(laptop.firmware.Writes(Firmware::kLidCloseAction), each.onChange);
+  for (const auto& [generation, action, onChange, onPowerSource] : {std::tuple(2, kNothing, Words{0}, Words{0}),
+                                                                    {2, kSleep, {}, {1}},
+                                                                    {2, kHibernate, {1}, {1}},
+                                                                    {2, kShutDown, {1}, {1}},
+                                                                    {2, kTurnDisplayOff, {1}, {}},
+                                                                    {1, kNothing, {}, {}}}) {
+    RunningLaptop laptop({.generation = generation});
+    laptop.power.Notify(os::PowerSetting::LidCloseAction, action);
+    EXPECT_EQ(laptop.firmware.Writes(Firmware::kLidCloseAction), onChange);
     ForgetTheStory(laptop);
-    laptop.power.SetSchemeLidAction(false, each.action);
+    laptop.power.SetSchemeLidAction(false, action);
     laptop.power.Unplug();
-    EXPECT_EQ(laptop.firmware.Writes(Firmware::kLidCloseAction), each.onPowerSource) << "of the scheme, on battery";
+    EXPECT_EQ(laptop.firmware.Writes(Firmware::kLidCloseAction), onPowerSource) << "of the scheme, on battery";
   }
 }
 

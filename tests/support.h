@@ -40,14 +40,12 @@ inline testing::AssertionResult LogsInOrder(const Laptop& laptop, const std::vec
 
 /// Whether a debugger was told a text.
 inline bool ToldDebuggers(const Laptop& laptop, const std::wstring& text) {
-  const auto& texts = laptop.trace.DebugTexts();
-  return std::find(texts.begin(), texts.end(), text) != texts.end();
+  return std::ranges::count(laptop.trace.DebugTexts(), text) > 0;
 }
 
 /// How often the UI was told a text.
 inline std::ptrdiff_t TimesTold(const Laptop& laptop, const std::wstring& text) {
-  const auto received = laptop.ui.Received();
-  return std::count(received.begin(), received.end(), text);
+  return std::ranges::count(laptop.ui.Received(), text);
 }
 
 /// The last text the UI was told; empty when there was none.

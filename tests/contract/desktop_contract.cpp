@@ -5,9 +5,7 @@
 namespace {
 
 using DesktopContract = contract::Contract;
-using os::ShowCommand;
-using os::WindowHandle;
-using world::kClass, world::kTitle;
+using os::ShowCommand, os::WindowHandle, world::kClass, world::kTitle;
 
 os::Point MiddleOf(WindowHandle window) {
   const auto area = os::WindowRect(window);
@@ -19,7 +17,7 @@ bool CoversPrimaryDisplay(WindowHandle window) {
   return area.left <= 0 && area.top <= 0 && area.right >= 1920 && area.bottom >= 1080;
 }
 
-TEST_F(DesktopContract, AWindowIsFoundByItsClassAndTitleOnTheDesktop) {
+TEST_F(DesktopContract, AWindowIsFoundAndReadAsItIsUntilItIsGone) {
   EXPECT_EQ(os::FindTopWindow(kClass), WindowHandle::None);
   const auto window = world::OpenWindow();
   EXPECT_EQ(os::FindTopWindow(L"CONTRACTwindow", L"a window of ANOTHER program"), window) << "without regard to case";
@@ -28,8 +26,27 @@ TEST_F(DesktopContract, AWindowIsFoundByItsClassAndTitleOnTheDesktop) {
   EXPECT_EQ(os::WindowClassName(window), kClass);
   EXPECT_NE(os::ProcessImagePath(os::WindowProcessId(window)), L"");
   EXPECT_EQ(os::FindTopWindow(nullptr, kTitle), window) << "whatever its class";
+  const auto dialog = world::OpenDialog();
+  EXPECT_TRUE(os::IsWindow(window) && os::WindowTitle(window) == kTitle);
+  constexpr auto kLooks = os::kWsCaption | os::kWsMaximizeBox | os::kWsVisible | os::kWsPopup;
+  EXPECT_EQ(os::WindowStyle(window) & kLooks, os::kWsCaption | os::kWsMaximizeBox | os::kWsVisible);
+  EXPECT_EQ(os::WindowStyle(dialog) & kLooks, os::kWsCaption | os::kWsVisible | os::kWsPopup);
   world::CloseWindow();
+  for (const auto gone : {window, WindowHandle::None}) {
+    EXPECT_FALSE(os::IsWindow(gone) || os::IsWindowVisible(gone) || os::IsWindowMinimized(gone));
+    EXPECT_EQ(os::WindowTitle(gone) + os::WindowClassName(gone), L"");
+    EXPECT_EQ(os::WindowStyle(gone) | os::WindowExtendedStyle(gone) | os::WindowProcessId(gone), 0U);
+    EXPECT_EQ(os::RootWindow(gone), WindowHandle::None);
+    EXPECT_EQ(os::WindowRect(gone), os::Rect{});
+    EXPECT_FALSE(os::ShowWindow(gone, ShowCommand::Show) || os::AnswersWithin(gone, 100) || os::AskToClose(gone, 100));
+    for (const auto error : {os::MoveWindow(gone, 0, 0, 100, 100).error(), os::GetPlacement(gone).error(),
+                             os::SetPlacement(gone, {}).error(), os::SetTopmost(gone, true).error()}) {
+      EXPECT_EQ(error, 1400U) << "ERROR_INVALID_WINDOW_HANDLE";
+    }
+    os::SetWindowExtendedStyle(gone, 0);  // returns
+  }
   EXPECT_EQ(os::FindTopWindow(kClass), WindowHandle::None);
+  EXPECT_EQ(os::FindChildWindow(window, world::kChildClass), WindowHandle::None);
   EXPECT_EQ(os::InputDesktopName(), L"Default");
   EXPECT_EQ(os::PrimaryScreenSize(), (os::Size{1920, 1080}));
   EXPECT_TRUE(CoversPrimaryDisplay(os::DesktopWindow()));
@@ -58,30 +75,6 @@ TEST_F(DesktopContract, ChildrenAndDialogsBelongToTheirWindow) {
   EXPECT_TRUE(os::ShowWindow(window, ShowCommand::Hide));
   EXPECT_FALSE(os::IsWindowVisible(child)) << "nor is its window";
   EXPECT_NE(os::WindowStyle(child) & os::kWsVisible, 0U);
-}
-
-TEST_F(DesktopContract, AWindowIsReadAsItIsUntilItIsGone) {
-  const auto window = world::OpenWindow();
-  const auto dialog = world::OpenDialog();
-  EXPECT_TRUE(os::IsWindow(window) && os::WindowTitle(window) == kTitle);
-  constexpr auto kLooks = os::kWsCaption | os::kWsMaximizeBox | os::kWsVisible | os::kWsPopup;
-  EXPECT_EQ(os::WindowStyle(window) & kLooks, os::kWsCaption | os::kWsMaximizeBox | os::kWsVisible);
-  EXPECT_EQ(os::WindowStyle(dialog) & kLooks, os::kWsCaption | os::kWsVisible | os::kWsPopup);
-  world::CloseWindow();
-  for (const auto gone : {window, WindowHandle::None}) {
-    EXPECT_FALSE(os::IsWindow(gone) || os::IsWindowVisible(gone) || os::IsWindowMinimized(gone));
-    EXPECT_EQ(os::WindowTitle(gone) + os::WindowClassName(gone), L"");
-    EXPECT_EQ(os::WindowStyle(gone) | os::WindowExtendedStyle(gone) | os::WindowProcessId(gone), 0U);
-    EXPECT_EQ(os::RootWindow(gone), WindowHandle::None);
-    EXPECT_EQ(os::WindowRect(gone), os::Rect{});
-    EXPECT_FALSE(os::ShowWindow(gone, ShowCommand::Show) || os::AnswersWithin(gone, 100) || os::AskToClose(gone, 100));
-    for (const auto error : {os::MoveWindow(gone, 0, 0, 100, 100).error(), os::GetPlacement(gone).error(),
-                             os::SetPlacement(gone, {}).error(), os::SetTopmost(gone, true).error()}) {
-      EXPECT_EQ(error, 1400U) << "ERROR_INVALID_WINDOW_HANDLE";
-    }
-    os::SetWindowExtendedStyle(gone, 0);  // returns
-  }
-  EXPECT_EQ(os::FindChildWindow(window, world::kChildClass), WindowHandle::None);
 }
 
 // ---- Changing windows ----
@@ -160,22 +153,16 @@ TEST_F(DesktopContract, TopmostAndExtendedStyleStay) {
   EXPECT_EQ(os::WindowExtendedStyle(window), wanted);
 }
 
-TEST_F(DesktopContract, AHungProgramGivesNoAnswer) {
+TEST_F(DesktopContract, AHungProgramGivesNoAnswerAndAWellOneCloses) {
   const auto window = world::OpenWindow();
   world::Run([window] {
     EXPECT_TRUE(os::AnswersWithin(window, 10'000));
     world::Hang();
-    os::AskToShow(window, ShowCommand::Hide);  // returns
+    os::AskToShow(window, ShowCommand::Minimize);  // returns
     EXPECT_FALSE(os::AnswersWithin(window, 100) || os::AskToClose(window, 100));
     EXPECT_TRUE(os::IsWindow(window));
     world::Wake();
-  });
-}
-
-TEST_F(DesktopContract, AWellProgramCloses) {
-  const auto window = world::OpenWindow();
-  os::AskToShow(window, ShowCommand::Hide);
-  world::Run([window] {
+    os::AskToShow(window, ShowCommand::Hide);
     EXPECT_TRUE(os::AnswersWithin(window, 10'000) && !os::IsWindowVisible(window));
     EXPECT_TRUE(os::AskToClose(window, 10'000) && !os::IsWindow(window));
   });

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <cwctype>
-#include <optional>
 
 #include "tests/contract/world.h"
 
@@ -51,24 +50,6 @@ std::vector<std::wstring> TouchPaths() {
   return paths;
 }
 
-/// The collection that takes output reports, and one that it takes.
-struct ModeSwitch {
-  std::wstring path;
-  os::HidDevice device;
-  os::Bytes report;
-};
-std::optional<ModeSwitch> FindModeSwitch() {
-  for (const auto& path : TouchPaths()) {
-    auto device = os::OpenHid(path);
-    const auto capabilities = device ? os::QueryHidCapabilities(*device) : std::nullopt;
-    if (!capabilities || capabilities->outputReportLength == 0) continue;
-    os::Bytes report(capabilities->outputReportLength, 0x5A);
-    report[0] = os::HidOutputValues(*device).at(0).reportId;
-    return ModeSwitch{path, std::move(*device), report};
-  }
-  return {};
-}
-
 TEST_F(DeviceContract, ACollectionTellsWhatItIs) {
   const auto paths = TouchPaths();
   ASSERT_GE(paths.size(), 2U);
@@ -92,18 +73,25 @@ TEST_F(DeviceContract, ACollectionTellsWhatItIs) {
 }
 
 TEST_F(DeviceContract, AnOutputReportIsTakenAtItsLengthUntilTheCollectionIsUnplugged) {
-  const auto mode = FindModeSwitch();
-  ASSERT_TRUE(mode);
-  EXPECT_FALSE(os::WriteHidReport(mode->device, os::BytesView(mode->report).first(mode->report.size() - 1)));
-  EXPECT_TRUE(os::WriteHidReport(mode->device, mode->report));
-  EXPECT_EQ(world::OutputReports(), std::vector<os::Bytes>{mode->report});
-  world::UnplugTouch();
-  EXPECT_TRUE(TouchPaths().empty());
-  EXPECT_EQ(os::OpenHid(mode->path).error(), 2U) << "ERROR_FILE_NOT_FOUND";
-  EXPECT_FALSE(os::WriteHidReport(mode->device, mode->report));
-  EXPECT_FALSE(os::QueryHidAttributes(mode->device));
-  EXPECT_FALSE(os::QueryHidCapabilities(os::HidDevice()));
-  EXPECT_TRUE(os::HidInputValues(os::HidDevice()).empty());
+  for (const auto& path : TouchPaths()) {
+    const auto device = os::OpenHid(path);
+    const auto capabilities = device ? os::QueryHidCapabilities(*device) : std::nullopt;
+    if (!capabilities || capabilities->outputReportLength == 0) continue;
+    os::Bytes report(capabilities->outputReportLength, 0x5A);
+    report[0] = os::HidOutputValues(*device).at(0).reportId;
+    EXPECT_FALSE(os::WriteHidReport(*device, os::BytesView(report).first(report.size() - 1)));
+    EXPECT_TRUE(os::WriteHidReport(*device, report));
+    EXPECT_EQ(world::OutputReports(), std::vector<os::Bytes>{report});
+    world::UnplugTouch();
+    EXPECT_TRUE(TouchPaths().empty());
+    EXPECT_EQ(os::OpenHid(path).error(), 2U) << "ERROR_FILE_NOT_FOUND";
+    EXPECT_FALSE(os::WriteHidReport(*device, report));
+    EXPECT_FALSE(os::QueryHidAttributes(*device));
+    EXPECT_FALSE(os::QueryHidCapabilities(os::HidDevice()));
+    EXPECT_TRUE(os::HidInputValues(os::HidDevice()).empty());
+    return;
+  }
+  FAIL() << "no collection takes reports";
 }
 
 TEST_F(DeviceContract, RawInputDevicesAreCountedListedAndNamed) {

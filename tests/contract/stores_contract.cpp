@@ -42,10 +42,8 @@ TEST_F(StoresContract, BytesComeWholeAndOnlyFromABinaryValue) {
     world::SetRegistryValue(kKey, L"EDID", {world::kBinary, bytes});
     EXPECT_EQ(os::ReadRegistryBytes(L"software\\norv\\CONTRACT", L"edid"), bytes) << "names have no case";
   }
-  for (const auto type : {world::kText, world::kDword}) {
-    world::SetRegistryValue(kKey, L"EDID", {type, {1, 0, 0, 0}});
-    EXPECT_EQ(os::ReadRegistryBytes(kKey, L"EDID"), std::nullopt);
-  }
+  world::SetRegistryValue(kKey, L"EDID", kOne);
+  EXPECT_EQ(os::ReadRegistryBytes(kKey, L"EDID"), std::nullopt);
 }
 
 TEST_F(StoresContract, AWrittenTextMakesItsKeysAndReplacesWhateverWasThere) {
@@ -156,11 +154,13 @@ TEST_F(StoresContract, ACopyReplacesItsTargetUnlessThatRefuses) {
   EXPECT_EQ(os::ReadFileStart(folder + L"\\sub", 2).error(), kAccessDenied);
 }
 
-TEST_F(StoresContract, OnlyAProgramWithAVersionResourceHasAVersion) {
+TEST_F(StoresContract, OnlyAProgramWithAVersionResourceHasAVersionAndAProductName) {
   const auto version = os::ReadFileVersion(os::OwnProgramPath());
   EXPECT_TRUE(version && version->major + version->minor > 0);
+  EXPECT_EQ(os::ProductNames(os::OwnProgramPath()), std::vector<std::wstring>{L"Tessaview controller"});
   const auto text = world::Folder() + L"\\a.txt";
   world::WriteFile(text, "no program");
+  EXPECT_TRUE(os::ProductNames(text).empty());
   EXPECT_FALSE(os::ReadFileVersion(text) || os::ReadFileVersion(world::Folder() + L"\\none.exe"));
 }
 
@@ -172,27 +172,25 @@ std::wstring Ini() {
 
 TEST_F(StoresContract, AValueIsReadAsTextAndAsANumber) {
   constexpr std::uint32_t kNone = 77;
-  struct Value {
-    std::string line;
-    std::wstring text = L"none";
-    std::uint32_t number = kNone;
-  };
-  for (const auto& each :
-       {Value{.line = " kEY  = 116 \t", .text = L"116", .number = 116},
-        Value{.line = "Key=\"116\"", .text = L"116", .number = 116},
-        Value{.line = "Key='1 2'", .text = L"1 2", .number = 1},
-        Value{.line = "Key=\" 5\"", .text = L" 5", .number = 5},
-        Value{.line = "Key=12abc", .text = L"12abc", .number = 12},
-        Value{.line = "Key=-3", .text = L"-3", .number = 0U - 3}, Value{.line = "Key=+3", .text = L"+3", .number = 3},
-        Value{.line = "Key=0x1aZ", .text = L"0x1aZ", .number = 26},
-        Value{.line = "Key=4294967295", .text = L"4294967295", .number = 0xFFFFFFFF},
-        Value{.line = "Key=1\r\nKey=2", .text = L"1", .number = 1},
-        Value{.line = "Key=a;b", .text = L"a;b", .number = 0}, Value{.line = "Key=\"a", .text = L"\"a", .number = 0},
-        Value{.line = "Key = a = b", .text = L"a = b", .number = 0}, Value{.line = "Key=", .text = L""},
-        Value{.line = ";Key=1"}, Value{.line = "Other=1"}, Value{.line = "[Else]\r\nKey=1"}}) {
-    world::WriteFile(Ini(), "[First]\r\nKey=9\r\n[Section]\r\n" + each.line + "\r\n");
-    EXPECT_EQ(os::ReadProfileText(Ini(), L"section", L"Key", L"none"), each.text) << each.line;
-    EXPECT_EQ(os::ReadProfileNumber(Ini(), L"section", L"Key", kNone), each.number) << each.line;
+  for (const auto& [line, text, number] :
+       {std::tuple<std::string, std::wstring, std::uint32_t>(" kEY  = 116 \t", L"116", 116U),
+        {"Key=\"116\"", L"116", 116U},
+        {"Key='1 2'", L"1 2", 1U},
+        {"Key=\" 5\"", L" 5", 5U},
+        {"Key=12abc", L"12abc", 12U},
+        {"Key=-3", L"-3", 0U - 3},
+        {"Key=+3", L"+3", 3U},
+        {"Key=0x1aZ", L"0x1aZ", 26U},
+        {"Key=4294967295", L"4294967295", 0xFFFFFFFF},
+        {"Key=1\r\nKey=2", L"1", 1U},
+        {"Key=a;b", L"a;b", 0U},
+        {"Key=\"a", L"\"a", 0U},
+        {"Key = a = b", L"a = b", 0U},
+        {"Key=", L"", kNone},
+        {";Key=1\r\nOther=1\r\n[Else]\r\nKey=1", L"none", kNone}}) {
+    world::WriteFile(Ini(), "[First]\r\nKey=9\r\n[Section]\r\n" + line + "\r\n");
+    EXPECT_EQ(os::ReadProfileText(Ini(), L"section", L"Key", L"none"), text) << line;
+    EXPECT_EQ(os::ReadProfileNumber(Ini(), L"section", L"Key", kNone), number) << line;
   }
   EXPECT_EQ(os::ReadProfileText(world::Folder() + L"\\none.ini", L"Section", L"Key", L"none"), L"none");
   world::WriteFile(Ini(), "[Section]\r\nKey=" + std::string(300, 'x'));

@@ -7,12 +7,11 @@
 namespace {
 
 using MessageContract = contract::Contract;
-using os::WindowHandle;
-using world::kTitle;
+using contract::Hear, contract::Heard, contract::HeardEvents, os::WindowHandle, world::kTitle;
 
 constexpr std::uint32_t kCommand = 0x0111;  // WM_COMMAND
 
-TEST_F(MessageContract, ABusyReceiverIsWaitedForOnlySoLong) {
+TEST_F(MessageContract, ABusyReceiverIsWaitedForOnlySoLongAndAGoneWindowTakesNothing) {
   const auto window = world::OpenWindow();
   world::Run([window] {
     std::atomic<bool> woken = false;
@@ -27,16 +26,12 @@ TEST_F(MessageContract, ABusyReceiverIsWaitedForOnlySoLong) {
     EXPECT_TRUE(woken) << "waited for, however long it takes";
     EXPECT_TRUE(os::SendCopyDataTimeout(window, 3, os::Bytes{3}, 10'000)) << "it is well again";
   });
-}
-
-TEST_F(MessageContract, AGoneWindowTakesNothing) {
-  const auto gone = world::OpenWindow();
   world::CloseWindow();
-  EXPECT_FALSE(os::PostToWindow(gone, kCommand, 0, 0));
+  EXPECT_FALSE(os::PostToWindow(window, kCommand, 0, 0));
   EXPECT_TRUE(os::PostToWindow(WindowHandle::None, kCommand, 0, 0)) << "goes to the calling thread itself, and nowhere";
-  for (const auto window : {gone, WindowHandle::None}) {
-    os::SendCopyData(window, 1, os::Bytes{1});  // returns
-    EXPECT_FALSE(os::SendCopyDataTimeout(window, 1, os::Bytes{1}, 10'000));
+  for (const auto gone : {window, WindowHandle::None}) {
+    os::SendCopyData(gone, 1, os::Bytes{1});  // returns
+    EXPECT_FALSE(os::SendCopyDataTimeout(gone, 1, os::Bytes{1}, 10'000));
   }
 }
 

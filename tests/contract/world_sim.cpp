@@ -38,8 +38,7 @@ void Run(const std::function<void()>& body) {
     body();
     returned = true;
   });
-  constexpr std::uint64_t kMinute = 60'000;
-  gLaptop->Advance(kMinute);
+  gLaptop->Advance(60'000);
   EXPECT_TRUE(returned);
 }
 
@@ -107,10 +106,9 @@ os::WindowHandle OpenWindow() {
 }
 
 os::WindowHandle OpenChild() {
-  const auto& area = OpenedWindow().area;
   return gLaptop->desktop.Open({.className = kChildClass,
                                 .program = kProgram,
-                                .area = {area.left + 20, area.top + 60, area.left + 170, area.top + 160},
+                                .area = {120, 160, 270, 260},
                                 .style = 0x4000'0000,  // WS_CHILD
                                 .parent = gWindow});
 }
