@@ -3,7 +3,7 @@
 namespace sim {
 namespace {
 
-constexpr std::uint32_t kInvalidHandleResult = 0x8007'0006;        // E_HANDLE
+constexpr std::uint32_t kInvalidHandleResult = 0x8007'0006;  // E_HANDLE
 constexpr std::uint32_t kComNotInitialised = 0x8004'01F0;    // CO_E_NOTINITIALIZED
 constexpr std::uint32_t kApplicationNotKnown = 0x8027'0254;  // E_APPLICATION_NOT_REGISTERED
 
