@@ -41,9 +41,10 @@ TEST_F(Mover, HoversThrowsDownAndPins) {
   const MoverText normal{L"WSNORMAL", {700, 146}}, down{L"WSHOVER", {675, 134}}, pin{L"WSHOVER", {675, 134}, true};
   DragOut(laptop, window, kPress, kAway);
   for (const os::Point edge : {os::Point{725, 200}, {927, 200}, {775, 166}, {775, 246}}) MoveTo(edge);
+  EXPECT_EQ(Told(window), MoverTexts{normal}) << "edges are outside";
   MoveTo(kDown);
   MoveTo({kDown.x + 5, kDown.y + 5});
-  EXPECT_EQ(Told(window), (MoverTexts{normal, normal, down}));
+  EXPECT_EQ(Told(window), (MoverTexts{normal, down}));
   MoveTo(kPin);
   MoveTo(kAway);
   MoveTo({900, 500});
@@ -67,6 +68,7 @@ TEST_F(Mover, HoversThrowsDownAndPins) {
 }
 
 TEST_F(Mover, ThrowsUpFromTheCPanel) {
+  laptop.ui.Send(L"VERSION=9.9");  // there the newer UI has the same areas
   const auto window = Open({.area = kOnCPanel});
   DragOut(laptop, window, kPressOnC, kAwayOnC);
   const MoverText normal{L"WSWINUPNORMAL", {640, 1158}}, hover{L"WSWINUPHOVER", {640, 1158}};
