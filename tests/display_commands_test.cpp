@@ -31,11 +31,12 @@ TEST(RefreshRate, ReachesTheFirmwareAndItsVariable) {
 
 TEST(RefreshRate, TheVariableIsTriedWithoutThePrivilegeTooButNotWithoutTheFirmware) {
   RunningLaptop laptop;
-  laptop.sessions.missingPrivileges = {L"SeSystemEnvironmentPrivilege"};
-  for (const auto trouble : {+[](Laptop& l) { l.faults.Fail<&os::Control>(); }, +[](Laptop& l) { l.faults.ClearAll(); },
-                             +[](Laptop& l) { l.sessions.missingPrivileges.clear(); }}) {
+  for (const auto change :
+       {+[](Laptop& l) { l.faults.Fail<&os::Control>(); },
+        +[](Laptop& l) { l.faults.ClearAll(), l.sessions.missingPrivileges = {L"SeSystemEnvironmentPrivilege"}; },
+        +[](Laptop& l) { l.sessions.missingPrivileges.clear(); }}) {
     EXPECT_TRUE(laptop.firmware.Variables().empty());
-    trouble(laptop);
+    change(laptop);
     laptop.ui.Send(L"SETFREQUENCY", {.point = {0, 30}});
     EXPECT_EQ(laptop.sessions.OpenTokens() + laptop.firmware.OpenHandles(), 0u);
   }

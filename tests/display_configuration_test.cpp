@@ -27,11 +27,12 @@ TEST(PathRotation, IsThatOfThePathCarryingTheKeyAsOneOfItsParts) {
 }
 
 TEST(PathRotation, IsReadAndSetTo270DegreesOnUsablePathsOnly) {
-  for (const auto& [isUsable, change] : {std::pair(
-                                             true, +[](Screen& s) { s.pathFlags = 1 | 8, s.targetStatusFlags = 0x80; }),
-                                         {false, [](Screen& s) { s.pathFlags = 8; }},
-                                         {false, [](Screen& s) { s.targetAvailable = false; }},
-                                         {false, [](Screen& s) { s.targetStatusFlags = 0; }}}) {
+  using Change = void (*)(Screen&);
+  for (const auto& [isUsable, change] :
+       {std::pair<bool, Change>(true, [](Screen& s) { s.pathFlags = 1 | 8, s.targetStatusFlags = 0x80; }),
+        {false, [](Screen& s) { s.pathFlags = 8; }},
+        {false, [](Screen& s) { s.targetAvailable = false; }},
+        {false, [](Screen& s) { s.targetStatusFlags = 0; }}}) {
     Laptop laptop;
     auto& c = laptop.displays.cPanel();
     c.rotation = 2;

@@ -1,5 +1,4 @@
-// F6: a sequence that the component ends, the whole story of switching the panel off by key; and the machine folded
-// over.
+// F6: what a sequence switches at its end, the touch pad's status, and the machine folded over.
 
 #include "power/flip_state.h"
 #include "tests/support.h"

@@ -1,5 +1,3 @@
-#include <cstring>
-
 #include "tests/support.h"
 #include "uilink/commands/picture_files.h"
 
@@ -91,9 +89,9 @@ TEST(PictureFiles, AreToldByTheirFirstBytes) {
         BytesOf("GIF89a"), BytesOf("II*\0"), BytesOf("MM\0*"), BytesOf("RIFF1234WEBP"), BytesOf("1234ftypheic")}) {
     EXPECT_TRUE(IsPicture(start) && !IsPicture(os::BytesView(start).first(2))) << testing::PrintToString(start);
   }
-  for (const auto* const other : {"BM by its author", "RIFF1234WAVE", "1234ftypmp42", "x\xFF\xD8\xFF"}) {
-    EXPECT_FALSE(IsPicture({reinterpret_cast<const std::uint8_t*>(other), std::strlen(other)})) << other;
-  }
+  for (const auto& other :
+       {BytesOf("BM by its author"), BytesOf("RIFF1234WAVE"), BytesOf("1234ftypmp42"), BytesOf("x\xFF\xD8\xFF")})
+    EXPECT_FALSE(IsPicture(other)) << testing::PrintToString(other);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <cwctype>
-#include <optional>
 
 #include "tests/contract/world.h"
 

@@ -1,5 +1,4 @@
-// What is delivered to a thread while it is inside a door function: each mark of os/waiting.h that both worlds can
-// show.
+// What is delivered to a thread inside a door function: each mark of os/waiting.h that both worlds can show.
 #include "tests/contract/heard.h"
 #include "tests/contract/world.h"
 
