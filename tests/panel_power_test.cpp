@@ -2,7 +2,6 @@
 
 #include "power/panel_power.h"
 
-#include "os/device_io.h"
 #include "power/panel_status.h"
 #include "tests/support.h"
 

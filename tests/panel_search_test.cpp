@@ -3,8 +3,6 @@
 #include "display/panel_search.h"
 
 #include "display/panel_geometry.h"
-#include "os/displays.h"
-#include "os/threads.h"
 #include "tests/support.h"
 
 namespace {

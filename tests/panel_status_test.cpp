@@ -2,7 +2,6 @@
 
 #include "power/panel_status.h"
 
-#include "os/displays.h"
 #include "tests/support.h"
 
 namespace {

@@ -2,7 +2,6 @@
 
 #include "power/power_saving.h"
 
-#include "os/power.h"
 #include "tests/support.h"
 
 namespace {

@@ -1,6 +1,4 @@
 // What comes in the middle of a wait for another program: nothing stands still, and what came last counts.
-#include "os/displays.h"
-#include "os/messages.h"
 #include "tests/support.h"
 
 using namespace support;

@@ -1,6 +1,5 @@
 // What comes and goes around the controller: packages, hibernation, the secure desktop, the touch screen.
 
-#include "os/watches.h"
 #include "tests/support.h"
 #include "touch/touch_screen_check.h"
 

@@ -1,7 +1,5 @@
 #include "power/settings_file.h"
 
-#include "os/files.h"
-#include "os/settings_store.h"
 #include "power/settings.h"
 #include "tests/support.h"
 

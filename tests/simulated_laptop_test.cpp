@@ -1,5 +1,3 @@
-#include "os/clock.h"
-#include "os/threads.h"
 #include "tests/support.h"
 
 // What the laptop's parts do the contract tests show, and how its time passes and ends every story.

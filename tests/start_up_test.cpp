@@ -1,8 +1,3 @@
-#include "os/device_io.h"
-#include "os/hooks.h"
-#include "os/messages.h"
-#include "os/process_stops.h"
-#include "os/watches.h"
 #include "tests/support.h"
 
 namespace {

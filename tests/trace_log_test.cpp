@@ -1,7 +1,6 @@
 #include "core/trace_log.h"
 
 #include "core/trace_events.h"
-#include "os/threads.h"
 #include "tests/support.h"
 
 namespace {

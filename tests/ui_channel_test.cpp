@@ -1,6 +1,5 @@
 #include "uilink/channel/ui_channel.h"
 
-#include "os/threads.h"
 #include "tests/support.h"
 
 namespace {

@@ -1,6 +1,3 @@
-#include "os/files.h"
-#include "os/messages.h"
-#include "os/processes.h"
 #include "power/settings.h"
 #include "tests/support.h"
 #include "uilink/channel/ui_session.h"

@@ -2,7 +2,6 @@
 
 #include "lifecycle/helper_tools.h"
 #include "lifecycle/ui_activation.h"
-#include "os/processes.h"
 #include "tests/support.h"
 
 namespace {

@@ -1,7 +1,5 @@
 // The UI ends, and the watchdog brings it back.
 
-#include "os/process_stops.h"
-#include "os/threads.h"
 #include "tests/support.h"
 
 namespace {

@@ -1,7 +1,6 @@
 // The life of a laptop, told from beginning to end: what the person before it sees, and what the machine's other
 // software does. Each story runs through all of the controller.
 
-#include "os/hid.h"
 #include "tests/support.h"
 
 namespace {

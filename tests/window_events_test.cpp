@@ -1,6 +1,5 @@
 // The service window's own events: timers, sessions, the menu and the end.
 
-#include "os/service_window.h"
 #include "tests/support.h"
 
 namespace {
