@@ -48,7 +48,7 @@ bool Laptop::Install(InstalledProgram program) {
 }
 
 Laptop::Laptop(const LaptopOptions& options) : parts_(options.seed, options.interleaving) {
-  parts_.turnsUndocumented = options.turnsUndocumented;
+  parts_.turnsUndocumented = options.turnsUndocumented || std::getenv("LAPTOP_TURNED") != nullptr;
   if (gMachine != nullptr) Fatal("there is a laptop already");
   gMachine = &parts_;
   WriteSettings(options);

@@ -13,9 +13,10 @@ namespace sim {
 /// The laptop as it is when the controller starts. Any of the four settings given makes a settings file that holds
 /// them, the others at their defaults; without one there is no settings file yet.
 struct LaptopOptions {
-  std::uint32_t seed = 1;          // one seed is one run
-  bool interleaving = false;       // threads lose the turn also between door calls, not only where they wait
-  bool turnsUndocumented = false;  // where nobody says whether a wait serves, it is the other way round
+  std::uint32_t seed = 1;     // one seed is one run
+  bool interleaving = false;  // threads lose the turn also between door calls, not only where they wait
+  // Where nobody says whether a wait serves, it is the other way round. The environment says so too (LAPTOP_TURNED).
+  bool turnsUndocumented = false;
   std::optional<std::uint32_t> backlight = {}, backlightDC = {};
   std::optional<bool> powerSaving = {};
   std::optional<std::wstring> saved = {};  // the saved panel power, "On" or "Off"
