@@ -29,7 +29,15 @@ Desktop::Desktop(Scheduler& scheduler, const FileSystem& files, const Displays& 
                  WindowEvents& events)
     : scheduler_(scheduler), files_(files), displays_(displays), processes_(processes), events_(events) {
   processes_.WhenOneEnds([this](std::uint32_t processId) {
-    CloseWhere([processId](const Window& each) { return each.processId == processId; });
+    const auto isIts = [processId](const Window& each) { return each.processId == processId; };
+    std::uint32_t lingerMs = 0;
+    for (auto& each : windows_) {
+      if (!isIts(each) || each.lingersMs == 0) continue;
+      each.responsive = false;
+      lingerMs = std::max(lingerMs, each.lingersMs);
+    }
+    if (lingerMs == 0) return CloseWhere(isIts);
+    scheduler_.After(lingerMs, [this, isIts] { CloseWhere(isIts); });
   });
   Open({.className = L"HCONTROL",
         .title = L"HControl",

@@ -17,6 +17,13 @@ os::Bytes TextRecord(const std::wstring& text, const UiFields& fields) {
 
 }  // namespace
 
+template <class Change>
+void Ui::ForEachWindow(Change change) {
+  for (const auto* className : kClasses) {
+    if (auto* window = desktop_.Find(desktop_.Find(className))) change(*window);
+  }
+}
+
 void Ui::Open(const wchar_t* className) {
   const auto take = [this, className](std::uint64_t kind, os::BytesView bytes) { return Take(className, kind, bytes); };
   desktop_.Open({.className = className,
@@ -41,6 +48,11 @@ void Ui::Die() {
   scheduler_.SettleStory();
 }
 
+void Ui::EndBeforeItsWindows(std::uint32_t lingerMs) {
+  ForEachWindow([lingerMs](Window& window) { window.lingersMs = lingerMs; });
+  processes_.End(processes_.IdOf(kProgram));
+}
+
 os::WindowHandle Ui::MainWindow() const {
   return desktop_.Find(kMainClass);
 }
@@ -51,13 +63,6 @@ bool Ui::AnyWindow() const {
 }
 
 // ---- Its thread ----
-
-template <class Change>
-void Ui::ForEachWindow(Change change) {
-  for (const auto* className : kClasses) {
-    if (auto* window = desktop_.Find(desktop_.Find(className))) change(*window);
-  }
-}
 
 void Ui::Hang() {
   hung_ = true;

@@ -50,6 +50,8 @@ class Ui {
   void CloseGuide() { Close(kGuideClass); }
   /// The process dies with all its windows.
   void Die();
+  /// The process ends, and its windows are still there for a while. Does not settle.
+  void EndBeforeItsWindows(std::uint32_t lingerMs);
   [[nodiscard]] os::WindowHandle MainWindow() const;
   [[nodiscard]] bool Running() const { return MainWindow() != os::WindowHandle::None; }
   /// Whether any of the three windows is open.

@@ -44,6 +44,7 @@ struct Window {
   bool refusesMoves = false;                         // its program lets nobody move or maximise it
   bool closesWhenAsked = true;
   std::uint32_t closesAfterMs = 0;                           // how long it takes to close
+  std::uint32_t lingersMs = 0;                               // how long it is still there after its process ended
   std::function<void(os::WindowHandle self)> onChange = {};  // when it was shown or moved; may close it, must not wait
 
   // Kept by the desktop.

@@ -39,6 +39,16 @@ TEST(Watchdog, BringsTheUiBackFiveMinutesAfterItEnded) {
   EXPECT_EQ(laptop.trace.Usage(), Texts{L"UI_EXIST_WITH_CHECKING_TIMES_1"});
 }
 
+TEST(Watchdog, BringsTheUiBackWhoseWindowsOutliveItAndNobodyWaitsForThem) {
+  WatchedUi laptop;
+  laptop.ui.EndBeforeItsWindows(5000);
+  laptop.displays.Changed();  // the UI would be told
+  EXPECT_FALSE(laptop.ui.Running());
+  EXPECT_TRUE(laptop.trace.Contains(L"[Update_UI_Status] ------- End ------- \n"));
+  laptop.Advance(6 * kMinuteMs);
+  EXPECT_TRUE(laptop.ui.Running());
+}
+
 TEST(Watchdog, WaitsOnlyThreeSecondsInAShopWhichItKnowsByAProgramOfExactlyThisName) {
   const Texts others = {L"rovan_watchdog.exe", L"RoVaN_Watchdog.exe.bak", L"My RoVaN_Watchdog.exe"};
   for (const auto& [programs, isListed, relaunches] : {std::tuple(Texts{L"RoVaN_Watchdog.exe"}, true, 1U),

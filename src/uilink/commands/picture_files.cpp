@@ -9,7 +9,7 @@
 namespace tessaview {
 namespace {
 
-using std::literals::string_view_literals::operator""sv;
+using namespace std::string_view_literals;
 
 /// What pictures begin with; '?' stands for any byte.
 constexpr std::string_view kStarts[] = {
