@@ -19,10 +19,10 @@ Status WatchMouse(const std::function<void(MouseEvent event, Point pointer)>& on
   return Done{};
 }
 
-void HookAgain(InputHook hook) {
-  if (sim::Enter<&HookAgain>().failed()) return;
+bool HookAgain(InputHook hook) {
+  if (sim::Enter<&HookAgain>().failed()) return false;
   auto& [keyboard, mouse] = Machine().hooks;
-  (hook == InputHook::Mouse ? mouse : keyboard).HookAgain();
+  return (hook == InputHook::Mouse ? mouse : keyboard).HookAgain();
 }
 
 Status WatchWindowEvents(

@@ -66,8 +66,9 @@ void Hook::Door::Watch() {
   EndProcess();
 }
 
-void Hook::Door::HookAgain() {
+bool Hook::Door::HookAgain() {
   if (isWatched_) calls_.emplace_back([this] { Renew(); });
+  return isWatched_;
 }
 
 void Hook::Door::EndProcess() {

@@ -62,8 +62,8 @@ class Hook::Door : public Hook {
 
   /// Hooks, and makes the calls on the calling thread until its loop is quit.
   void Watch();
-  /// The watching thread hooks again, once it comes to that.
-  void HookAgain();
+  /// The watching thread hooks again, once it comes to that. False when nobody watches.
+  bool HookAgain();
 
   /// An event of the user's: `call` is what the hook is called with, none when it is not, and `effect` what the event
   /// does when it goes on.

@@ -18,8 +18,7 @@ class ThreadLoops {
   explicit ThreadLoops(Scheduler& scheduler) : scheduler_(scheduler) {}
 
   /// Hands the calling thread what comes into its queue, one after the other, until its loop is quit; also while a
-  /// call that it makes serves. `longestMs` grows
-  /// to the longest that one of them took.
+  /// call that it makes serves. `longestMs` grows to the longest that one of them took.
   template <class Item, class Take>
   void Serve(std::deque<Item>& queue, std::uint64_t& longestMs, Take take) {
     const Deliveries deliveries{.waiting = [&queue] { return !queue.empty(); },

@@ -43,6 +43,17 @@ TEST_F(NoActivate, BeginsAndEndsWithAFullScreenProgramInFront) {
   EXPECT_TRUE(laptop.desktop.Journal(special).empty()) << "by its own wish";
 }
 
+TEST_F(NoActivate, FollowsWhatHappensWhileItWaitsForAProgram) {
+  const auto busy = OpenOnC({});
+  for (const bool ends : {true, false}) {
+    laptop.desktop.Find(busy)->busyUntilMs = laptop.NowMs() + 1000;
+    laptop.desktop.SetForeground(ends ? game : editor);
+    laptop.Advance(500);
+    Use(ends ? editor : game);
+    for (const auto window : {busy, onC}) EXPECT_EQ(Activates(window), ends);
+  }
+}
+
 TEST_F(NoActivate, FollowsAWindowThatIsSized) {
   Use(game);
   laptop.desktop.Drag(game, kAnywhere);

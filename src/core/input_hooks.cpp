@@ -43,15 +43,15 @@ void NoteHookCalled(InputHook hook) {
 }
 
 bool IsHookSilent(InputHook hook) {
-  return os::NowMs() - CalledMs(hook).get() >= kSilenceMs;
+  const auto calledMs = CalledMs(hook).get();  // first: the hook may be called right now
+  return os::NowMs() - calledMs >= kSilenceMs;
 }
 
 void ReviveHooks(std::optional<InputHook> missed) {
   for (const auto& [hook, name] : kHooks) {
     if (hook != missed && !IsHookSilent(hook)) continue;
     NoteHookCalled(hook);
-    os::HookAgain(hook);
-    Log(L"[Hooks] The %ls was not heard of, it is hooked again \n", name);
+    if (os::HookAgain(hook)) Log(L"[Hooks] The %ls was not heard of, it is hooked again \n", name);
   }
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 namespace tessaview {
-
 namespace {
 
 /// The first active session, 0 when there is none or the system cannot tell.

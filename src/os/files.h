@@ -21,6 +21,8 @@ Status CreateFolder(const std::wstring& path);
 /// The first `size` bytes of a file, or all of a shorter one (CreateFileW with GENERIC_READ, ReadFile). Any thread; a
 /// file read.
 [[nodiscard]] Result<Bytes> ReadFileStart(const std::wstring& path, std::size_t size);
+template <>
+inline constexpr WaitingMark kWaiting<&ReadFileStart>{Waiting::Deaf};
 
 /// Copies a file, overwriting the target (CopyFileW). Any thread; blocks for the length of the copy.
 Status OverwriteByCopy(const std::wstring& from, const std::wstring& to);

@@ -34,9 +34,9 @@ inline constexpr WaitingMark kWaiting<&WatchMouse>{Waiting::Loop};
 enum class InputHook { Keyboard, Mouse };
 
 /// Has the thread that watches keyboard or mouse hook again (PostThreadMessageW): the new hook is in place before the
-/// old one is released, and when there can be no new one, the old one stays. Any thread; returns at once. Does nothing
-/// while nobody watches.
-void HookAgain(InputHook hook);
+/// old one is released, and when there can be no new one, the old one stays. Any thread; returns at once, false while
+/// nobody watches.
+bool HookAgain(InputHook hook);
 
 /// What happened to a window (the EVENT_ values).
 enum class WindowEvent : std::uint32_t {

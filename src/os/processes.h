@@ -20,6 +20,8 @@ inline constexpr std::uint32_t kSessionActive = 0;  // WTSActive
 
 /// The sessions of this machine in the system's order (WTSEnumerateSessionsW, version 1). Any thread.
 [[nodiscard]] Result<std::vector<Session>> Sessions();
+template <>
+inline constexpr WaitingMark kWaiting<&Sessions>{Waiting::Deaf, false};
 
 /// The session that this process belongs to (ProcessIdToSessionId, GetCurrentProcessId). Any thread; microseconds.
 [[nodiscard]] Result<std::uint32_t> OwnSession();
@@ -35,6 +37,8 @@ using Token = Owned<TokenHandle, CloseToken>;
 
 /// The token of the user signed in to a session (WTSQueryUserToken). Needs system rights. Any thread.
 [[nodiscard]] Result<Token> SessionUserToken(std::uint32_t sessionId);
+template <>
+inline constexpr WaitingMark kWaiting<&SessionUserToken>{Waiting::Deaf, false};
 
 /// This process's own token, opened to adjust its privileges (OpenProcessToken, TOKEN_ADJUST_PRIVILEGES | TOKEN_QUERY).
 [[nodiscard]] Result<Token> OwnToken();

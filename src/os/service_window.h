@@ -100,6 +100,6 @@ void DestroyServiceWindow(WindowHandle window);
 /// Shows a dialog resource and waits until the user closes it (DialogBoxParamW).
 void ShowDialog(WindowHandle owner, std::uint16_t id);
 template <>
-inline constexpr WaitingMark kWaiting<&ShowDialog>{Waiting::Serving};
+inline constexpr WaitingMark kWaiting<&ShowDialog>{Waiting::Loop};
 
 }  // namespace os

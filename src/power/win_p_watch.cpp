@@ -8,7 +8,6 @@
 #include "core/trace_log.h"
 #include "os/hooks.h"
 #include "os/input.h"
-#include "os/threads.h"
 #include "os/trace.h"
 #include "power/firmware.h"
 #include "power/mode_reset.h"

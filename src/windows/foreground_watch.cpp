@@ -24,6 +24,9 @@ struct Seen {
 
 Shared<Seen> gLastSeen;
 
+/// Windows are being changed just now. That waits for their programs, and the next event comes meanwhile.
+Shared<bool> gIsChanging;
+
 /// Pointer and carets move all the time, and change nothing.
 bool MayChangeTheAnswer(std::int32_t object) {
   return object != os::kObjectCursor && object != os::kObjectCaret;
@@ -37,17 +40,25 @@ bool IsIgnored(os::WindowHandle window, os::WindowHandle root) {
   return title.empty() || title == L"TessaviewTitle";
 }
 
-void Follow(const Seen& now) {
-  const bool isAsBefore = now == gLastSeen.exchange(now);
-  // A window that hung when the mode was left still has the style, so leaving is tried again.
-  if (isAsBefore && (now.isFullScreen || !IsInNoActivateMode())) return;
-  if (now.isFullScreen) {
+void FollowOnce(const Seen& seen) {
+  if (seen.isFullScreen) {
     Log(L"[Full Screen] Is fullscreen window, NoActivate Mode. \n");
     EnterNoActivateMode();
   } else if (IsInNoActivateMode()) {
     Log(L"[Full Screen] Is not fullscreen window, Activate Mode. \n");
     LeaveNoActivateMode();
   }
+}
+
+/// What is seen meanwhile is followed afterwards.
+void Follow(const Seen& now) {
+  const bool isAsBefore = now == gLastSeen.exchange(now);
+  // A window that hung when the mode was left still has the style, so leaving is tried again.
+  if (isAsBefore && (now.isFullScreen || !IsInNoActivateMode())) return;
+  if (gIsChanging.exchange(true)) return;
+  auto followed = now;
+  for (FollowOnce(now); followed != gLastSeen.get(); FollowOnce(followed)) followed = gLastSeen.get();
+  gIsChanging.set(false);
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ namespace {
 /// The windows that were given the style.
 Shared<std::vector<os::WindowHandle>> NoActivateWindows;
 
-/// The controller ends. "foreground" may just be giving windows the style, and takes it back itself then.
+/// The controller ends, and no window is to be given the style any more.
 Shared<bool> gIsOver;
 
 bool KeepsActivation(os::WindowHandle window) {
@@ -30,8 +30,8 @@ void Remember(os::WindowHandle window) {
 
 void AddNoActivate(os::WindowHandle window) {
   if (Hangs(window)) return;
-  os::SetWindowExtendedStyle(window, os::WindowExtendedStyle(window) | os::kWsExNoActivate);
-  Remember(window);
+  Remember(window);  // before it has the style, so that whoever ends the mode takes it back
+  if (!gIsOver.get()) os::SetWindowExtendedStyle(window, os::WindowExtendedStyle(window) | os::kWsExNoActivate);
 }
 
 void RemoveNoActivate(os::WindowHandle window) {
@@ -51,7 +51,6 @@ void EnterNoActivateMode() {
   for (const auto window : os::TopWindows()) {
     if ((os::WindowStyle(window) & os::kWsVisible) != 0 && !KeepsActivation(window)) AddNoActivate(window);
   }
-  if (gIsOver.get()) LeaveNoActivateMode();
 }
 
 void LeaveNoActivateMode() {

@@ -78,8 +78,8 @@ bool ShowsAnother(const Closing& closing) {
 /// A program that answers has its reasons: it asks its user whether to save, or goes on without a window.
 void EndIfItHangs(const Closing& closing) {
   if (os::WaitForProcess(closing.process, kGraceMs).outcome != os::WaitOutcome::TimedOut) return;
-  if (!Hangs(ContentOf(closing.window, closing.className))) return;
   if (!IsStillThere(closing) || IsShownAgain(closing) || ShowsAnother(closing)) return;
+  if (!Hangs(ContentOf(closing.window, closing.className)) || !IsStillThere(closing)) return;
   const auto ended = os::TerminateProcess(closing.process, kExitCode);
   Log(L"[VIEWCLOSE] The window did not close, end its process, error = %d \n", ended.error());
 }

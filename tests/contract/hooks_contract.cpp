@@ -58,7 +58,7 @@ TEST_F(HooksContract, AWatcherSeesEachPressAndReleaseAndWhatElseIsDown) {
 
 TEST_F(HooksContract, AWatcherSeesWhereThePointerGoesAndTheLeftButton) {
   constexpr os::Point kFrom{600, 400}, kTo{900, 1200};
-  os::HookAgain(os::InputHook::Mouse);
+  EXPECT_FALSE(os::HookAgain(os::InputHook::Mouse)) << "nobody watches";
   world::MovePointer(kFrom);
   Watch([] {
     return os::WatchMouse([](os::MouseEvent event, os::Point pointer) {

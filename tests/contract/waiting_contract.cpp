@@ -1,4 +1,6 @@
 // What is delivered to a thread inside a door function: each mark of os/waiting.h that both worlds can show.
+#include <algorithm>
+
 #include "tests/contract/heard.h"
 #include "tests/contract/world.h"
 

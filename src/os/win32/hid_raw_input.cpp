@@ -1,4 +1,5 @@
 // Raw input devices and the registration for their input.
+#include <algorithm>
 #include <new>
 
 #include "os/hid.h"

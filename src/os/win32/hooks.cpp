@@ -91,23 +91,27 @@ Status WatchMouse(const std::function<void(MouseEvent event, Point pointer)>& on
   return WatchInput(InputHook::Mouse, WH_MOUSE_LL, TakeMouse);
 }
 
-void HookAgain(InputHook hook) {
+bool HookAgain(InputHook hook) {
   const DWORD thread = gWatchingThreads.at(static_cast<std::size_t>(hook));
-  if (thread != 0) PostThreadMessageW(thread, kHookAgain, 0, 0);
+  return thread != 0 && PostThreadMessageW(thread, kHookAgain, 0, 0) != FALSE;
 }
 
 Status WatchWindowEvents(const std::vector<WindowEventRange>& ranges, const OnWindowEvent& onEvent) {
   gOnWindowEvent = &onEvent;
   std::vector<HWINEVENTHOOK> hooks;
+  Status outcome = Done{};
   for (const auto& [first, last] : ranges) {
     const HWINEVENTHOOK hook = SetWinEventHook(static_cast<DWORD>(first), static_cast<DWORD>(last), nullptr,
                                                TakeWindowEvent, 0, 0, WINEVENT_OUTOFCONTEXT | WINEVENT_SKIPOWNPROCESS);
-    if (hook != nullptr) hooks.push_back(hook);
+    if (hook == nullptr) {
+      outcome = win32::LastError();
+      break;
+    }
+    hooks.push_back(hook);
   }
-  if (hooks.empty()) return win32::LastError();
-  ServeMessages([] {});
+  if (outcome) ServeMessages([] {});
   for (const HWINEVENTHOOK hook : hooks) UnhookWinEvent(hook);
-  return Done{};
+  return outcome;
 }
 
 }  // namespace os

@@ -61,7 +61,7 @@ void MendOrientationAfterFlip() {
 }
 
 void PayOwedMove() {
-  if (!isExtendMode() || !ClaimWin_P_WindowMoveFlag()) return;
+  if (!isExtendMode() || !IsAtConsole() || !ClaimWin_P_WindowMoveFlag()) return;
   Log(L"[MoveCPanelMonitorOnePixel] isExtendMode + Win_P_WindowMoveFlag = true");
   MoveCPanelMonitorOnePixel();
 }

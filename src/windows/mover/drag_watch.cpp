@@ -70,7 +70,10 @@ bool IsButtonDown() {
 
 void TrackDraggedWindow() {
   // The release was not heard, and a window that goes while it is dragged leaves nothing else to tell of the end.
-  if (gIsPressed.get() && !IsButtonDown()) return gIsPressed.set(false), DisarmMover();
+  if (gIsPressed.get() && !IsButtonDown()) {
+    gIsPressed.set(false);
+    return DisarmMover();
+  }
   const auto cursor = os::CursorPosition();
   Take([&](WindowMover& mover) {
     if (!mover.IsArmed()) return MoverOutcome{};  // the drag ended just now
