@@ -57,18 +57,25 @@ TEST(PowerArguments, TheLidsActionIsReadFromTheSchemeForEachSource) {
   EXPECT_EQ(os::ActivePowerScheme().error(), 120U);
 }
 
+constexpr std::uintptr_t kFirstHook = 0x77;
 std::vector<DWORD> gAsked;
 
 TEST(HookArguments, EachRangeOfEventsIsHookedWithoutTheOwnProcessAndWhoCannotWatchReturns) {
   gAsked.clear();
   CONTRACT_PATCH(SetWinEventHook, [](auto first, auto last, auto, auto, auto, auto, auto flags) -> HWINEVENTHOOK {
-    return gAsked.insert(gAsked.end(), {first, last, flags}), SetLastError(ERROR_GEN_FAILURE), nullptr;
+    gAsked.insert(gAsked.end(), {first, last, flags});
+    SetLastError(ERROR_GEN_FAILURE);
+    return reinterpret_cast<HWINEVENTHOOK>(gAsked.size() == 3 ? kFirstHook : 0);  // there is no second one
+  });
+  CONTRACT_PATCH(UnhookWinEvent, [](auto hook) -> BOOL {
+    return gAsked.push_back(static_cast<DWORD>(reinterpret_cast<std::uintptr_t>(hook))), TRUE;
   });
   const auto watched = os::WatchWindowEvents({{os::WindowEvent::Foreground, os::WindowEvent::Foreground},
                                               {os::WindowEvent::MoveSizeStart, os::WindowEvent::LocationChange}},
                                              [](auto, auto, auto) {});
   EXPECT_EQ(watched.error(), 31U);
-  EXPECT_EQ(gAsked, (std::vector<DWORD>{3, 3, WINEVENT_SKIPOWNPROCESS, 0x0A, 0x800B, WINEVENT_SKIPOWNPROCESS}));
+  EXPECT_EQ(gAsked,
+            (std::vector<DWORD>{3, 3, WINEVENT_SKIPOWNPROCESS, 0x0A, 0x800B, WINEVENT_SKIPOWNPROCESS, kFirstHook}));
 }
 
 std::vector<std::intptr_t> gHooks;  // as they were set, or with a minus released
