@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "os/waiting.h"
 
@@ -13,32 +14,51 @@ namespace sim {
 /// Stands for one door function: its address is the function's identity.
 struct DoorKey {
   os::WaitingMark waiting;
-  std::string_view signature;  // the compiler's words, with the function's name in them
+  std::string_view name;  // "os::Control"
 };
-template <auto Function>
-consteval std::string_view SignatureOf() {
-  return __PRETTY_FUNCTION__;
-}
-template <auto Function>
-inline constexpr DoorKey kDoorKey{os::kWaiting<Function>, SignatureOf<Function>()};
 
-/// What the test arranged for one call of a door function.
+/// The name as it stands in the compiler's words.
+template <auto Function>
+consteval std::string_view NameOf() {
+  const std::string_view words = __PRETTY_FUNCTION__;
+  const auto name = words.substr(words.find("os::", words.find("Function = ")));
+  return name.substr(0, name.find_first_of("];)("));
+}
+
+template <auto Function>
+inline constexpr DoorKey kDoorKey{os::kWaiting<Function>, NameOf<Function>()};
+
+/// Every door function there is.
+[[nodiscard]] const std::vector<const DoorKey*>& AllDoors();
+const DoorKey& AddDoor(const DoorKey& function);
+
+template <auto Function>
+inline const DoorKey& kDoor = AddDoor(kDoorKey<Function>);
+
+/// What was arranged for one call of a door function.
+struct Spoilt {
+  std::optional<std::uint32_t> error = {};        // it fails, with this system error code
+  std::uint32_t delayMs = 0;                      // it takes so long before it does its work
+  std::optional<std::size_t> longestAnswer = {};  // its answer has no more bytes or elements
+};
+
+/// What a door function has to heed of that.
 class DoorCall {
  public:
   DoorCall() = default;
-  DoorCall(std::optional<std::uint32_t> error, std::optional<std::size_t> longestAnswer)
-      : error_(error), longestAnswer_(longestAnswer) {}
+  explicit DoorCall(const Spoilt& spoilt) : spoilt_(spoilt) {}
 
   /// The call shall fail, with the system error code `error`.
-  [[nodiscard]] bool failed() const { return error_.has_value(); }
-  [[nodiscard]] std::uint32_t error() const { return error_.value_or(0); }
+  [[nodiscard]] bool failed() const { return spoilt_.error.has_value(); }
+  [[nodiscard]] std::uint32_t error() const { return spoilt_.error.value_or(0); }
 
   /// The length of an answer that has `full` bytes or elements: full, unless the test asked for a shorter one.
-  [[nodiscard]] std::size_t Shortened(std::size_t full) const { return std::min(full, longestAnswer_.value_or(full)); }
+  [[nodiscard]] std::size_t Shortened(std::size_t full) const {
+    return std::min(full, spoilt_.longestAnswer.value_or(full));
+  }
 
  private:
-  std::optional<std::uint32_t> error_;
-  std::optional<std::size_t> longestAnswer_;
+  Spoilt spoilt_;
 };
 
 /// The first step of every door function that may block or fail: unwinds the thread when the laptop is being switched
@@ -49,7 +69,7 @@ DoorCall EnterDoor(const DoorKey& function);
 
 template <auto Function>
 DoorCall Enter() {
-  return EnterDoor(kDoorKey<Function>);
+  return EnterDoor(kDoor<Function>);
 }
 
 }  // namespace sim

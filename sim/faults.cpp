@@ -1,27 +1,56 @@
 #include "sim/faults.h"
 
 namespace sim {
+namespace {
+
+std::vector<const DoorKey*>& Doors() {
+  static std::vector<const DoorKey*> doors;
+  return doors;
+}
+
+/// Whether it is this call's turn to fail.
+bool IsDue(std::optional<Failure>& failure) {
+  if (!failure) return false;
+  if (failure->after == 0) return true;
+  --failure->after;
+  return false;
+}
+
+}  // namespace
+
+const std::vector<const DoorKey*>& AllDoors() {
+  return Doors();
+}
+
+const DoorKey& AddDoor(const DoorKey& function) {
+  Doors().push_back(&function);
+  return function;
+}
 
 void Faults::ClearAll() {
-  for (auto& [function, behaviour] : behaviours_) behaviour = Behaviour{.calls = behaviour.calls};
-}
-
-std::uint32_t Faults::Door::Begin(const DoorKey& function) {
-  auto& behaviour = at(function);
-  ++behaviour.calls;
-  return behaviour.delayMs;
-}
-
-DoorCall Faults::Door::Outcome(const DoorKey& function) {
-  auto& [calls, failure, delayMs, longestAnswer] = at(function);
-  if (!failure) return {std::nullopt, longestAnswer};
-  if (failure->after > 0) {
-    --failure->after;
-    return {std::nullopt, longestAnswer};
+  plan = nullptr;
+  for (auto& [function, behaviour] : behaviours_) {
+    behaviour = Behaviour{.calls = behaviour.calls, .failures = behaviour.failures};
   }
-  const auto error = failure->error;
-  if (failure->times && --*failure->times == 0) failure.reset();
-  return {error, longestAnswer};
+}
+
+Faults::Tally Faults::TallyOf(const DoorKey& function) const {
+  const auto found = behaviours_.find(&function);
+  return found == behaviours_.end() ? Tally{} : Tally{found->second.calls, found->second.failures};
+}
+
+Spoilt Faults::Door::Begin(const DoorKey& function) {
+  auto& [calls, failures, failure, delayMs, longestAnswer] = at(function);
+  ++allCalls_, ++calls;
+  auto spoilt = plan ? plan(function, calls) : Spoilt{};
+  if (!spoilt.error && IsDue(failure)) {
+    spoilt.error = failure->error;
+    if (failure->times && --*failure->times == 0) failure.reset();
+  }
+  if (spoilt.delayMs == 0) spoilt.delayMs = delayMs;
+  if (!spoilt.longestAnswer) spoilt.longestAnswer = longestAnswer;
+  if (spoilt.error) ++failures;
+  return spoilt;
 }
 
 }  // namespace sim

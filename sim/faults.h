@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 
@@ -38,6 +39,10 @@ class Faults {
     at(kDoorKey<Function>).longestAnswer = size;
   }
 
+  /// Asked at each call, with how many there were of the function, this one among them. Where it arranges nothing, what
+  /// was asked of the function holds.
+  std::function<Spoilt(const DoorKey& function, std::size_t call)> plan = {};
+
   /// All functions work again; their counts stay.
   void ClearAll();
 
@@ -47,27 +52,32 @@ class Faults {
     return at(kDoorKey<Function>).calls;
   }
 
+  /// How often a function was called, and failed because it was told to.
+  struct Tally {
+    std::size_t calls = 0, failures = 0;
+  };
+  [[nodiscard]] Tally TallyOf(const DoorKey& function) const;
+  [[nodiscard]] std::size_t AllCalls() const { return allCalls_; }
+
   class Door;
 
  private:
   struct Behaviour {
-    std::size_t calls = 0;
+    std::size_t calls = 0, failures = 0;
     std::optional<Failure> failure = {};
     std::uint32_t delayMs = 0;
     std::optional<std::size_t> longestAnswer = {};
   };
   Behaviour& at(const DoorKey& function) { return behaviours_[&function]; }
 
+  std::size_t allCalls_ = 0;
   std::map<const DoorKey*, Behaviour> behaviours_;
 };
 
 class Faults::Door : public Faults {
  public:
-  /// How long this call takes before it does its work, in milliseconds; counts it.
-  std::uint32_t Begin(const DoorKey& function);
-
-  /// Whether and how this call fails.
-  DoorCall Outcome(const DoorKey& function);
+  /// Counts a call, and says what is arranged for it.
+  Spoilt Begin(const DoorKey& function);
 };
 
 }  // namespace sim

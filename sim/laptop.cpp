@@ -32,14 +32,17 @@ DoorCall EnterDoor(const DoorKey& function) {
   scheduler.Checkpoint();
   const auto marked = function.waiting.way, way = machine.WayOf(function.waiting);
   const bool waitsForPrograms = marked == os::Waiting::Serving || marked == os::Waiting::ServingInput;
-  if (waitsForPrograms && scheduler.LocksHeld() > 0) Fatal("a lock is held", function.signature);
-  const auto delayMs = machine.faults.Begin(function);
+  if (waitsForPrograms && scheduler.LocksHeld() > 0) Fatal("a lock is held in", function.name);
+  const auto spoilt = machine.faults.Begin(function);
+  const auto delayMs = spoilt.delayMs;
   scheduler.Wait(delayMs > 0 && way == os::Waiting::Instant ? os::Waiting::Deaf : way);
   scheduler.Serve();
   if (delayMs > 0) scheduler.Sleep(delayMs);
   scheduler.Wait(way);
-  if (way == os::Waiting::ServingInput && scheduler.InSentMessage()) return {os::kComCallRefused, std::nullopt};
-  return machine.faults.Outcome(function);
+  if (way == os::Waiting::ServingInput && scheduler.InSentMessage()) {
+    return DoorCall({.error = os::kComCallRefused});
+  }
+  return DoorCall(spoilt);
 }
 
 bool Laptop::Install(InstalledProgram program) {

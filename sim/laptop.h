@@ -74,6 +74,9 @@ class Laptop {
   /// gestures of the mouse, which play one after the other.
   [[nodiscard]] Scheduler::Quiet Quietly() { return Scheduler::Quiet(parts_.scheduler); }
 
+  /// The names of the controller's threads.
+  [[nodiscard]] std::vector<std::wstring> Threads() const { return parts_.scheduler.Threads(); }
+
   [[nodiscard]] std::uint64_t NowMs() const { return parts_.scheduler.NowMs(); }
 
   Faults& faults = parts_.faults;

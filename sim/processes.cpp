@@ -112,6 +112,7 @@ os::Status Processes::Door::End(os::ProcessHandle handle, std::uint32_t exitCode
   const auto* opened = handles_.Find(handle);
   if (opened == nullptr) return os::Error{kInvalidHandle};
   if (!opened->mayEnd || !running_.contains(opened->processId)) return os::Error{kAccessDenied};
+  endedByController_.push_back(running_.at(opened->processId).path);
   End(opened->processId, exitCode);
   return os::Done{};
 }

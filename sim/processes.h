@@ -75,6 +75,8 @@ class Processes {
   [[nodiscard]] std::uint32_t IdOf(const std::wstring& path) const;
 
   [[nodiscard]] std::size_t OpenHandles() const { return handles_.size(); }
+  /// The programs whose processes the controller ended.
+  [[nodiscard]] const std::vector<std::wstring>& EndedByController() const { return endedByController_; }
 
  private:
   struct Running {
@@ -96,6 +98,7 @@ class Processes {
   std::map<std::wstring, Package> packages_;  // by program
   std::map<std::wstring, Program> programs_;
   std::vector<ProgramStart> starts_;
+  std::vector<std::wstring> endedByController_;
   HandleTable<os::ProcessHandle, Opened> handles_;
 };
 

@@ -39,6 +39,14 @@ const std::wstring& Scheduler::ThreadName() {
   return self_ == nullptr ? kNobody : self_->name;
 }
 
+std::vector<std::wstring> Scheduler::Threads() const {
+  std::vector<std::wstring> names;
+  for (const auto& participant : participants_) {
+    if (!IsTest(*participant) && !participant->finished) names.push_back(participant->name);
+  }
+  return names;
+}
+
 // ---- Waiting ----
 
 bool Scheduler::MustUnwind() const {

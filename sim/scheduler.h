@@ -79,6 +79,9 @@ class Scheduler {
   /// Whether the calling thread is handling a message that another thread sent (InSendMessage).
   [[nodiscard]] bool InSentMessage() const { return self_->inSentMessage; }
 
+  /// The names of the controller's threads that have not ended, in the order of their start.
+  [[nodiscard]] std::vector<std::wstring> Threads() const;
+
   /// How many locks the calling thread holds.
   [[nodiscard]] int& LocksHeld() const { return self_->locksHeld; }
 

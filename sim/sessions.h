@@ -96,6 +96,7 @@ class Sessions {
 
   /// The session with whose user's rights the calling thread acts; none with its own.
   [[nodiscard]] std::optional<std::uint32_t> ActingAs() const;
+  [[nodiscard]] bool AnyThreadActsAsUser() const { return !actingAs_.empty(); }
 
   [[nodiscard]] std::size_t OpenTokens() const { return tokens_.size(); }
   [[nodiscard]] std::size_t OpenEnvironments() const { return environments_.size(); }
