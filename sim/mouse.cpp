@@ -83,6 +83,7 @@ void Mouse::Follow() {
 
 void Mouse::EndDrag() {
   const auto drag = std::exchange(drag_, {});
+  if (drag && whenDropped) whenDropped(drag->window);
   if (drag && desktop_.Find(drag->window) != nullptr) {
     desktop_.Raise(WindowEvent::MoveSizeEnd, drag->window);
   }

@@ -44,6 +44,9 @@ class Mouse {
   void CancelDrag();
   void DragTitleBar(os::WindowHandle window, os::Point from, os::Point to);
 
+  /// Called when a window that was grabbed is let go.
+  std::function<void(os::WindowHandle window)> whenDropped = {};
+
  private:
   enum class Grip { TitleBar, Border };
   struct Drag {

@@ -5,17 +5,22 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
-#include "tests/explorer/shrink.h"
+#include "explorer/child_process.h"
+#include "explorer/play.h"
+#include "explorer/shrink.h"
+#include "tests/explorer/promises.h"
 
 namespace {
 
 using namespace explorer;
 
 constexpr unsigned kShares = 4;  // tests of one share each run in parallel
+constexpr unsigned kLongestSeconds = 120;
 
 unsigned FromEnvironment(const char* name, unsigned otherwise) {
   const char* const text = std::getenv(name);
@@ -24,6 +29,35 @@ unsigned FromEnvironment(const char* name, unsigned otherwise) {
 
 unsigned Steps() {
   return FromEnvironment("EXPLORER_STEPS", 60);
+}
+
+struct Outcome {
+  Broken broken;
+  SpoiltCalls spoilt;
+};
+
+Outcome PlayWatched(const Story& story) {
+  Outcome outcome;
+  Watcher watcher;
+  const auto watch = [&](const Life& laptop) { return (outcome.broken = watcher.Look(laptop)).empty(); };
+  outcome.spoilt =
+      Play(story, {.afterStep = watch, .atRest = [&](Life& laptop) { outcome.broken = LookAtRest(laptop); }});
+  return outcome;
+}
+
+std::string FirstBroken(const Story& story) {
+  const auto broken = PlayWatched(story).broken;
+  return broken.empty() ? std::string() : broken.front();
+}
+
+std::string FirstBrokenApart(const Story& story) {
+  return InChildProcess(kLongestSeconds, [&story] { return FirstBroken(story); });
+}
+
+void FailWithStory(unsigned seed, const std::string& broken) {
+  const auto story =
+      Shrink(Draw(seed, Steps()), FirstBrokenApart, [](const Story& each) { return PlayWatched(each).spoilt; });
+  ADD_FAILURE() << broken << "; replay: EXPLORER_SEED=" << seed << " EXPLORER_STEPS=" << Steps() << "\n" << Tell(story);
 }
 
 volatile std::sig_atomic_t gSeed = 0;  // of the life under way
@@ -35,26 +69,17 @@ void TellSeed(int signal) {
   std::raise(signal);
 }
 
-void FailWithStory(unsigned seed, const std::string& broken) {
-  const auto story = Shrink(Draw(seed, Steps()));
-  ADD_FAILURE() << broken << "; replay: EXPLORER_SEED=" << seed << " EXPLORER_STEPS=" << Steps() << "\n"
-                << "TEST(ExplorerStories, Seed" << seed << ") {\n"
-                << Tell(story) << "}\n";
-}
-
 using Explorer = testing::TestWithParam<unsigned>;
 
 TEST_P(Explorer, WhateverHappensWhatIsPromisedHolds) {
   std::signal(SIGABRT, TellSeed);
-  if (const auto seed = FromEnvironment("EXPLORER_SEED", 0); seed != 0) {
-    if (seed % kShares != GetParam()) GTEST_SKIP();
-    if (const auto broken = PlayApart(Draw(seed, Steps())); !broken.empty()) FailWithStory(seed, broken);
-    return;
-  }
-  const auto seeds = FromEnvironment("EXPLORER_SEEDS", 60);
-  for (auto seed = GetParam() == 0 ? kShares : GetParam(); seed <= seeds && !HasFailure(); seed += kShares) {
+  const auto single = FromEnvironment("EXPLORER_SEED", 0), last = FromEnvironment("EXPLORER_SEEDS", 60);
+  for (auto seed = GetParam() + 1; seed <= std::max(single, last) && !HasFailure(); seed += kShares) {
+    if (single != 0 && seed != single) continue;
     gSeed = static_cast<int>(seed);
-    if (const auto broken = Play(Draw(seed, Steps())).broken; !broken.empty()) FailWithStory(seed, broken.front());
+    const auto story = Draw(seed, Steps());
+    const auto broken = single != 0 ? FirstBrokenApart(story) : FirstBroken(story);
+    if (!broken.empty()) FailWithStory(seed, broken);
   }
 }
 

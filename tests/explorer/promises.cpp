@@ -49,134 +49,29 @@ std::size_t Changes(const Life& laptop) {
 
 }  // namespace
 
-void Watcher::Look(Broken& broken) {
+Broken Watcher::Look(const Life& laptop) {
+  Broken broken;
   Expectations promises(broken);
-  promises.Expect(laptop_.trace.Malformed().empty(), "a log line is malformed");
-  promises.Expect(laptop_.mouseHook.LongestHoldUpMs() == 0, "the pointer is held up");
-  promises.Expect(laptop_.keyboardHook.LongestHoldUpMs() == 0, "a key is held up");
-  const auto& requests = laptop_.firmware.Requests();
+  promises.Expect(laptop.trace.Malformed().empty(), "a log line is malformed");
+  promises.Expect(laptop.mouseHook.LongestHoldUpMs() == 0, "the pointer is held up");
+  promises.Expect(laptop.keyboardHook.LongestHoldUpMs() == 0, "a key is held up");
+  const auto& requests = laptop.firmware.Requests();
   for (; requests_ < requests.size(); ++requests_) {
     const auto& request = requests[requests_];
     const bool isWrite = request.method == sim::FirmwareRequest::Method::Write;
     promises.Expect(!isWrite || MayBeWritten(request), "a firmware register gets what it must not");
   }
   // A repair that half of the questions contradict goes on while they do.
-  const auto most = laptop_.faults.plan ? 20 * kMostChangesPerEvent : kMostChangesPerEvent;
-  promises.Expect(Changes(laptop_) - changes_ <= most, "an event changes the displays without end");
-  changes_ = Changes(laptop_);
-  for (const auto& program : laptop_.processes.EndedByController()) {
-    promises.Expect(laptop_.hung.contains(program), "a program is ended that never hung");
+  const auto most = laptop.faults.plan ? 20 * kMostChangesPerEvent : kMostChangesPerEvent;
+  promises.Expect(Changes(laptop) - changes_ <= most, "an event changes the displays without end");
+  changes_ = Changes(laptop);
+  for (const auto& program : laptop.processes.EndedByController()) {
+    promises.Expect(laptop.hung.contains(program), "a program is ended that never hung");
   }
-  for (const auto& copy : laptop_.files.Copies()) {
+  for (const auto& copy : laptop.files.Copies()) {
     promises.Expect(copy.asUser.has_value(), "a file is copied with the system's rights");
   }
-}
-
-// ---- Coming to rest ----
-
-namespace {
-
-void BringEverythingBack(Life& laptop) {
-  laptop.faults.ClearAll();
-  laptop.ui.Recover();
-  laptop.ui.HandleFor(0);
-  for (const auto window : laptop.Opened()) {
-    if (auto* const found = laptop.desktop.Find(window)) found->responsive = true;
-  }
-  laptop.events.Add(KernelObjects::kPowerEvent);
-  laptop.events.Add(KernelObjects::kSwitchingEvent);
-  laptop.services.Set(L"RetailDemo", sim::Services::kStopped);
-  laptop.trace.Listen(true);
-  laptop.firmware.driverInstalled = true;
-  laptop.firmware.replyBytes = 4;
-  laptop.firmware.panelLeavesWhenOff = true;
-  laptop.touch.rawListLateMs = 0;
-  for (auto* const collection : {&laptop.touch.touchPad(), &laptop.touch.modeSwitch(), &laptop.touch.touchScreen()}) {
-    collection->heldByAnother = false;
-    collection->takesReportMs = 0;
-    collection->enabled = true;  // a reset that was cut short leaves it switched off
-  }
-  laptop.mouse.Release();
-  laptop.displays.wallpaperPaths.reset();
-  laptop.apps.uiOpensGuide = false;
-  laptop.ui.CloseGuide();  // beside it the main window is told nothing
-  laptop.apps.shellAnswer = 42;
-}
-
-void BringUserBack(Life& laptop) {
-  laptop.sessions.FinishSetup();
-  laptop.sessions.HideSecureDesktop();
-  laptop.sessions.IsPutBack();
-  laptop.sessions.Unlock();
-  laptop.power.OpenLid();
-  laptop.power.Plug();
-  laptop.power.BatterySaver(false);
-  laptop.desktop.SetForeground(laptop.desktop.Shell());  // beside a full screen the panel is left as it is
-  laptop.apps.InstallUi();
-}
-
-void BringDisplaysBack(Life& laptop) {
-  auto& c = laptop.displays.cPanel();
-  c.Plug();
-  c.Attach();
-  for (auto* const panel : {&c, &laptop.displays.bPanel()}) {
-    panel->Rotate(0);
-    panel->width = panel->nativeWidth, panel->height = panel->nativeHeight;
-  }
-  laptop.displays.UserProjects(Topology::Extend);
-  laptop.power.SetDisplay(Power::Display::Off);
-  laptop.power.SetDisplay(Power::Display::On);
-}
-
-/// What has left the bus is looked for after a hibernation.
-void BringTouchBack(Life& laptop) {
-  if (laptop.touchLeft) laptop.power.HibernateAndWake();
-}
-
-void DoLastDeed(Life& laptop, int deed) {
-  switch (deed) {
-    case 0:
-    case 1:
-      laptop.hotKey.PressF6();
-      return laptop.EndF6(2 + deed);
-    case 2:
-      laptop.power.CloseLid();
-      return laptop.power.OpenLid();
-    case 3:
-      laptop.sessions.Lock();
-      return laptop.sessions.Unlock();
-    case 4:
-      return laptop.power.SleepAndWake();
-    case 5:
-      return laptop.power.HibernateAndWake(700);
-    case 6:
-      laptop.displays.cPanel().Rotate(3);
-      laptop.displays.cPanel().MoveTo(400, 1300);
-      return laptop.displays.Changed();
-    default:
-      return laptop.displays.UserProjects(laptop.displays.topology);
-  }
-}
-
-}  // namespace
-
-void ComeToRest(Life& laptop, bool startAgain, int lastDeed) {
-  BringEverythingBack(laptop);
-  laptop.Settle();
-  BringUserBack(laptop);
-  BringTouchBack(laptop);
-  BringDisplaysBack(laptop);
-  if (startAgain || laptop.ExitCode()) {
-    laptop.Restart();
-  }
-  laptop.UiStarts();
-  laptop.ui.Send(L"ALIVE");
-  laptop.displays.Changed();      // a UI that has just come is told of the panel with the next thing that happens
-  laptop.Advance(7 * kMinuteMs);  // a shop's timers and the UI's watchdog have come to their ends
-  laptop.NoteLayout();
-  DoLastDeed(laptop, lastDeed);
-  laptop.Advance(30'000);
-  laptop.NoteLayout();
+  return broken;
 }
 
 // ---- At rest ----

@@ -6,14 +6,15 @@
 #include <string>
 #include <vector>
 
-#include "tests/explorer/life.h"
-#include "tests/explorer/spoiling.h"
-#include "tests/explorer/stimuli.h"
+#include "explorer/life.h"
+#include "explorer/spoiling.h"
+#include "explorer/stimuli.h"
 
 // One life: everything that is random about it is drawn before it begins.
 namespace explorer {
 
-inline constexpr int kUntilQuiet = -1;  // a pause until all of the controller waits
+inline constexpr std::uint32_t kLongestStartMs = 20'000;  // it may wait for the touch pad or the desktop
+inline constexpr int kUntilQuiet = -1;                    // a pause until all of the controller waits
 
 /// Something that happens, its numbers, and how long it takes until the next thing does, in milliseconds.
 struct Step {
@@ -32,13 +33,6 @@ struct Story {
 };
 
 [[nodiscard]] Story Draw(std::uint32_t seed, std::size_t steps);
-
-/// What did not hold, the first one first; and which calls were spoilt.
-struct Outcome {
-  std::vector<std::string> broken;
-  SpoiltCalls spoilt;
-};
-[[nodiscard]] Outcome Play(const Story& story);
 
 /// The story as a test has it.
 [[nodiscard]] std::string Tell(const Story& story);

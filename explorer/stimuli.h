@@ -3,7 +3,7 @@
 #include <array>
 #include <span>
 
-#include "tests/explorer/life.h"
+#include "explorer/life.h"
 
 // All that can happen to a laptop.
 namespace explorer {

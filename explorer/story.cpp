@@ -1,16 +1,14 @@
-#include "tests/explorer/story.h"
+#include "explorer/story.h"
 
 #include <numeric>
 #include <random>
 #include <regex>
 #include <sstream>
 
-#include "tests/explorer/promises.h"
+#include "explorer/rest.h"
 
 namespace explorer {
 namespace {
-
-constexpr std::uint64_t kLongestPauseMs = 60'000;
 
 /// Numbers one after the other, so that a seed is the same life with every compiler.
 class Chance {
@@ -67,11 +65,6 @@ Beginning DrawBeginning(std::uint32_t seed, Chance& chance) {
   return beginning;
 }
 
-void TakePause(Life& laptop, int pauseMs) {
-  if (pauseMs != kUntilQuiet) return laptop.Advance(static_cast<std::uint64_t>(pauseMs));
-  laptop.Settle(kLongestPauseMs);  // the user's desktop is waited for without a limit
-}
-
 }  // namespace
 
 Story Draw(std::uint32_t seed, std::size_t steps) {
@@ -82,33 +75,6 @@ Story Draw(std::uint32_t seed, std::size_t steps) {
   story.last = chance.UpTo(kLastDeeds);
   for (; steps > 0; --steps) story.steps.push_back(DrawStep(chance));
   return story;
-}
-
-Outcome Play(const Story& story) {
-  Outcome outcome;
-  Life laptop(story.beginning);
-  Plan plan;
-  if (story.spoilt) plan = ListedPlan(*story.spoilt);
-  if (!story.spoilt && story.spoiling != 0) plan = DrawnPlan(story.spoiling, story.startsAgain);
-  if (plan) laptop.faults.plan = Noted(std::move(plan), outcome.spoilt);
-
-  Watcher watcher(laptop);
-  laptop.Boot(20'000);
-  {
-    const auto atTheSameTime = laptop.Quietly();
-    for (const auto& [what, numbers, pauseMs] : story.steps) {
-      if (laptop.ExitCode()) laptop.Restart();
-      what->happen(laptop, numbers[0], numbers[1], numbers[2]);
-      TakePause(laptop, pauseMs);
-      laptop.NoteLayout();
-      watcher.Look(outcome.broken);
-      if (!outcome.broken.empty()) return outcome;
-    }
-  }
-  ComeToRest(laptop, story.startsAgain, story.last);
-  watcher.Look(outcome.broken);
-  if (outcome.broken.empty()) outcome.broken = LookAtRest(laptop);
-  return outcome;
 }
 
 // ---- As words ----
@@ -165,7 +131,7 @@ std::string Tell(const Story& story) {
     for (const auto& spoilt : *story.spoilt) TellSpoilt(spoilt, out);
     out << "  });\n";
   }
-  out << "  laptop.Boot(20'000);\n  {\n    const auto atTheSameTime = laptop.Quietly();\n";
+  out << "  laptop.Boot(kLongestStartMs);\n  {\n    const auto atTheSameTime = laptop.Quietly();\n";
   for (const auto& step : story.steps) {
     out << "    " << Words(step) << ";\n";
     if (step.pauseMs == kUntilQuiet) out << "    laptop.Settle();\n";

@@ -1,4 +1,4 @@
-#include "tests/explorer/life.h"
+#include "explorer/life.h"
 
 #include <algorithm>
 #include <memory>
@@ -8,9 +8,10 @@
 namespace explorer {
 namespace {
 
-using namespace support;
 using os::WindowHandle;
 
+constexpr std::uint32_t kAllOfIt = 0x00CF'0000, kDialog = 0x00C8'0000, kWithoutMaximize = 0x00CA'0000;  // styles
+constexpr os::Rect kOnBPanel{200, 100, 1200, 800}, kOnCPanel{300, 1120, 1100, 1500};
 constexpr auto kOffice = L"C:\\Office\\word.exe", kElevated = L"C:\\admin.exe", kPackaged = L"C:\\App\\App.exe";
 constexpr auto kBlocksMover = L"BLOCKACTIONMENU";
 constexpr std::size_t kMostWindows = 24;
@@ -47,6 +48,7 @@ Life::Life(const Beginning& beginning)
   }
   firmware.panelLeavesWhenOff = true;
   power.restMs = 20'000;
+  mouse.whenDropped = [this](WindowHandle dropped) { IsMovedByUser(dropped); };
   files.SetProductNames(kOffice, {L"Microsoft Office"});
   files.AddFile(L"C:\\a.jpg", {0xFF, 0xD8, 0xFF});
   processes.SetPackage(kPackaged, {L"App!Id", L"App_1", L"App_family", L"C:\\App"});
@@ -60,9 +62,9 @@ Life::Life(const Beginning& beginning)
 // ---- Windows ----
 
 void Life::OpenWindow(int kind, int onCPanel) {
-  const auto open = [&](sim::Window window) {
-    window.area = onCPanel != 0 ? kOnCPanel : kAnywhere;
-    windows_.push_back(desktop.OpenInForeground(std::move(window)));
+  const auto open = [&](sim::Window opened) {
+    opened.area = onCPanel != 0 ? kOnCPanel : kOnBPanel;
+    windows_.push_back(desktop.OpenInForeground(std::move(opened)));
   };
   if (windows_.size() >= kMostWindows) {
     desktop.Close(windows_.front());
@@ -70,11 +72,11 @@ void Life::OpenWindow(int kind, int onCPanel) {
   }
   switch (kind) {
     case 0:
-      return open({.style = kDialogStyle});
+      return open({.style = kDialog});
     case 1:
-      return open({.style = kNoMaximizeStyle});
+      return open({.style = kWithoutMaximize});
     case 2:
-      return open({.className = L"Chrome_WidgetWin_1", .style = kFramedStyle | os::kWsMaximize});
+      return open({.className = L"Chrome_WidgetWin_1", .style = kAllOfIt | os::kWsMaximize});
     case 3:
       return open({.program = kElevated});
     case 4:
@@ -86,8 +88,11 @@ void Life::OpenWindow(int kind, int onCPanel) {
         if (--*life == 0) desktop.Close(self);
       }});
     case 7:
-      open({.className = kFrameClass, .title = L"App"});
-      desktop.Open({.className = kCoreClass, .program = kPackaged, .area = kAnywhere, .parent = windows_.back()});
+      open({.className = L"ApplicationFrameWindow", .title = L"App"});
+      desktop.Open({.className = L"Windows.UI.Core.CoreWindow",
+                    .program = kPackaged,
+                    .area = kOnBPanel,
+                    .parent = windows_.back()});
       return;
     case 8:
       return open({.program = L"C:\\stubborn.exe", .closesWhenAsked = false});
@@ -105,16 +110,16 @@ void Life::ActivateWindow(int number) {
 }
 
 void Life::HangWindow(int number) {
-  auto* const window = desktop.Find(Window(number));
-  if (window == nullptr) return;
-  window->responsive = false;
-  hung.insert(window->program);
+  auto* const found = desktop.Find(Window(number));
+  if (found == nullptr) return;
+  found->responsive = false;
+  hung.insert(found->program);
 }
 
 void Life::BusyWindow(int number, int ms) {
-  auto* const window = desktop.Find(Window(number));
-  if (window == nullptr) return;
-  window->busyUntilMs = NowMs() + static_cast<std::uint64_t>(ms);
+  auto* const found = desktop.Find(Window(number));
+  if (found == nullptr) return;
+  found->busyUntilMs = NowMs() + static_cast<std::uint64_t>(ms);
   After(static_cast<std::uint64_t>(ms), [] {});  // whoever waits for an answer gets it then
 }
 
@@ -130,20 +135,19 @@ void Life::DragWindow(int number, int x, int y) {
 }
 
 void Life::Throw(int number, int dx, int dy, bool border) {
-  const auto window = Window(number);
-  const auto* const found = desktop.Find(window);
+  const auto handle = Window(number);
+  const auto* const found = desktop.Find(handle);
   if (found == nullptr || !found->IsUp()) return;
   const os::Point press{(found->area.left + found->area.right) / 2, found->area.top + 10};
-  desktop.SetForeground(window);
-  border ? mouse.GrabBorder(window, press) : mouse.Grab(window, press);
+  desktop.SetForeground(handle);
+  border ? mouse.GrabBorder(handle, press) : mouse.Grab(handle, press);
   mouse.Glide({press.x + 60, press.y + 60});
   mouse.Glide({press.x + dx, press.y + dy});
-  IsMovedByUser(window);  // a throw begins with the drop
   mouse.Drop();
 }
 
-std::ptrdiff_t Life::TimesPlaced(WindowHandle window) const {
-  const auto journal = desktop.Journal(window);
+std::ptrdiff_t Life::TimesPlaced(WindowHandle handle) const {
+  const auto journal = desktop.Journal(handle);
   return std::ranges::count_if(
       journal, [](const std::wstring& entry) { return entry.starts_with(L"place ") || entry.starts_with(L"move "); });
 }
@@ -152,16 +156,16 @@ void Life::NoteLayout() {
   std::vector<os::Rect> now;
   for (const auto& screen : displays.Screens()) now.push_back(screen.HasArea() ? screen.Area() : os::Rect{});
   if (std::exchange(layout_, now) == now) return;
-  for (const auto window : windows_) IsMovedByUser(window);
+  for (const auto handle : windows_) IsMovedByUser(handle);
 }
 
 std::vector<sim::Window> Life::WindowsOfController() const {
   std::vector<sim::Window> placed;
   for (const auto handle : windows_) {
-    const auto* const window = desktop.Find(handle);
+    const auto* const found = desktop.Find(handle);
     const auto before = placedBefore_.find(handle);
     const auto times = before == placedBefore_.end() ? 0 : before->second;
-    if (window != nullptr && TimesPlaced(handle) > times) placed.push_back(*window);
+    if (found != nullptr && !found->refusesMoves && TimesPlaced(handle) > times) placed.push_back(*found);
   }
   return placed;
 }
@@ -184,15 +188,21 @@ void Life::SetLight(int percent) {
   ui.Send(L"BLSET", {.percent = percent});
 }
 
+/// In a shop the panel comes on by itself.
+void Life::SetShopService(int state) {
+  powers.insert(L"On");
+  services.Set(L"RetailDemo", static_cast<std::uint32_t>(state));
+}
+
 void Life::EditSettings(const std::wstring& key, int value) {
   if (key != L"Tessaview") {
     NoteLevel(value);
     settingsEdited = true;
     return settings.Set(key, std::to_wstring(value));
   }
-  const auto* const power = value % 2 == 0 ? L"On" : L"Off";
-  powers.insert(power);
-  settings.Set(key, power);
+  const auto* const choice = value % 2 == 0 ? L"On" : L"Off";
+  powers.insert(choice);
+  settings.Set(key, choice);
 }
 
 // ---- The UI, the process and the user ----
@@ -209,10 +219,10 @@ void Life::UiDies() {
   ui.ForgetReceived();
 }
 
-void Life::Command(int number, int window, int point) {
+void Life::Command(int number, int onWindow, int point) {
   const auto& text = CommandText(number);
   moverBlocked = moverBlocked || text == kBlocksMover;
-  ui.Send(text, {.handle = static_cast<std::uint64_t>(Window(window)),
+  ui.Send(text, {.handle = static_cast<std::uint64_t>(Window(onWindow)),
                  .rect = {point, point / 2, point + 900, point / 2 + 500},
                  .point = {point, 60}});
 }

@@ -1,48 +1,23 @@
-#include "tests/explorer/shrink.h"
-
-#include <sys/wait.h>
-#include <unistd.h>
+#include "explorer/shrink.h"
 
 #include <algorithm>
 #include <array>
 #include <functional>
 
-#include "tests/explorer/promises.h"
+#include "explorer/rest.h"
 
 namespace explorer {
 namespace {
 
-constexpr unsigned kLongestSeconds = 60;
 constexpr int kMostPlays = 3000;
-
-/// Plays in a child process and hands over what it wrote.
-std::string InChild(const std::function<std::string()>& work) {
-  std::array<int, 2> ends{};
-  if (pipe(ends.data()) != 0) return "no pipe";
-  const auto child = fork();
-  if (child == 0) {
-    alarm(kLongestSeconds);
-    const auto text = work();
-    _exit(write(ends[1], text.data(), text.size()) == static_cast<ssize_t>(text.size()) ? 0 : 1);
-  }
-  close(ends[1]);
-  std::string text;
-  std::array<char, 4096> part{};
-  for (ssize_t got = 0; (got = read(ends[0], part.data(), part.size())) > 0;)
-    text.append(part.data(), static_cast<std::size_t>(got));
-  close(ends[0]);
-  int status = 0;
-  waitpid(child, &status, 0);
-  return WIFSIGNALED(status) ? "died of signal " + std::to_string(WTERMSIG(status)) : text;
-}
 
 class Shrinker {
  public:
-  explicit Shrinker(Story story) : best_(std::move(story)), what_(PlayApart(best_)) {}
+  Shrinker(Story story, Judge judge) : judge_(std::move(judge)), best_(std::move(story)), what_(judge_(best_)) {}
 
-  Story Run() {
+  Story Run(const Note& note) {
     if (what_.empty()) return best_;
-    NameSpoiltCalls();
+    NameSpoiltCalls(note);
     for (bool smaller = true; smaller && plays_ < kMostPlays;) {
       smaller = LeaveOutSteps();
       if (best_.spoilt) smaller = LeaveOutSpoilt() || smaller;
@@ -55,7 +30,7 @@ class Shrinker {
   bool Try(Story story) {
     if (plays_ >= kMostPlays) return false;
     ++plays_;
-    if (PlayApart(story) != what_) return false;
+    if (judge_(story) != what_) return false;
     best_ = std::move(story);
     return true;
   }
@@ -68,10 +43,10 @@ class Shrinker {
   }
 
   /// A list of calls in place of what draws them. Of a process that died none is known.
-  void NameSpoiltCalls() {
+  void NameSpoiltCalls(const Note& note) {
     if (best_.spoiling == 0 || TryWith([](Story& story) { story.spoiling = 0; })) return;
     if (what_.starts_with("died")) return;
-    TryWith([calls = Play(best_).spoilt](Story& story) { story.spoilt = calls; });
+    TryWith([calls = note(best_)](Story& story) { story.spoilt = calls; });
   }
 
   /// Halves, quarters, … single ones.
@@ -127,22 +102,16 @@ class Shrinker {
     return smaller;
   }
 
+  const Judge judge_;
   Story best_;
-  std::string what_;
+  const std::string what_;
   int plays_ = 0;
 };
 
 }  // namespace
 
-std::string PlayApart(const Story& story) {
-  return InChild([&story] {
-    const auto broken = Play(story).broken;
-    return broken.empty() ? std::string() : broken.front();
-  });
-}
-
-Story Shrink(Story story) {
-  return Shrinker(std::move(story)).Run();
+Story Shrink(Story story, Judge judge, const Note& note) {
+  return Shrinker(std::move(story), std::move(judge)).Run(note);
 }
 
 }  // namespace explorer

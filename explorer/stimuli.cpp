@@ -1,13 +1,16 @@
-#include "tests/explorer/stimuli.h"
+#include "explorer/stimuli.h"
+
+#include "os/input.h"
 
 namespace explorer {
 namespace {
 
-using namespace support;
-using sim::Edge, sim::Services;
+using os::Bytes;
+using sim::Edge, sim::Firmware, sim::KernelObjects, sim::Power;
+using Texts = std::vector<std::wstring>;
 using enum os::Topology;
 
-constexpr Topology kProjections[] = {Internal, Clone, Extend, External};
+constexpr os::Topology kProjections[] = {Internal, Clone, Extend, External};
 constexpr const wchar_t* kSettings[] = {L"Tessaview", L"Backlight", L"BacklightDC"};
 constexpr std::uint8_t kBytes[] = {0, 1, 2, 4, 0xFF};
 constexpr const wchar_t* kEventsOfOthers[] = {KernelObjects::kPowerEvent, KernelObjects::kSwitchingEvent};
@@ -140,7 +143,7 @@ constexpr Stimulus kStimuli[] = {
     // ---- what else is on the machine ----
     {1, {}, HAPPENS(laptop.sessions.setupComplete = false)},
     {2, {}, HAPPENS(laptop.sessions.FinishSetup())},
-    {1, {8}, HAPPENS(laptop.services.Set(L"RetailDemo", a))},
+    {1, {8}, HAPPENS(laptop.SetShopService(a))},
     {1, {3, 256}, HAPPENS(laptop.EditSettings(kSettings[a], b))},
     {1, {}, HAPPENS(laptop.settings.Remove(L"PowerSaving"))},
     {1, {2}, HAPPENS(laptop.events.Add(kEventsOfOthers[a]))},

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support.h"
+#include "sim/laptop.h"
 
 // The laptop whose life the explorer plays.
 namespace explorer {
@@ -20,7 +20,7 @@ struct Beginning {
 };
 
 /// A laptop, what its user does in several steps, and what is remembered of it for what must hold.
-class Life : public support::Laptop {
+class Life : public sim::Laptop {
  public:
   explicit Life(const Beginning& beginning);
 
@@ -45,6 +45,7 @@ class Life : public support::Laptop {
 
   void EndF6(int action);
   void SetLight(int percent);
+  void SetShopService(int state);
   void EditSettings(const std::wstring& key, int value);
 
   // ---- the UI, the process and the user ----
@@ -53,7 +54,7 @@ class Life : public support::Laptop {
   void UiDies();
   /// A command as it is in the controller's table, or nearly so, by any number.
   [[nodiscard]] static const std::wstring& CommandText(int number);
-  void Command(int number, int window, int point);
+  void Command(int number, int onWindow, int point);
   void Noise(int kind, int size, int content);
   void TouchLeaves();
   void TouchComesBack(int afterMs);
@@ -73,9 +74,9 @@ class Life : public support::Laptop {
   [[nodiscard]] const std::vector<os::WindowHandle>& Opened() const { return windows_; }
 
  private:
-  [[nodiscard]] std::ptrdiff_t TimesPlaced(os::WindowHandle window) const;
+  [[nodiscard]] std::ptrdiff_t TimesPlaced(os::WindowHandle handle) const;
   void NoteLevel(int level);
-  void IsMovedByUser(os::WindowHandle window) { placedBefore_[window] = TimesPlaced(window); }
+  void IsMovedByUser(os::WindowHandle handle) { placedBefore_[handle] = TimesPlaced(handle); }
 
   std::vector<os::WindowHandle> windows_;
   std::map<os::WindowHandle, std::ptrdiff_t> placedBefore_;  // by the controller, when somebody else moved it last

@@ -1,4 +1,4 @@
-#include "tests/explorer/spoiling.h"
+#include "explorer/spoiling.h"
 
 #include <algorithm>
 #include <iterator>
