@@ -97,7 +97,8 @@ void Life::OpenWindow(int kind, int onCPanel) {
     case 8:
       return open({.program = L"C:\\stubborn.exe", .closesWhenAsked = false});
     default:
-      return open({.style = 0x9000'0000, .extendedStyle = os::kWsExNoActivate});  // a screen keyboard
+      return open(
+          {.title = kKeyboard, .style = 0x9000'0000, .extendedStyle = os::kWsExNoActivate});  // a screen keyboard
   }
 }
 
@@ -191,6 +192,7 @@ void Life::SetLight(int percent) {
 /// In a shop the panel comes on by itself.
 void Life::SetShopService(int state) {
   powers.insert(L"On");
+  isInShop = true;
   services.Set(L"RetailDemo", static_cast<std::uint32_t>(state));
 }
 

@@ -29,6 +29,7 @@ class Life : public sim::Laptop {
   // ---- windows ----
 
   static constexpr int kWindowKinds = 10;
+  static constexpr auto kKeyboard = L"Keyboard";  // the title of one that is never activated
   void OpenWindow(int kind, int onCPanel);
   /// One of those that were opened, by any number; perhaps gone by now.
   [[nodiscard]] os::WindowHandle Window(int number) const;
@@ -66,6 +67,7 @@ class Life : public sim::Laptop {
   std::set<std::wstring> powers, levels;  // that were chosen
   std::set<std::wstring> hung;            // programs that have hung
   bool settingsEdited = false;            // by somebody else; the controller reads them again at its next start
+  bool isInShop = false;                  // for a while, at least
   bool moverBlocked = false;              // for the rest of the process's life
   bool touchLeft = false;                 // the bus, if only for a moment
   /// What the system moved is not the controller's affair any more: called once something has happened.

@@ -104,7 +104,7 @@ constexpr Stimulus kStimuli[] = {
     {1, {}, HAPPENS(laptop.mouseHook.DiesNow())},
     {1, {}, HAPPENS(laptop.keyboardHook.DiesNow())},
     // ---- the UI ----
-    {14, {64, 24, 2500}, HAPPENS(laptop.Command(a, b, c))},
+    {14, {64, 24, 1000}, HAPPENS(laptop.Command(a, b, c))},
     {3, {101}, HAPPENS(laptop.SetLight(a))},
     {2, {6, 11, 256}, HAPPENS(laptop.Noise(a, b, c))},
     {1, {}, HAPPENS(laptop.ui.SendFileCopy(L"COPYWALLPAPER", L"C:\\a.jpg", L"C:\\b.jpg"))},

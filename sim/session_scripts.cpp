@@ -1,7 +1,6 @@
 // Several users at one machine: what the controller's session hears, and when.
 
 #include <algorithm>
-#include <iterator>
 
 #include "sim/sessions.h"
 
@@ -58,13 +57,6 @@ void Sessions::IsPutBack() {
   static constexpr Step kScript[] = {{0, kConsoleConnect}};
   isLocked_ = false;
   Play(kScript);
-}
-
-void Sessions::SwitchSomehow(std::uint32_t number) {
-  constexpr void (Sessions::*kStories[])() = {
-      &Sessions::SwitchAway,      &Sessions::LoseConsole, &Sessions::SwitchBack, &Sessions::SwitchToOneself,
-      &Sessions::RemoteTakesOver, &Sessions::RemoteEnds,  &Sessions::IsPutBack};
-  (this->*kStories[number % std::size(kStories)])();
 }
 
 void Sessions::LogOff() {

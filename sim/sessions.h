@@ -69,8 +69,6 @@ class Sessions {
   void RemoteEnds();
   /// An administrator puts the session back to the console, where it is not locked.
   void IsPutBack();
-  /// One of the stories above, by any number.
-  void SwitchSomehow(std::uint32_t number);
   /// The user signs out, which ends the controller's process; and in again, before it is started.
   void LogOff();
   void SignIn();

@@ -10,6 +10,7 @@ import sys
 from pathlib import Path
 
 import document_tables
+import explorer_rules
 import include_rules
 import verification_table
 from source_tree import Tree
@@ -93,7 +94,7 @@ def cpp_files_are_short(tree):
                                                 "file by its ideas")
 
 
-RULES = include_rules.RULES + verification_table.RULES + document_tables.RULES + (
+RULES = include_rules.RULES + verification_table.RULES + document_tables.RULES + explorer_rules.RULES + (
     time_and_threads_behind_the_door,
     dropped_outcomes_have_reasons,
     tidy_text,

@@ -9,6 +9,7 @@ import unittest
 from pathlib import Path
 
 import house_rules
+from explorer_rules import LEFT_OUT
 from include_rules import LAYERS
 from source_tree import Tree
 
@@ -56,6 +57,12 @@ BITES = {
                           "sim/ui.cpp:2: 'std::jthread' starts", "src/core/a.cpp:1: 'std::thread' starts",
                           "src/power/a.cpp:2: 'usleep(' sleeps", "tests/a_test.cpp:1: <chrono> reads",
                           "tests/a_test.cpp:2: 'std::chrono' reads"]),
+    "what never happens to the explorer": (
+        {"sim/power.h": H + "class Power {\n public:\n  void Plug();\n  void Surge(int by);\n  bool IsOn() const;\n"
+                        "  void ForgetAll();\n private:\n  void Burn();\n};\n",
+         "explorer/a.cpp": "void F() { power.Plug(); }  // Surge(1)\n", "tools/explorer_rules.py": ""},
+        ["sim/power.h:5: Surge never happens", *(f"tools/explorer_rules.py:1: no part offers {name}"
+                                                  for name in sorted(LEFT_OUT))]),
     "outcome dropped without a reason": (
         {"src/core/a.cpp": "(void)os::Go();  // as it may\n// may it?\n  if (a) (void)Go();\n\n  std::ignore = Go();\n"
                            "  static_cast<void>(Go(\"// no\"));\n", "sim/a.cpp": "int F(void);\n\n(void)Go();\n"},

@@ -1,6 +1,7 @@
 // A laptop's random life: whatever happens at whatever moment, what is promised holds. One seed is one life.
 //
 //   EXPLORER_SEEDS=10000 EXPLORER_STEPS=1000 explorer_tests   so many lives, each of so many things that happen
+//   EXPLORER_REACH=1 explorer_tests                           tells what the lives have come to
 //   EXPLORER_SEED=4711 explorer_tests                         one of them; when it fails, its shortest story is told
 
 #include <gtest/gtest.h>
@@ -9,9 +10,11 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <iostream>
 
 #include "explorer/child_process.h"
 #include "explorer/play.h"
+#include "explorer/reach.h"
 #include "explorer/shrink.h"
 #include "tests/explorer/promises.h"
 
@@ -36,12 +39,17 @@ struct Outcome {
   SpoiltCalls spoilt;
 };
 
+Reach gReach;
+
 Outcome PlayWatched(const Story& story) {
   Outcome outcome;
   Watcher watcher;
   const auto watch = [&](const Life& laptop) { return (outcome.broken = watcher.Look(laptop)).empty(); };
-  outcome.spoilt =
-      Play(story, {.afterStep = watch, .atRest = [&](Life& laptop) { outcome.broken = LookAtRest(laptop); }});
+  outcome.spoilt = Play(story, {.afterStep = watch, .atRest = [&](Life& laptop) {
+                                  outcome.broken = LookAtRest(laptop);
+                                  gReach.Note(laptop);
+                                }});
+  for (const auto& step : story.steps) gReach.Note(*step.what);
   return outcome;
 }
 
@@ -82,6 +90,13 @@ TEST_P(Explorer, WhateverHappensWhatIsPromisedHolds) {
     if (!broken.empty()) FailWithStory(seed, broken);
   }
 }
+
+struct TellReach : testing::Environment {
+  void TearDown() override {
+    if (std::getenv("EXPLORER_REACH") != nullptr) gReach.Tell(std::cout);
+  }
+};
+[[maybe_unused]] const auto* const kTellReach = testing::AddGlobalTestEnvironment(new TellReach);
 
 INSTANTIATE_TEST_SUITE_P(Seeds, Explorer, testing::Range(0U, kShares));
 
