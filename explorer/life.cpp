@@ -36,11 +36,10 @@ const std::wstring& Life::CommandText(int number) {
 Life::Life(const Beginning& beginning)
     : Laptop(beginning.laptop), monitor(displays.AddMonitor({.plugged = false, .attached = false, .x = 1920})) {
   if (beginning.primaryElsewhere) displays.AddPrimary({1920, 200});
-  if (beginning.uiAsksBack) {
-    ui.whenTold = [this](const std::wstring& text) {
-      if (text != L"BLSET") ui.AskBack(L"BLGET");
-    };
-  }
+  ui.whenTold = [this, asks = beginning.uiAsksBack](const std::wstring& text) {
+    told.insert(text.substr(0, text.find(L'=')));
+    if (asks && text != L"BLSET") ui.AskBack(L"BLGET");
+  };
   ui.HandleFor(beginning.uiHandlesForMs);
   for (auto* const hook : {&mouseHook, &keyboardHook}) {
     if (beginning.hooksForgiveNothing) hook->diesAtOverrun = 1;
@@ -53,8 +52,10 @@ Life::Life(const Beginning& beginning)
   files.AddFile(L"C:\\a.jpg", {0xFF, 0xD8, 0xFF});
   processes.SetPackage(kPackaged, {L"App!Id", L"App_1", L"App_family", L"C:\\App"});
   processes.Protect(processes.Run(kElevated));
-  powers = {settings.Text(L"Tessaview")};
-  levels = {settings.Text(L"Backlight"), settings.Text(L"BacklightDC")};
+  powers = {beginning.laptop.saved.value_or(L"On")};
+  for (const auto& level : {beginning.laptop.backlight, beginning.laptop.backlightDC}) {
+    levels.insert(std::to_wstring(level.value_or(116)));
+  }
   layout_ = {displays.bPanel().Area(), displays.cPanel().Area()};
   for (int kind = 0; kind < 3; ++kind) OpenWindow(kind, kind % 2);
 }
@@ -96,6 +97,10 @@ void Life::OpenWindow(int kind, int onCPanel) {
       return;
     case 8:
       return open({.program = L"C:\\stubborn.exe", .closesWhenAsked = false});
+    case 9:  // it fills the screen
+      open({.className = L"Game", .style = 0x9000'0000});
+      desktop.Drag(windows_.back(), displays.bPanel().Area());
+      return;
     default:
       return open(
           {.title = kKeyboard, .style = 0x9000'0000, .extendedStyle = os::kWsExNoActivate});  // a screen keyboard
@@ -122,6 +127,11 @@ void Life::BusyWindow(int number, int ms) {
   if (found == nullptr) return;
   found->busyUntilMs = NowMs() + static_cast<std::uint64_t>(ms);
   After(static_cast<std::uint64_t>(ms), [] {});  // whoever waits for an answer gets it then
+}
+
+void Life::CloseHungView(int number) {
+  HangWindow(number);
+  ui.Send(L"VIEWCLOSE", {.handle = static_cast<std::uint64_t>(Window(number))});
 }
 
 void Life::ShowWindow(int number, int command) {
@@ -243,6 +253,12 @@ void Life::Noise(int kind, int size, int content) {
 void Life::TouchLeaves() {
   touchLeft = true;
   touch.Unplug();
+}
+
+/// A controller that is just starting does not hear of it: it follows the system's log last of all.
+void Life::Hibernate(int touchLateMs) {
+  touchLeft = touchLeft || std::ranges::count(Threads(), L"resume") == 0;
+  power.HibernateAndWake(static_cast<std::uint32_t>(touchLateMs));
 }
 
 void Life::TouchComesBack(int afterMs) {

@@ -28,7 +28,7 @@ class Life : public sim::Laptop {
 
   // ---- windows ----
 
-  static constexpr int kWindowKinds = 10;
+  static constexpr int kWindowKinds = 11;
   static constexpr auto kKeyboard = L"Keyboard";  // the title of one that is never activated
   void OpenWindow(int kind, int onCPanel);
   /// One of those that were opened, by any number; perhaps gone by now.
@@ -36,6 +36,8 @@ class Life : public sim::Laptop {
   void ActivateWindow(int number);
   void HangWindow(int number);
   void BusyWindow(int number, int ms);
+  /// The UI closes a window that hangs.
+  void CloseHungView(int number);
   void CloseWindow(int number) { desktop.Close(Window(number)); }
   void ShowWindow(int number, int command);
   void DragWindow(int number, int x, int y);
@@ -58,12 +60,14 @@ class Life : public sim::Laptop {
   void Command(int number, int onWindow, int point);
   void Noise(int kind, int size, int content);
   void TouchLeaves();
+  void Hibernate(int touchLateMs);
   void TouchComesBack(int afterMs);
   void Restart();
   void SignInAgain();
 
   // ---- what is remembered ----
 
+  std::set<std::wstring> told;            // to the UI
   std::set<std::wstring> powers, levels;  // that were chosen
   std::set<std::wstring> hung;            // programs that have hung
   bool settingsEdited = false;            // by somebody else; the controller reads them again at its next start

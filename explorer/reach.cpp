@@ -24,7 +24,7 @@ void Reach::Note(const Life& laptop) {
     doors_[door->name].calls += tally.calls;
     doors_[door->name].failures += tally.failures;
   }
-  for (const auto& text : laptop.ui.Received()) texts_.insert(text.substr(0, text.find(L'=')));
+  texts_.insert(laptop.told.begin(), laptop.told.end());
   for (const auto& writer : laptop.trace.Writers()) threads_.insert(writer);
 }
 

@@ -50,7 +50,7 @@ constexpr Stimulus kStimuli[] = {
     {2, {7}, HAPPENS(laptop.power.SetLidAction(static_cast<Power::LidAction>(a)))},
     {1, {2, 7}, HAPPENS(laptop.power.SetSchemeLidAction(a == 0, b))},
     {2, {}, HAPPENS(laptop.power.SleepAndWake())},
-    {2, {9000}, HAPPENS(laptop.power.HibernateAndWake(a))},
+    {2, {9000}, HAPPENS(laptop.Hibernate(a))},
     {1, {20}, HAPPENS(laptop.power.Broadcast(a))},
     {1, {5, 4}, HAPPENS(laptop.power.Notify(static_cast<os::PowerSetting>(a), b))},
     // ---- keys, touch, the firmware ----
@@ -92,6 +92,7 @@ constexpr Stimulus kStimuli[] = {
     {1, {}, HAPPENS(laptop.desktop.SetForeground(os::WindowHandle::None))},
     {1, {24, 2}, HAPPENS(laptop.desktop.SetTopmost(laptop.Window(a), b == 0))},
     {1, {24}, HAPPENS(laptop.HangWindow(a))},
+    {2, {24}, HAPPENS(laptop.CloseHungView(a))},
     {2, {24, 900}, HAPPENS(laptop.BusyWindow(a, b))},
     {1, {4}, HAPPENS(laptop.desktop.OpenTaskbar(laptop.displays.bPanel(), static_cast<Edge>(a), 48))},
     {1, {}, HAPPENS(laptop.desktop.CloseAll(L"Shell_TrayWnd"))},

@@ -51,9 +51,11 @@ Beginning DrawBeginning(std::uint32_t seed, Chance& chance) {
   laptop.seed = seed;
   laptop.interleaving = chance.OneIn(2);
   laptop.turnsUndocumented = chance.OneIn(2);
-  const auto level = static_cast<std::uint32_t>(10 + chance.UpTo(246));
-  laptop.backlight = laptop.backlightDC = level;
-  laptop.saved = chance.OneIn(3) ? L"Off" : L"On";
+  if (!chance.OneIn(10)) {  // else there is no settings file yet
+    const auto level = static_cast<std::uint32_t>(10 + chance.UpTo(246));
+    laptop.backlight = laptop.backlightDC = level;
+    laptop.saved = chance.OneIn(3) ? L"Off" : L"On";
+  }
   laptop.generation = 1 + chance.UpTo(2);
   laptop.setupComplete = !chance.OneIn(12);
   laptop.uiRunning = chance.OneIn(2);
@@ -108,8 +110,10 @@ void TellBeginning(const Beginning& beginning, std::ostream& out) {
   out << "  Life laptop({.laptop = {.seed = " << laptop.seed;
   if (laptop.interleaving) out << ", .interleaving = true";
   if (laptop.turnsUndocumented) out << ", .turnsUndocumented = true";
-  out << ", .backlight = " << laptop.backlight.value_or(116) << ", .backlightDC = " << laptop.backlightDC.value_or(116)
-      << ", .saved = L\"" << (laptop.saved == L"On" ? "On" : "Off") << "\", .generation = " << laptop.generation;
+  if (laptop.backlight) out << ", .backlight = " << *laptop.backlight;
+  if (laptop.backlightDC) out << ", .backlightDC = " << *laptop.backlightDC;
+  if (laptop.saved) out << ", .saved = L\"" << (*laptop.saved == L"On" ? "On" : "Off") << "\"";
+  out << ", .generation = " << laptop.generation;
   if (!laptop.setupComplete) out << ", .setupComplete = false";
   if (laptop.uiRunning) out << ", .uiRunning = true";
   out << "}";
