@@ -1,5 +1,6 @@
 #include "os/kernel_objects.h"
 #include "sim/parts.h"
+#include "sim/race_view.h"
 
 namespace os {
 
@@ -26,16 +27,27 @@ Event NewEvent() {
 
 bool AwaitEvent(const Event& event, std::uint32_t limitMs) {
   if (sim::Enter<&AwaitEvent>().failed() || !event) return false;
-  auto& scheduler = Machine().scheduler;
-  return scheduler.WaitUntil([&] { return Machine().events.IsSignalled(event.get()); }, scheduler.DeadlineIn(limitMs));
+  auto& laptop = Machine();
+  const auto isSignalled = [&] {
+    const auto* signal = laptop.events.SignalOf(event.get());
+    return signal != nullptr && *signal;
+  };
+  if (!laptop.scheduler.WaitUntil(isSignalled, laptop.scheduler.DeadlineIn(limitMs))) return false;
+  sim::Acquires(laptop.events.SignalOf(event.get()));
+  return true;
 }
 
 void SignalEvent(const Event& event) {
-  if (!sim::Enter<&SignalEvent>().failed()) Machine().events.SetEvent(event.get(), true);
+  if (sim::Enter<&SignalEvent>().failed()) return;
+  if (auto* signal = Machine().events.SignalOf(event.get())) {
+    sim::Releases(signal);
+    *signal = true;
+  }
 }
 
 void ResetEvent(const Event& event) {
-  if (!sim::Enter<&ResetEvent>().failed()) Machine().events.SetEvent(event.get(), false);
+  if (sim::Enter<&ResetEvent>().failed()) return;
+  if (auto* signal = Machine().events.SignalOf(event.get())) *signal = false;
 }
 
 }  // namespace os

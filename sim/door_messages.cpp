@@ -1,5 +1,4 @@
 #include <map>
-#include <mutex>
 #include <string>
 
 #include "os/messages.h"
@@ -17,9 +16,7 @@ constexpr std::uint32_t kFirstRegistered = 0xC000;
 
 std::uint32_t RegisterMessage(const wchar_t* name) {
   // The session's table: there before any laptop, and the same for all.
-  static std::mutex mutex;
   static std::map<std::wstring, std::uint32_t> ids;
-  const std::lock_guard hold(mutex);
   return ids.try_emplace(sim::Lower(name), kFirstRegistered + static_cast<std::uint32_t>(ids.size())).first->second;
 }
 

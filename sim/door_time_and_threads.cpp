@@ -6,6 +6,7 @@
 #include "os/clock.h"
 #include "os/threads.h"
 #include "sim/parts.h"
+#include "sim/race_view.h"
 
 namespace os {
 using sim::Machine;
@@ -38,6 +39,10 @@ void ExpectMainThread() {
   std::abort();
 }
 
+void SharedAccess() {
+  if (sim::IsOn() && !sim::Scheduler::ThreadName().empty()) Machine().scheduler.Yield();
+}
+
 /// A lock outlives the laptops it is used on: what an earlier process run left of it is void.
 struct Lock::State {
   std::uint64_t processRun = 0;
@@ -62,6 +67,7 @@ void Lock::lock() {
   const auto thread = sim::Scheduler::ThreadId();
   const auto mayTake = [this, thread] { return state_->Free() || state_->owner == thread; };
   if (!Machine().scheduler.WaitUntil(mayTake)) return;  // being unwound
+  sim::Acquires(state_);
   state_->owner = thread;
   ++state_->depth;
   ++Machine().scheduler.LocksHeld();
@@ -70,6 +76,7 @@ void Lock::lock() {
 void Lock::unlock() {
   if (!sim::IsOn()) return;
   if (!state_->Free() && state_->owner == sim::Scheduler::ThreadId()) {
+    sim::Releases(state_);
     --state_->depth;
     --Machine().scheduler.LocksHeld();
   }
@@ -87,6 +94,7 @@ Semaphore::~Semaphore() {
 
 void Semaphore::Post() {
   sim::Enter<&Semaphore::Post>();
+  sim::Releases(state_);
   state_->count = std::min(state_->count + 1, state_->most);
 }
 
@@ -94,6 +102,7 @@ bool Semaphore::Wait() {
   if (sim::Enter<&Semaphore::Wait>().failed()) return false;
   if (!Machine().scheduler.WaitUntil([this] { return state_->count > 0; })) return false;  // being unwound
   --state_->count;
+  sim::Acquires(state_);
   return true;
 }
 

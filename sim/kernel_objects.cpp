@@ -28,16 +28,11 @@ os::Event KernelObjects::Door::NewEvent() {
   return OpenEvent(name);
 }
 
-bool KernelObjects::Door::IsSignalled(os::KernelObject event) {
+bool* KernelObjects::Door::SignalOf(os::KernelObject event) {
   const auto* opened = handles_.Find(event);
-  return opened != nullptr && !opened->isMutex && events_.contains(opened->name) && events_.at(opened->name);
-}
-
-void KernelObjects::Door::SetEvent(os::KernelObject event, bool signalled) {
-  const auto* opened = handles_.Find(event);
-  if (opened == nullptr || opened->isMutex) return;
+  if (opened == nullptr || opened->isMutex) return nullptr;
   const auto found = events_.find(opened->name);
-  if (found != events_.end()) found->second = signalled;
+  return found == events_.end() ? nullptr : &found->second;
 }
 
 }  // namespace sim

@@ -48,8 +48,8 @@ class KernelObjects::Door : public KernelObjects {
   os::NamedMutex CreateMutex(const std::wstring& name);
   os::Event OpenEvent(const std::wstring& name);
   os::Event NewEvent();
-  [[nodiscard]] bool IsSignalled(os::KernelObject event);
-  void SetEvent(os::KernelObject event, bool signalled);
+  /// Whether the event is signalled, to be read and set; null for what is no event.
+  [[nodiscard]] bool* SignalOf(os::KernelObject event);
   void Close(os::KernelObject object) noexcept { handles_.Close(object); }
   void EndProcess() { handles_.CloseAll(); }
 };

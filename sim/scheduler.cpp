@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "sim/race_view.h"
+
 namespace sim {
 namespace {
 
@@ -100,9 +102,14 @@ void Scheduler::Checkpoint() {
   if (++checkpointsSinceMove_ > kPollsWithoutTime) {
     self_->way = os::Waiting::Deaf;
     Sleep(1);
-  } else if (interleaving_ && generator_() % 4 == 0) {
-    HandOn();  // can run again at once, so this only gives others a chance
+  } else {
+    Yield();
   }
+}
+
+void Scheduler::Yield() {
+  if (!interleaving_ || choosing_ || ended_ || IsTest(*self_)) return;
+  if (generator_() % 4 == 0) HandOn();  // can run again at once, so this only gives others a chance
 }
 
 // ---- What is handed to a thread while it waits ----
@@ -148,6 +155,7 @@ bool Scheduler::StartThread(std::wstring name, std::function<void()> body) {
   auto& participant = *participants_.emplace_back(std::make_unique<Participant>());
   participant.id = ++nextId_;
   participant.name = std::move(name);
+  Releases(&participant);
   participant.thread =
       std::thread([this, &participant, body = std::move(body)]() mutable { ThreadMain(participant, std::move(body)); });
   return true;
@@ -156,12 +164,17 @@ bool Scheduler::StartThread(std::wstring name, std::function<void()> body) {
 void Scheduler::ThreadMain(Participant& self, std::function<void()> body) {
   self_ = &self;
   AwaitTurn(self);
+  Acquires(&self);
   try {
     if (!ended_) body();
   } catch (const ProcessEnded&) {
     // Unwound, as asked.
   }
-  body = nullptr;  // what it holds is closed while it has the turn
+  {
+    const Seen seen;
+    body = nullptr;  // what it holds is closed while it has the turn
+  }
+  Releases(&self);
   self.finished = true;
   GiveTurnTo(Next());
 }
@@ -288,7 +301,10 @@ void Scheduler::EndProcess() {
     return std::all_of(participants_.begin() + 1, participants_.end(),
                        [](const auto& thread) { return thread->finished; });
   });
-  for (auto thread = participants_.begin() + 1; thread != participants_.end(); ++thread) (*thread)->thread.join();
+  for (auto thread = participants_.begin() + 1; thread != participants_.end(); ++thread) {
+    Acquires(thread->get());
+    (*thread)->thread.join();
+  }
   participants_.erase(participants_.begin() + 1, participants_.end());
 }
 

@@ -65,6 +65,12 @@ class Scheduler {
   /// when it has run for suspiciously long without time passing (a loop that polls without sleeping).
   void Checkpoint();
 
+  /// The same between two door calls, for interleaving alone. Never throws.
+  void Yield();
+
+  /// Whether the machine acts by itself, on whichever thread that happens to be.
+  [[nodiscard]] bool MachineActs() const { return choosing_; }
+
   // ---- what is handed to a thread while it waits inside a door call ----
 
   /// How the door call that the calling thread is in lets it wait from here on.

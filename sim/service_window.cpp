@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "sim/race_view.h"
 #include "sim/system_errors.h"
 
 namespace sim {
@@ -61,19 +62,14 @@ bool ServiceWindow::OwnedBy(std::uint32_t thread) const {
 
 // ---- Messages in ----
 
-void ServiceWindow::Send(Message message) {
-  if (Exists()) held_.sent.push_back(std::move(message));
-}
-
-void ServiceWindow::Post(Message message) {
-  if (Exists()) held_.posted.push_back(std::move(message));
-}
-
-void ServiceWindow::Input(Message message) {
-  if (Exists()) held_.input.push_back(std::move(message));
+void ServiceWindow::Queue(std::deque<Message>& queue, Message message) {
+  if (!Exists()) return;
+  queue.push_back(std::move(message));
+  if (!scheduler_.MachineActs()) Releases(&queue.back());
 }
 
 void ServiceWindow::HandOver(std::deque<Message>& queue, bool isSent) {
+  Acquires(&queue.front());
   const Message message = std::move(queue.front());
   queue.pop_front();
   scheduler_.CallProgram([&] { message(*held_.events); }, isSent);
@@ -110,9 +106,11 @@ bool ServiceWindow::Door::SendCopyData(std::uint64_t kind, os::BytesView record,
   Send([=, bytes = os::Bytes(record.begin(), record.end())](const auto& events) {
     if (sent->isWithdrawn) return;
     events.copyData(kind, bytes);
+    Releases(sent.get());
     sent->isHandled = true;
   });
   scheduler_.WaitUntil([=, this] { return sent->isHandled || !Exists(); }, deadlineMs);
+  Acquires(sent.get());
   sent->isWithdrawn = true;
   return sent->isHandled;
 }

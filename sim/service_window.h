@@ -7,6 +7,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "os/service_window.h"
@@ -34,9 +35,9 @@ class ServiceWindow {
   [[nodiscard]] bool Exists() const { return held_.handle != os::WindowHandle::None; }
 
   /// Queues a message of another program, or input, behind the others of its class; lost without a window.
-  void Send(Message message);
-  void Post(Message message);
-  void Input(Message message);
+  void Send(Message message) { Queue(held_.sent, std::move(message)); }
+  void Post(Message message) { Queue(held_.posted, std::move(message)); }
+  void Input(Message message) { Queue(held_.input, std::move(message)); }
 
   /// Whether a message from a process of lower integrity reaches the window.
   [[nodiscard]] bool LetsThrough(std::uint32_t message) const { return held_.allowed.contains(message); }
@@ -75,6 +76,7 @@ class ServiceWindow {
 
   [[nodiscard]] bool OwnedBy(std::uint32_t thread) const;
   void Close(os::WindowHandle window);
+  void Queue(std::deque<Message>& queue, Message message);
   void HandOver(std::deque<Message>& queue, bool isSent);
 
   Scheduler& scheduler_;

@@ -41,6 +41,10 @@ TEST_F(NoActivate, BeginsAndEndsWithAFullScreenProgramInFront) {
   EXPECT_TRUE(Activates(onC) && Activates(minimized));
   EXPECT_EQ(laptop.desktop.Journal(onC), (Texts{L"exstyle 08000000", L"exstyle 00000008"}));
   EXPECT_TRUE(laptop.desktop.Journal(special).empty()) << "by its own wish";
+  Use(game);
+  constexpr std::uint16_t kExit = 105;
+  laptop.window.PickMenuItem(kExit);
+  EXPECT_TRUE(Activates(onC)) << "the end of the controller ends the mode";
 }
 
 TEST_F(NoActivate, FollowsWhatHappensWhileItWaitsForAProgram) {

@@ -23,13 +23,12 @@ void WakeMainThread() {
 }
 
 std::optional<Deal> TakeNext() {
-  std::optional<Deal> next;
-  gNoted.Update([&](auto& noted) {
-    if (noted.empty()) return;
-    next = std::move(noted.front());
+  return gNoted.Update([](auto& noted) -> std::optional<Deal> {
+    if (noted.empty()) return std::nullopt;
+    auto next = std::move(noted.front());
     noted.pop_front();
+    return next;
   });
-  return next;
 }
 
 }  // namespace

@@ -44,11 +44,20 @@ class Shared final : State {
  public:
   explicit Shared(T initial = T{}) : initial_(initial), value_(initial) {}
 
-  [[nodiscard]] T get() const { return value_.load(); }
-  void set(T value) { value_.store(value); }
+  [[nodiscard]] T get() const {
+    os::SharedAccess();
+    return value_.load(os::kSharedOrder);
+  }
+  void set(T value) {
+    os::SharedAccess();
+    value_.store(value, os::kSharedOrder);
+  }
 
   /// Sets the value and returns the one it had.
-  T exchange(T value) { return value_.exchange(value); }
+  T exchange(T value) {
+    os::SharedAccess();
+    return value_.exchange(value, os::kSharedOrder);
+  }
 
  private:
   void Reset() override { value_ = initial_; }
@@ -62,31 +71,36 @@ class Shared<T, false> final : State {
   explicit Shared(T initial = T{}) : initial_(initial), value_(std::move(initial)) {}
 
   [[nodiscard]] T get() const {
+    os::SharedAccess();
     const std::lock_guard hold(mutex_);
     return value_;
   }
   void set(T value) {
+    os::SharedAccess();
     const std::lock_guard hold(mutex_);
     value_ = std::move(value);
   }
 
   /// Sets the value and returns the one it had.
   T exchange(T value) {
+    os::SharedAccess();
     const std::lock_guard hold(mutex_);
     return std::exchange(value_, std::move(value));
   }
 
-  /// Ask returns what `read(const T&)` returns; Update changes parts of the value by `change(T&)`. Both run under the
-  /// lock and must not call the operating system.
+  /// Ask returns what `read(const T&)` returns, and Update what `change(T&)` returns, which may change parts of the
+  /// value. Both run under the lock, and must neither call the operating system nor touch another shared value.
   template <class Read>
   [[nodiscard]] auto Ask(Read read) const {
+    os::SharedAccess();
     const std::lock_guard hold(mutex_);
     return read(value_);
   }
   template <class Change>
-  void Update(Change change) {
+  auto Update(Change change) {
+    os::SharedAccess();
     const std::lock_guard hold(mutex_);
-    change(value_);
+    return change(value_);
   }
 
  private:

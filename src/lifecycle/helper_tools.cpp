@@ -33,18 +33,18 @@ struct Wallpapers {
   std::deque<std::wstring> waiting;
   bool isAtWork = false;
 };
-Guarded<Wallpapers> gWallpapers;
+Shared<Wallpapers> gWallpapers;
 
 /// Takes note of a picture. True when nobody is at work yet: the caller has to see to it.
 bool AddWallpaper(const std::wstring& arguments) {
-  return gWallpapers.Do([&](Wallpapers& wallpapers) {
+  return gWallpapers.Update([&](Wallpapers& wallpapers) {
     wallpapers.waiting.push_back(arguments);
     return !std::exchange(wallpapers.isAtWork, true);
   });
 }
 
 std::optional<std::wstring> NextWallpaper() {
-  return gWallpapers.Do([](Wallpapers& wallpapers) -> std::optional<std::wstring> {
+  return gWallpapers.Update([](Wallpapers& wallpapers) -> std::optional<std::wstring> {
     wallpapers.isAtWork = !wallpapers.waiting.empty();
     if (!wallpapers.isAtWork) return std::nullopt;
     auto next = std::move(wallpapers.waiting.front());

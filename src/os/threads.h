@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 
@@ -15,6 +16,18 @@ bool StartThread(const wchar_t* name, std::function<void()> body);
 /// Proves on the simulated laptop that the caller is the controller's main thread, or a test's own: any other ends the
 /// program with a message that names it. Does nothing on Windows. For what belongs to the main thread alone.
 void ExpectMainThread();
+
+/// Comes before each access of a value that threads share, so that the simulated laptop may run another thread there.
+/// Does nothing on Windows. Any thread; it must not hold a std::mutex.
+/// kSharedOrder is the order of the accesses to a word. On the simulated laptop only one thread runs at a time anyway,
+/// and words that all threads read on their way would make ThreadSanitizer take their races for ordered.
+#ifdef _WIN32
+inline void SharedAccess() {}
+inline constexpr auto kSharedOrder = std::memory_order_seq_cst;
+#else
+void SharedAccess();
+inline constexpr auto kSharedOrder = std::memory_order_relaxed;
+#endif
 
 /// A lock that may be held across door calls (CRITICAL_SECTION); the same thread may take it more than once.
 /// Fits std::lock_guard. Any thread; blocks while another thread holds it.

@@ -8,47 +8,38 @@
 namespace tessaview {
 namespace {
 
-Shared<Settings> gNow;
+MainThreadOnly<Settings> gNow;
 
 }  // namespace
 
 Settings gSettings() {
-  return gNow.get();
+  return *gNow;
 }
 
 bool gPowerSavingEnabled() {
-  return gNow.get().PowerSaving == 1;
+  return gNow->PowerSaving == 1;
 }
 
 void LoadSettings() {
-  const auto backlight = ReadSettingNumber(kBacklightKey, kDefaultBacklight);
-  const auto backlightDC = ReadSettingNumber(kBacklightDCKey, kDefaultBacklight);
-  const auto powerSaving = ReadSettingNumber(kPowerSavingKey, 1);
-  gNow.Update([&](Settings& settings) {
-    settings.UserBacklightValue = backlight;
-    settings.UserBacklightValueDC = backlightDC;
-    settings.PowerSaving = powerSaving;
-  });
+  gNow->UserBacklightValue = ReadSettingNumber(kBacklightKey, kDefaultBacklight);
+  gNow->UserBacklightValueDC = ReadSettingNumber(kBacklightDCKey, kDefaultBacklight);
+  gNow->PowerSaving = ReadSettingNumber(kPowerSavingKey, 1);
 }
 
 void NotePowerSource(std::uint32_t acLineStatus, std::uint32_t batterySaverOn) {
-  gNow.Update([&](Settings& settings) {
-    settings.acLineStatus = acLineStatus;
-    settings.batterySaverOn = batterySaverOn;
-  });
+  gNow->acLineStatus = acLineStatus;
+  gNow->batterySaverOn = batterySaverOn;
 }
 
 void StorePowerSaving(bool wanted) {
-  gNow.Update([&](Settings& settings) { settings.PowerSaving = wanted ? 1 : 0; });
+  gNow->PowerSaving = wanted ? 1 : 0;
   WriteSetting(kPowerSavingKey, wanted ? L"1" : L"0");
 }
 
 void StoreBacklight(std::int32_t level) {
-  const bool onMains = gNow.get().acLineStatus == kOnMains;
+  const bool onMains = gNow->acLineStatus == kOnMains;
   WriteSetting(onMains ? kBacklightKey : kBacklightDCKey, std::to_wstring(level).c_str());
-  gNow.Update([&](Settings& settings) {
-    (onMains ? settings.UserBacklightValue : settings.UserBacklightValueDC) = static_cast<std::uint32_t>(level);
-  });
+  (onMains ? gNow->UserBacklightValue : gNow->UserBacklightValueDC) = static_cast<std::uint32_t>(level);
 }
 
 }  // namespace tessaview

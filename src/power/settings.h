@@ -16,16 +16,16 @@ struct Settings {
   std::uint32_t UserBacklightValueDC = 0;  // the same on battery
 };
 
-/// The power settings, whole. Any thread.
+/// The power settings. Main thread, as all that follows.
 [[nodiscard]] Settings gSettings();
 
-/// Power saving on battery is wanted: `PowerSaving` of the settings file was 1, or the UI said so since. Any thread.
+/// Power saving on battery is wanted: `PowerSaving` of the settings file was 1, or the UI said so since.
 [[nodiscard]] bool gPowerSavingEnabled();
 
 /// Takes the user's choices from the settings file.
 void LoadSettings();
 
-/// Notes what the system says of the power source and of battery saver. Main thread, as what follows.
+/// Notes what the system says of the power source and of battery saver.
 void NotePowerSource(std::uint32_t acLineStatus, std::uint32_t batterySaverOn);
 
 /// Stores the user's choice about power saving, in memory and in the settings file.

@@ -65,12 +65,12 @@ void RepairValues() {
   RepairChoice(kModeKey, L"Cursor", L"Touch");
 }
 
-Shared<std::wstring> gPath;
+MainThreadOnly<std::wstring> gPath;
 
 }  // namespace
 
 std::wstring gSettingsPath() {
-  return gPath.get();
+  return *gPath;
 }
 
 void SetUpSettingsFile() {
@@ -78,7 +78,7 @@ void SetUpSettingsFile() {
   if (!commonAppData) return;
   const auto folder = SettingsFolder(*commonAppData);
   const auto path = folder + L"\\" + kFileName;
-  gPath.set(path);
+  *gPath = path;
   if (os::QueryPath(path) == os::PathKind::File) {
     Log(L" ini File already exist \n");
     RepairValues();
@@ -91,17 +91,17 @@ void SetUpSettingsFile() {
 // Without a path the private-profile functions would fall back to a file of Windows' own, so they are not asked.
 
 std::wstring ReadSetting(const wchar_t* key, const wchar_t* fallback) {
-  const auto path = gPath.get();
+  const auto& path = *gPath;
   return path.empty() ? fallback : os::ReadProfileText(path, kSection, key, fallback);
 }
 
 std::uint32_t ReadSettingNumber(const wchar_t* key, std::uint32_t fallback) {
-  const auto path = gPath.get();
+  const auto& path = *gPath;
   return path.empty() ? fallback : os::ReadProfileNumber(path, kSection, key, fallback);
 }
 
 void WriteSetting(const wchar_t* key, const wchar_t* text) {
-  const auto path = gPath.get();
+  const auto& path = *gPath;
   if (!path.empty()) os::WriteProfileText(path, kSection, key, text);
 }
 

@@ -5,8 +5,8 @@
 
 namespace tessaview {
 
-/// The full path of the settings file; empty when the system could not name the folder of application data. Any
-/// thread.
+/// The full path of the settings file; empty when the system could not name the folder of application data.
+/// Main thread, as all that follows.
 [[nodiscard]] std::wstring gSettingsPath();
 
 // The keys of the file's one section, "PowerStatus".
@@ -24,11 +24,11 @@ inline constexpr std::uint32_t kDefaultBacklight = 116;
 /// range when it exists. Called once, at start-up. Failures leave the defaults in force.
 void SetUpSettingsFile();
 
-/// Reads one value; `fallback` when file or key is missing. Any thread.
+/// Reads one value; `fallback` when file or key is missing.
 [[nodiscard]] std::wstring ReadSetting(const wchar_t* key, const wchar_t* fallback = L"");
 [[nodiscard]] std::uint32_t ReadSettingNumber(const wchar_t* key, std::uint32_t fallback);
 
-/// Writes one value; a failure is not reported. Any thread.
+/// Writes one value; a failure is not reported.
 void WriteSetting(const wchar_t* key, const wchar_t* text);
 
 /// What the file says of the C panel's power: the user's last choice.

@@ -27,13 +27,12 @@ void DropStale(Queue& queue) {
 }
 
 std::optional<PostedText> TakeNext() {
-  std::optional<PostedText> next;
-  gQueue.Update([&](Queue& queue) {
-    if (queue.empty()) return;
-    next = std::move(queue.front());
+  return gQueue.Update([](Queue& queue) -> std::optional<PostedText> {
+    if (queue.empty()) return std::nullopt;
+    auto next = std::move(queue.front());
     queue.pop_front();
+    return next;
   });
-  return next;
 }
 
 }  // namespace
