@@ -231,6 +231,10 @@ void Life::UiDies() {
   ui.ForgetReceived();
 }
 
+void Life::GuideOpens() {
+  if (!ui.Running()) ui.OpenGuide();
+}
+
 void Life::Command(int number, int onWindow, int point) {
   const auto& text = CommandText(number);
   moverBlocked = moverBlocked || text == kBlocksMover;
@@ -267,12 +271,14 @@ void Life::TouchComesBack(int afterMs) {
 
 void Life::Restart() {
   EndProcess();
+  ui.ForgetReceived();  // an overlay that was shown stays until the next drag
   moverBlocked = false;
   Boot(1000);
 }
 
 void Life::SignInAgain() {
   sessions.LogOff();
+  UiDies();
   moverBlocked = false;
   sessions.SignIn();
   Boot(1000);

@@ -55,6 +55,8 @@ class Life : public sim::Laptop {
 
   void UiStarts();
   void UiDies();
+  /// The setup guide comes in place of the main window: beside it the UI is told nothing.
+  void GuideOpens();
   /// A command as it is in the controller's table, or nearly so, by any number.
   [[nodiscard]] static const std::wstring& CommandText(int number);
   void Command(int number, int onWindow, int point);

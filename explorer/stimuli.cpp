@@ -116,7 +116,7 @@ constexpr Stimulus kStimuli[] = {
     {4, {}, HAPPENS(laptop.ui.Recover())},
     {2, {3000}, HAPPENS(laptop.ui.Busy(a))},
     {1, {300}, HAPPENS(laptop.ui.HandleFor(a))},
-    {1, {}, HAPPENS(laptop.ui.OpenGuide())},
+    {1, {}, HAPPENS(laptop.GuideOpens())},
     {1, {}, HAPPENS(laptop.ui.CloseGuide())},
     {1, {}, HAPPENS(laptop.ui.OpenVideo())},
     {1, {}, HAPPENS(laptop.apps.RemoveUi())},
