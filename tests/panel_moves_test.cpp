@@ -66,6 +66,9 @@ TEST(PanelMoves, AnyOtherWindowIsMadeAsLargeAsThePanel) {
   const auto dialog = laptop.desktop.Open({.style = kNoMaximizeStyle});
   EXPECT_EQ(MoveWindowtoCPanel(dialog, Pause::Long), kMoveDone);
   EXPECT_EQ(MoveWindowtoBPanel(dialog, false), kMoveDone);
+  laptop.displays.RemoveAll();
+  tessaview::InitialDisplay();
+  EXPECT_EQ(MoveWindowtoBPanel(dialog, false), kMoveDone) << "where there is no panel, nothing is to be done";
   EXPECT_EQ(laptop.desktop.Journal(dialog), (Texts{L"move 1920 1440 1920 515", L"move 1920 360 1920 1080"}));
 }
 

@@ -112,6 +112,9 @@ TEST(Nudge, GivesUpAfterThreeSeconds) {
   laptop.faults.Fail<&os::ChangeDisplaySettings>();
   laptop.faults.Slow<&os::ChangeDisplaySettings>(150);
   EXPECT_EQ(nudge(), 3250U);
+  laptop.faults.ClearAll();
+  laptop.sessions.LoseConsoleUntold();
+  EXPECT_EQ(nudge(), 3000U) << "what may not be done is not done either";
 }
 
 }  // namespace
