@@ -105,8 +105,9 @@ TEST(Nudge, GivesUpAfterThreeSeconds) {
     tessaview::MoveCPanelMonitorOnePixel();
     return laptop.NowMs() - start;
   };
+  laptop.faults.Fail<&os::CurrentDisplaySettings>({.times = 1, .after = 2});  // after those of the search
   laptop.faults.Fail<&os::ChangeDisplaySettings>({.times = 2});
-  EXPECT_EQ(nudge(), 1000U);
+  EXPECT_EQ(nudge(), 1500U);
   EXPECT_EQ(laptop.displays.cPanel().x, 1);
   EXPECT_EQ(laptop.displays.SettingsChanges().back().settings.fields, kPosition);
   laptop.faults.Fail<&os::ChangeDisplaySettings>();
