@@ -96,6 +96,10 @@ TEST(Nudge, WaitsForThePanelAndMovesItByOnePixel) {
     EXPECT_EQ(laptop.displays.cPanel().x - 1920, appearsAfterMs < 2900 ? 1 : 0) << "the time is for waiting and moving";
     EXPECT_EQ(laptop.displays.cPanel().y, 1440);
   }
+  Laptop alone;
+  alone.displays.bPanel().Unplug();
+  tessaview::MoveCPanelMonitorOnePixel();
+  EXPECT_TRUE(alone.displays.SettingsChanges().empty()) << "its place is below the B panel, which is not there";
 }
 
 TEST(Nudge, GivesUpAfterThreeSeconds) {
