@@ -46,6 +46,7 @@ constexpr Spared kSpared[] = {
     {"os::IsSetupComplete", When::BeforeAnotherStart, "is asked at the start only"},
     {"os::WaitForSetup", When::BeforeAnotherStart, "the same"},
     {"os::AwaitEvent", When::BeforeAnotherStart, "the thread that waits ends with a wait that fails"},
+    {"os::CreateFolder", When::BeforeAnotherStart, "the settings file is made at the start only"},
     {"os::NewEvent", When::BeforeAnotherStart, "is made at the start only"},
     {"os::RegisterPowerSetting", When::BeforeAnotherStart, "is registered at the start only"},
     {"os::RegisterSessionEvents", When::BeforeAnotherStart, "the same"},

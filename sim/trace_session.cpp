@@ -8,6 +8,8 @@
 namespace sim {
 namespace {
 
+// A session names the provider by it.
+constexpr os::Guid kProviderId{0xD7E3B1C4, 0x52A9, 0x4F06, {0x9C, 0x58, 0x3E, 0x0B, 0x7A, 0x64, 0xF2, 0x15}};
 constexpr std::uint8_t kSelfDescribingChannel = 11;
 
 bool IsAsAnnounced(const os::TraceEventDescriptor& descriptor) {
@@ -44,7 +46,8 @@ void TraceSession::Clear() {
 }
 
 /// A session that listens already is told of during the registration itself.
-os::TraceProvider TraceSession::Door::Register(const os::Guid&, os::TraceEnableCallback onEnable) {
+os::TraceProvider TraceSession::Door::Register(const os::Guid& id, os::TraceEnableCallback onEnable) {
+  if (id != kProviderId) malformed_.emplace_back("a provider that no session names");
   const auto handle = static_cast<os::TraceProvider>(++registrations_);
   providers_[handle] = {onEnable, {}};
   if (listens_) onEnable(true, level_);

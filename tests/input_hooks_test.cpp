@@ -46,10 +46,14 @@ TEST_F(InputHooks, ComeBackWhenTheMachineWakesIsUnlockedOrLightsItsDisplay) {
 }
 
 TEST_F(InputHooks, ComeBackWhenTheyMissWhatMovesThePointerOrAWindow) {
+  for (int twice = 0; twice < 2; ++twice) Touch();
+  const auto times = laptop.mouseHook.TimesHooked();
+  laptop.Advance(1);
   laptop.mouse.MoveTo(kPress);
+  laptop.Advance(500);
   Touch();
+  EXPECT_EQ(laptop.mouseHook.TimesHooked(), times) << "it told of the pointer's way";
   laptop.mouseHook.DiesNow();
-  laptop.Advance(1000);
   Touch();
   EXPECT_FALSE(laptop.mouseHook.IsAlive()) << "it may have had nothing to tell";
   laptop.mouse.MoveTo(kAway);

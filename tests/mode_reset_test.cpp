@@ -117,7 +117,8 @@ TEST(StoredConfiguration, IsRepairedForThePresentMonitorsOnly) {
   const auto same = b + L"*" + c + L"+" + other + L"^1",
              long3 = other + L"+" + longName(1) + L"+" + longName(0) + L"^2";
   const Texts bs{in(same, L"\\00\\00"), in(long3, L"\\02\\00")}, cs{in(same, L"\\00\\01"), in(long3, L"\\01\\00")},
-      foreign{in(b + L"+" + c + L"^3", L"\\00\\00"), in(b + L"^4", L"\\00\\00")};
+      foreign{in(b + L"+" + c + L"^3", L"\\00\\00"), in(b + L"^4", L"\\00\\00"),
+              in(b + L"+" + c + L"+GEN^5", L"\\00\\00")};
   constexpr std::uint32_t kWrong = 77;
   for (const auto& key : {bs[0], bs[1], foreign[1]}) {
     laptop.registry.SetDword(key, L"ActiveSize.cx", 1920);

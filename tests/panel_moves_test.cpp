@@ -66,6 +66,9 @@ TEST(PanelMoves, AnyOtherWindowIsMadeAsLargeAsThePanel) {
   const auto dialog = laptop.desktop.Open({.style = kNoMaximizeStyle});
   EXPECT_EQ(MoveWindowtoCPanel(dialog, Pause::Long), kMoveDone);
   EXPECT_EQ(MoveWindowtoBPanel(dialog, false), kMoveDone);
+  laptop.displays.RemoveAll();
+  tessaview::InitialDisplay();
+  EXPECT_EQ(MoveWindowtoBPanel(dialog, false), kMoveDone) << "where there is no panel, nothing is to be done";
   EXPECT_EQ(laptop.desktop.Journal(dialog), (Texts{L"move 1920 1440 1920 515", L"move 1920 360 1920 1080"}));
 }
 
@@ -76,13 +79,19 @@ TEST(PanelMoves, WhatRefusesOrIsGoneOrHangsIsLeftAfterAFewTries) {
   const auto hung = laptop.desktop.Open({.program = L"C:\\hung.exe", .responsive = false});
   laptop.desktop.Close(dead);
   const auto start = laptop.NowMs();
-  for (const auto window : {refusing, dead, hung}) {
+  for (const auto& [window, failed] : {std::pair(refusing, 6U), {dead, 7U}, {hung, 7U}}) {
     EXPECT_EQ(MoveWindowtoCPanel(window, Pause::Short), kMoveFailed);
     EXPECT_EQ(MoveWindowtoBPanel(window, false), kMoveFailed);
+    EXPECT_EQ(MoveWindowByRect(window, {100, 100, 800, 600}, false), failed);
   }
   EXPECT_EQ(laptop.NowMs(), start);
-  EXPECT_EQ(laptop.desktop.Journal(refusing).size(), 20U);
+  EXPECT_EQ(laptop.desktop.Journal(refusing).size(), 41U);
   EXPECT_TRUE(laptop.desktop.Journal(hung).empty());
+  laptop.faults.Slow<&os::AwaitInputIdle>(100);
+  laptop.After(350, [&] { laptop.desktop.Find(refusing)->responsive = false; });
+  EXPECT_EQ(MoveWindowtoCPanel(refusing, Pause::Short), kMoveFailed);
+  EXPECT_EQ(laptop.desktop.Journal(refusing).size(), 44U) << "from then on it hangs";
+  laptop.faults.ClearAll();
 
   const auto hidden = laptop.desktop.Open({.visible = false});
   EXPECT_TRUE(RetryWithShowWindow(hidden, os::ShowCommand::ShowNormal));

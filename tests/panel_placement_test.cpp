@@ -96,6 +96,10 @@ TEST(Nudge, WaitsForThePanelAndMovesItByOnePixel) {
     EXPECT_EQ(laptop.displays.cPanel().x - 1920, appearsAfterMs < 2900 ? 1 : 0) << "the time is for waiting and moving";
     EXPECT_EQ(laptop.displays.cPanel().y, 1440);
   }
+  Laptop alone;
+  alone.displays.bPanel().Unplug();
+  tessaview::MoveCPanelMonitorOnePixel();
+  EXPECT_TRUE(alone.displays.SettingsChanges().empty()) << "its place is below the B panel, which is not there";
 }
 
 TEST(Nudge, GivesUpAfterThreeSeconds) {
@@ -105,13 +109,17 @@ TEST(Nudge, GivesUpAfterThreeSeconds) {
     tessaview::MoveCPanelMonitorOnePixel();
     return laptop.NowMs() - start;
   };
+  laptop.faults.Fail<&os::CurrentDisplaySettings>({.times = 1, .after = 2});  // after those of the search
   laptop.faults.Fail<&os::ChangeDisplaySettings>({.times = 2});
-  EXPECT_EQ(nudge(), 1000U);
+  EXPECT_EQ(nudge(), 1500U);
   EXPECT_EQ(laptop.displays.cPanel().x, 1);
   EXPECT_EQ(laptop.displays.SettingsChanges().back().settings.fields, kPosition);
   laptop.faults.Fail<&os::ChangeDisplaySettings>();
   laptop.faults.Slow<&os::ChangeDisplaySettings>(150);
   EXPECT_EQ(nudge(), 3250U);
+  laptop.faults.ClearAll();
+  laptop.sessions.LoseConsoleUntold();
+  EXPECT_EQ(nudge(), 3000U) << "what may not be done is not done either";
 }
 
 }  // namespace

@@ -55,6 +55,10 @@ TEST(SettingsFile, WithoutAPlaceForItReadsGiveDefaultsAndWritesAreLost) {
   EXPECT_EQ(gSettings().UserBacklightValue, 127u) << "in memory the choice counts all the same";
   EXPECT_EQ(laptop.faults.Calls<&os::WriteProfileText>(), 0u)
       << "without a path the system would write a file of its own";
+  laptop.faults.ClearAll();
+  laptop.files.commonAppData = L"\\\\server\\data";
+  laptop.Boot();
+  EXPECT_EQ(laptop.faults.Calls<&os::CreateFolder>(), 0u) << "nor is there one without a drive";
 }
 
 }  // namespace

@@ -181,18 +181,22 @@ TEST_F(WindowCommands, AWallpaperIsSetByTheToolInTwoStepsOneAfterTheOther) {
   std::vector<std::uint64_t> startedMs;
   laptop.processes[L"NorvTessaviewWallpaper.exe"] = {.neverEnds = true,
                                                      .onStart = [&] { startedMs.push_back(laptop.NowMs()); }};
-  for (const auto& [text, argument] :
-       {std::pair(L"WALLPAPER=C:\\My Pictures\\a=b.jpg", L" -UI \"C:\\My Pictures\\a=b.jpg\""),
-        {L"WALLPAPERB=C:\\b.jpg", L" -UIB \"C:\\b.jpg\""}}) {
-    const auto before = laptop.processes.Starts().size();
-    startedMs.clear();
-    laptop.ui.Send(text);
-    const auto& starts = laptop.processes.Starts();
-    ASSERT_EQ(starts.size(), before + 2);
-    EXPECT_EQ(startedMs[1] - startedMs[0], 5000U) << "a preparation that hangs is given up";
-    EXPECT_EQ(starts[before].commandLine, L"\"" + tool + L"\" -SET Tessaview");
-    EXPECT_EQ(starts[before + 1].commandLine, L"\"" + tool + L"\"" + argument);
+  const auto before = laptop.processes.Starts().size();
+  const auto asked = laptop.NowMs();
+  laptop.window.Send([](const auto& events) {  // two pictures before anybody is at work
+    for (const auto* text : {L"WALLPAPER=C:\\My Pictures\\a=b.jpg", L"WALLPAPERB=C:\\b.jpg"}) {
+      events.copyData(102, sim::EncodeUiRecord({.text = text}));
+    }
+  });
+  laptop.Advance(10'000);
+  EXPECT_EQ(startedMs, (std::vector{asked, asked + 5000, asked + 5000, asked + 10'000}))
+      << "a preparation that hangs is given up";
+  Texts arguments;
+  for (auto at = before; at < laptop.processes.Starts().size(); ++at) {
+    arguments.push_back(laptop.processes.Starts()[at].commandLine.substr(tool.size() + 2));
   }
+  EXPECT_EQ(arguments, (Texts{L" -SET Tessaview", L" -UI \"C:\\My Pictures\\a=b.jpg\"", L" -SET Tessaview",
+                              L" -UIB \"C:\\b.jpg\""}));
 }
 
 }  // namespace

@@ -12,6 +12,8 @@ struct Guid {
   std::uint32_t data1 = 0;
   std::uint16_t data2 = 0, data3 = 0;
   std::array<std::uint8_t, 8> data4{};
+
+  friend bool operator==(const Guid&, const Guid&) = default;
 };
 
 /// A registered event provider (REGHANDLE).
