@@ -1,5 +1,5 @@
-// Raw input records: how many bytes of the record were read, in two; size and count of the reports, in four each. What
-// the bytes of a report say is left to whoever gets them, but for the two that tell a lift.
+// Raw input records: how many bytes of the record were read, in one; size and count of the reports, in four each; then
+// the bytes of the reports.
 #include <cassert>
 
 #include "fuzz/input.h"
@@ -9,12 +9,11 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace os::win32;
   fuzz::Input input({data, size});
-  const auto read = input.Number<std::uint16_t>();
+  const auto read = input.Number<std::uint8_t>();
   const auto reportSize = input.Number<std::uint32_t>(), count = input.Number<std::uint32_t>();
-  auto record = os::Bytes(kReportsAt);
   const auto rest = input.Rest();
-  record.insert(record.end(), rest.begin(), rest.end());
-  record.resize(read);  // just as much memory, so that each byte beyond is noticed
+  os::Bytes record(read);  // in as much memory, so that each byte beyond is noticed
+  for (auto i = kReportsAt; i < record.size() && i - kReportsAt < rest.size(); ++i) record[i] = rest[i - kReportsAt];
 
   auto reports = HidReports(record, reportSize, count);
   assert(reports.size() <= std::uint64_t{reportSize} * count);
