@@ -3,11 +3,13 @@
 // An input is one record, or several with "\n--\n" between them. A record begins with its kind: 'f' for a text of the
 // UI's (102), 'h' for a copy of a file (104), any other letter for a kind that there is not. Its texts follow, each
 // with a NUL behind it; a byte is a character there, one from 0x80 on the high half of a character of two bytes. The
-// rest are the fields of a text: handle, rectangle and point. A small number in place of a handle stands for a window:
-// 1 for the topmost. Behind a capital letter the record stands as it is, with whatever size it has.
+// rest are the fields of a text: handle, rectangle and point. A number from 1 to 4 in place of a handle stands for a
+// window: an ordinary one, a companion, one that refuses to be moved, one that hangs. Behind a capital letter the
+// record stands as it is, with whatever size it has.
 //
 // What a finding takes may have happened before it: all inputs since the last boot are in the file "ui_records.story",
 // which is an input, too.
+#include <array>
 #include <cassert>
 #include <cctype>
 #include <cstdio>
@@ -57,14 +59,12 @@ class Life {
   Life() {
     laptop_.Boot();
     laptop_.ui.Send(L"ALIVE");
-    laptop_.desktop.Open({.title = L"hangs", .area = {100, 100, 900, 700}, .responsive = false});
-    laptop_.desktop.Open({.title = L"refuses", .area = {200, 1200, 900, 1500}, .refusesMoves = true});
-    laptop_.desktop.Open({.title = L"companion", .extendedStyle = sim::kWsExToolWindow});
-    laptop_.desktop.OpenInForeground({.title = L"at work"});
+    laptop_.desktop.OpenTaskbar(laptop_.displays.bPanel(), sim::Edge::Bottom, 48);
   }
 
   void Play(os::BytesView input) {
     story_.Tell(input);
+    OpenWindows();
     for (fuzz::Input records(input); !records.empty();) Send(fuzz::Input(records.Until(kBetweenRecords)));
     assert(laptop_.Settle() && !laptop_.ExitCode());
     assert(laptop_.trace.Malformed().empty());
@@ -89,8 +89,7 @@ class Life {
 
   void AppendFields(os::Bytes& record, fuzz::Input& input) {
     auto handle = input.Number<std::uint64_t>();
-    const auto& windows = laptop_.desktop.Windows();
-    if (handle - 1 < windows.size()) handle = static_cast<std::uint64_t>(windows[handle - 1].handle);
+    if (handle - 1 < windows_.size()) handle = static_cast<std::uint64_t>(windows_[handle - 1]);
     record.resize(record.size() + sizeof handle);
     tessaview::PutLittleEndian(&record[record.size() - sizeof handle], handle);
     const auto end = record.size() + kFieldBytes - sizeof handle;
@@ -98,7 +97,19 @@ class Life {
     record.resize(end);
   }
 
+  /// Each that was closed is opened anew.
+  void OpenWindows() {
+    const sim::Window kinds[] = {{.area = {100, 100, 900, 700}},
+                                 {.title = L"NORV Digit Keys"},
+                                 {.area = {200, 1200, 900, 1500}, .refusesMoves = true},
+                                 {.title = L"Hangs", .responsive = false}};
+    for (std::size_t i = 0; i < windows_.size(); ++i) {
+      if (laptop_.desktop.Find(windows_[i]) == nullptr) windows_[i] = laptop_.desktop.Open(kinds[i]);
+    }
+  }
+
   Story story_;
+  std::array<os::WindowHandle, 4> windows_{};
   sim::Laptop laptop_{{.saved = L"On", .uiRunning = true}};
 };
 
