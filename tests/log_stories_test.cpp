@@ -149,11 +149,11 @@ Texts Play(const Texts& story) {
     kDeeds.at(deed)(*laptop, words);
     const auto told = std::ssize(log);
     std::ranges::move(laptop->Log(), std::back_inserter(log));
-    for (auto line = log.begin() + told; line != log.end();) {
-      const auto before = std::find(std::make_reverse_iterator(line), log.rend(), *line);
-      const auto same = before == log.rend() ? 0 : std::mismatch(line, log.end(), before.base() - 1).first - line;
-      played.push_back(same < 8 ? *line : L"... " + std::to_wstring(same) + L" lines as before, from " + *line);
-      line += same < 8 ? 1 : same;
+    for (auto logged = log.begin() + told; logged != log.end();) {
+      const auto before = std::find(std::make_reverse_iterator(logged), log.rend(), *logged);
+      const auto same = before == log.rend() ? 0 : std::mismatch(logged, log.end(), before.base() - 1).first - logged;
+      played.push_back(same < 8 ? *logged : L"... " + std::to_wstring(same) + L" lines as before, from " + *logged);
+      logged += same < 8 ? 1 : same;
     }
   }
   return played;
