@@ -40,7 +40,8 @@ std::wstring KeyOf(const Screen& screen) {
       << std::setfill(L'0') << L'_' << std::setw(2) << byte(16) << L'_' << std::setw(4)
       << (isRead ? 1990 + byte(17) : 0) << L'_' << std::setw(2) << byte(127);
   auto name = key.str();
-  std::transform(name.begin(), name.end(), name.begin(), [](wchar_t c) { return std::towupper(c); });
+  std::transform(name.begin(), name.end(), name.begin(),
+                 [](wchar_t c) { return static_cast<wchar_t>(std::towupper(static_cast<std::wint_t>(c))); });
   return name;
 }
 

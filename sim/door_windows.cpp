@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdio>
 #include <optional>
 #include <string>
@@ -13,6 +14,13 @@ using sim::Machine;
 
 std::wstring Number(std::int64_t number) {
   return std::to_wstring(number);
+}
+
+/// Where a window comes to: the system keeps places to 16 bits, and sizes to what is left without a sign.
+Rect Kept(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) {
+  const auto place = [](std::int32_t at) { return std::clamp(at, -0x8000, 0x7FFF); };
+  const auto end = [&](std::int32_t at, std::int32_t size) { return place(at) + std::clamp(size, 0, 0x7FFF); };
+  return {place(x), place(y), end(x, width), end(y, height)};
 }
 
 /// Waits until a window's thread does what it is asked for, and notes what that is. False when the window is gone.
@@ -48,7 +56,7 @@ Status MoveWindow(WindowHandle window, std::int32_t x, std::int32_t y, std::int3
   if (const auto call = sim::Enter<&MoveWindow>(); call.failed()) return Error{call.error()};
   const auto entry = L"move " + Number(x) + L" " + Number(y) + L" " + Number(width) + L" " + Number(height);
   if (!Ask(window, entry)) return Error{sim::kInvalidWindowHandle};
-  return Machine().desktop.Move(window, {x, y, x + width, y + height});
+  return Machine().desktop.Move(window, Kept(x, y, width, height));
 }
 
 Result<WindowPlacement> GetPlacement(WindowHandle window) {

@@ -42,7 +42,8 @@ std::uint32_t NumberBase(const std::wstring& digits) {
 /// What a digit stands for; more than any base allows when it is none.
 std::uint32_t DigitValue(wchar_t digit) {
   constexpr std::wstring_view kDigits = L"0123456789abcdef";
-  return static_cast<std::uint32_t>(std::min(kDigits.find(static_cast<wchar_t>(std::towlower(digit))), kDigits.size()));
+  const auto small = static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(digit)));
+  return static_cast<std::uint32_t>(std::min(kDigits.find(small), kDigits.size()));
 }
 
 }  // namespace

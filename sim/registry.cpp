@@ -26,7 +26,8 @@ std::optional<Number> NumberOf(const RegistryValue* stored, RegistryValue::Type 
 }  // namespace
 
 bool IgnoreCase::operator()(const std::wstring& a, const std::wstring& b) const {
-  const auto before = [](wchar_t x, wchar_t y) { return x != y && std::towupper(x) < std::towupper(y); };
+  const auto upper = [](wchar_t letter) { return std::towupper(static_cast<std::wint_t>(letter)); };
+  const auto before = [&](wchar_t x, wchar_t y) { return x != y && upper(x) < upper(y); };
   return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), before);
 }
 

@@ -114,7 +114,7 @@ const std::map<std::wstring, void (*)(Stage& laptop, Words& words)> kDeeds{
     {L"hibernate", [](auto& l, auto&) { l.power.HibernateAndWake(); }},
     {L"choose", [](auto& l, auto& w) { l.settings.Set(L"Tessaview", w.Next()); }},
     {L"press-f6", [](auto& l, auto&) { l.hotKey.PressF6(); }},
-    {L"f6", [](auto& l, auto& w) { l.hotKey.PressF6(w.Number()), l.hotKey.EndF6(w.Number()); }},
+    {L"f6", [](auto& l, auto& w) { l.hotKey.PressF6(static_cast<int>(w.Number())), l.hotKey.EndF6(w.Number()); }},
     {L"touch-pad", [](auto& l, auto& w) { l.hotKey.TouchPadStatus(3, w.Number()); }},
     {L"flip", [](auto& l, auto& w) { l.firmware.Flip(w.Is(L"over")), l.hotKey.FlipChanged(); }},
     {L"open", [](auto& l, auto& w) { l.Open(w); }},
@@ -147,15 +147,13 @@ Texts Play(const Texts& story) {
       continue;
     }
     kDeeds.at(deed)(*laptop, words);
-    auto at = log.size();
+    const auto told = std::ssize(log);
     std::ranges::move(laptop->Log(), std::back_inserter(log));
-    while (at < log.size()) {
-      const auto before = std::find(log.rend() - at, log.rend(), log[at]);
-      const auto same = before == log.rend()
-                            ? 0
-                            : std::mismatch(log.begin() + at, log.end(), before.base() - 1).first - (log.begin() + at);
-      played.push_back(same < 8 ? log[at] : L"... " + std::to_wstring(same) + L" lines as before, from " + log[at]);
-      at += same < 8 ? 1 : same;
+    for (auto logged = log.begin() + told; logged != log.end();) {
+      const auto before = std::find(std::make_reverse_iterator(logged), log.rend(), *logged);
+      const auto same = before == log.rend() ? 0 : std::mismatch(logged, log.end(), before.base() - 1).first - logged;
+      played.push_back(same < 8 ? *logged : L"... " + std::to_wstring(same) + L" lines as before, from " + *logged);
+      logged += same < 8 ? 1 : same;
     }
   }
   return played;

@@ -42,7 +42,7 @@ TEST(PackageWatch, TakesTheManyEntriesOfOneInstallationForOne) {
   RunningLaptop laptop({.saved = L"On"});
   laptop.ui.Die();
   const auto checks = laptop.processes.StartsOf(Laptop::kCheckTool);
-  for (int entry = 0; entry < 50; ++entry) {
+  for (auto entry = 0U; entry < 50; ++entry) {
     laptop.After(10 * entry, [&laptop, entry] {
       laptop.registry.SetText(std::wstring(sim::Registry::kPackages) + L"\\A", std::to_wstring(entry), L"x");
     });

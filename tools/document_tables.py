@@ -1,4 +1,5 @@
-"""House rules: the documents' tables say what the code says, and the paths that documents name exist."""
+"""House rules: the documents' tables say what the code says, the paths that documents name exist, and each command of the
+UI is fuzzed."""
 
 import re
 
@@ -7,6 +8,7 @@ from include_rules import LAYERS
 ARCHITECTURE = "docs/architecture.md"
 COMPLETENESS = "docs/completeness.md"
 PROTOCOL = "docs/ui-protocol.md"
+UI_INPUTS = "fuzz/corpus/ui_records/"
 
 _PHRASE = r'((?:"(?:\\.|[^"\\])*"\s*)+)\}'  # adjacent literals are one
 _COMMAND_BEGINS = re.compile(r'\{\s*L"[^"]*",\s*Match::')
@@ -81,6 +83,13 @@ def commands_are_those_of_the_code(tree):
                                            _COMMAND, _command_cells)
 
 
+def commands_are_fuzzed(tree):
+    for file in tree.cpp("src/uilink/commands/"):
+        for command in _COMMAND.finditer(file.without_comments):
+            if (seed := UI_INPUTS + command[1]) not in tree.paths:
+                yield file.at(_line(file, command), f"the fuzzer has no record to begin with; printf f{command[1]} >{seed}")
+
+
 def texts_are_those_of_the_code(tree):
     yield from _rows_are_those_of_the_code(tree, "Texts to the UI", "src/uilink/channel/", _TEXT_BEGINS, _TEXT,
                                            _text_cells)
@@ -145,6 +154,7 @@ def named_paths_exist(tree):
 
 RULES = (
     commands_are_those_of_the_code,
+    commands_are_fuzzed,
     texts_are_those_of_the_code,
     areas_are_those_of_the_code,
     timers_have_their_rows,

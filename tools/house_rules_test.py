@@ -36,6 +36,7 @@ COMPLETE = {
                   '\n| thread | does |\n|---|---|\n| main | all |\n| "UI launch" | one launch |\n',
     "src/core/a.cpp": 'void F() { os::StartThread(L"UI launch", G); }\n',
     AREAS: "R r[] = {\n    {B, true, true,  Hover, { -5, 6}, {1, 2}, None, None, { 3, 4}},\n};\n", "src/uilink/events/a.cpp": "",
+    "fuzz/corpus/ui_records/UP": "", "fuzz/corpus/ui_records/SAY=": "",
 }
 
 
@@ -96,6 +97,8 @@ BITES = {
                                 COMMANDS + ":1: " + PROTOCOL + " must have this row once: | UP | point; moves it down |"]),
     "command matched otherwise": (changed(COMMANDS, "Match::Contains", "Match::Exact"),
                                   [PROTOCOL + ":5: Commands", COMMANDS + ":3: docs/ui-protocol.md must have"]),
+    "command that is not fuzzed": ({COMMANDS: COMPLETE[COMMANDS]},
+                                   [COMMANDS + ":1: the fuzzer has no record", COMMANDS + ":3: the fuzzer has no"]),
     "row twice": (changed(PROTOCOL, "| UP |", "| UP | point; moves it up |\n| UP |"), [COMMANDS + ":1: docs"]),
     "row that cannot be read": (changed(COMMANDS, ' "says it"', " kPhrase"),
                                 [PROTOCOL + ":5: Commands", COMMANDS + ":3: the row cannot be read"]),

@@ -6,6 +6,7 @@ from functools import cached_property
 from pathlib import Path, PurePosixPath
 
 CPP_SUFFIXES = {".h", ".cpp", ".c"}
+DATA_FOLDER = "fuzz/corpus/"  # inputs that are bytes, whatever they look like
 CODE_SUFFIXES = CPP_SUFFIXES | {".py", ".sh"}
 
 # Numbers are matched so that the digit separators in 3'600'000 do not pass for character literals.
@@ -89,7 +90,7 @@ class SourceFile:
 
 
 class Tree:
-    """Every text file, by path. Binary files are known by path only."""
+    """Every text file, by path. Binary files and data are known by path only."""
 
     def __init__(self, texts, binary_paths=()):
         self.files = {path: SourceFile(path, text) for path, text in sorted(texts.items())}
@@ -109,7 +110,7 @@ class Tree:
                 continue
             content = file.read_bytes()
             try:
-                if b"\0" in content:
+                if b"\0" in content or path.startswith(DATA_FOLDER):
                     raise ValueError
                 texts[path] = content.decode()
             except ValueError:

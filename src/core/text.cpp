@@ -51,7 +51,8 @@ std::wstring ReadUtf16(os::BytesView bytes) {
     if (unit == 0) break;
     const char16_t next = i + 1 < units ? UnitAt(bytes, i + 1) : u'\0';
     if (kWideIsUtf32 && IsPair(unit, next)) {
-      text += static_cast<wchar_t>(kFirstBeyond16Bits + ((unit - kHighSurrogate) << 10) + (next - kLowSurrogate));
+      text += static_cast<wchar_t>(kFirstBeyond16Bits + ((char32_t{unit} - kHighSurrogate) << 10) +
+                                   (char32_t{next} - kLowSurrogate));
       ++i;
     } else {
       text += static_cast<wchar_t>(unit);

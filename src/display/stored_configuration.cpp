@@ -11,42 +11,16 @@
 #include "display/configuration_database.h"
 #include "display/monitor_list.h"
 #include "display/panel_search.h"
+#include "display/stored_name.h"
 #include "os/registry.h"
 
 namespace tessaview {
 namespace {
 
-/// One monitor within a stored configuration, as the name tells it: "A*B+C^…" has A and B showing the same picture and
-/// C its own.
-struct StoredMonitor {
-  std::wstring key;     // the monitor's short or long key
-  std::wstring subkey;  // where its values lie below the configuration: the picture's number, then its own within it
-};
-
 struct StoredConfiguration {
   std::wstring name;
   std::vector<StoredMonitor> monitors;
 };
-
-std::wstring TwoDigits(std::size_t number) {
-  return {static_cast<wchar_t>(L'0' + number / 10 % 10), static_cast<wchar_t>(L'0' + number % 10)};
-}
-
-StoredConfiguration Parse(const std::wstring& name) {
-  StoredConfiguration stored{name, {}};
-  const auto monitors = name.substr(0, name.find(L'^'));
-  std::size_t picture = 0, within = 0, start = 0;
-  while (start <= monitors.size()) {
-    const auto end = std::min(monitors.find_first_of(L"+*", start), monitors.size());
-    stored.monitors.push_back(
-        {monitors.substr(start, end - start), L"\\" + TwoDigits(picture) + L"\\" + TwoDigits(within)});
-    const bool samePicture = end < monitors.size() && monitors[end] == L'*';
-    within = samePicture ? within + 1 : 0;
-    picture += samePicture ? 0 : 1;
-    start = end + 1;
-  }
-  return stored;
-}
 
 bool IsKeyOf(const ListedMonitor& monitor, const std::wstring& key) {
   return key == monitor.shortKey || key == monitor.longKey;
@@ -145,7 +119,7 @@ bool RepairStoredPanelConfiguration() {
   const auto present = ListConnectedMonitors();
   std::vector<StoredConfiguration> current;
   for (const auto& name : os::RegistrySubkeys(kConfigurationDatabase)) {
-    auto stored = Parse(name);
+    StoredConfiguration stored{name, MonitorsOf(name)};
     if (IsFor(stored, present)) current.push_back(std::move(stored));
   }
 

@@ -11,9 +11,10 @@ namespace {
 
 using os::ShowCommand;
 
-/// Whether one rectangle lies wholly inside another; edges may meet.
+/// Whether one rectangle lies wholly inside another; edges may meet. One of less than no size lies nowhere.
 bool Contains(const PanelRect& outer, const PanelRect& inner) {
   const auto end = [](std::int64_t start, std::int64_t size) { return start + size; };
+  if (inner.Width < 0 || inner.Height < 0) return false;
   return outer.X <= inner.X && end(inner.X, inner.Width) <= end(outer.X, outer.Width) && outer.Y <= inner.Y &&
          end(inner.Y, inner.Height) <= end(outer.Y, outer.Height);
 }

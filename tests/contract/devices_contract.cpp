@@ -20,7 +20,7 @@ TEST_F(DeviceContract, AReplyIsAsLongAsTheDriverMadeItAndTheRestFails) {
   ASSERT_TRUE(reply && reply->size() >= 4 && reply->size() <= 16);
   EXPECT_EQ(os::Bytes(reply->begin(), reply->begin() + 4), (os::Bytes{116, 0, 0, 0}));
   EXPECT_EQ(os::Control(*device, kRequest, kReadBacklight, 1), os::Bytes{116}) << "no longer than offered";
-  for (const std::size_t size : {2, 0}) {
+  for (const auto size : {2U, 0U}) {
     world::AnswerShort(size);
     const auto cut = os::Control(*device, kRequest, kReadBacklight, 16);
     EXPECT_TRUE(cut && cut->size() == size) << "a short reply is a success";
@@ -44,7 +44,7 @@ std::vector<std::wstring> TouchPaths() {
   EXPECT_TRUE(interfaces);
   for (const auto& each : *interfaces) {
     auto path = each.path;
-    for (auto& letter : path) letter = static_cast<wchar_t>(std::towupper(letter));
+    for (auto& letter : path) letter = static_cast<wchar_t>(std::towupper(static_cast<std::wint_t>(letter)));
     if (path.find(L"VEN_GDX&DEV_1515") != std::wstring::npos) paths.push_back(each.path);
   }
   return paths;

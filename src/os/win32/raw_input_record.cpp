@@ -2,22 +2,14 @@
 
 #include <cstddef>
 
+#include "os/win32/hid_reports.h"
 #include "os/win32/win32_support.h"
 
 namespace os::win32 {
 namespace {
 
 constexpr auto kFailed = static_cast<UINT>(-1);
-constexpr std::size_t kReportOffset = offsetof(RAWINPUT, data.hid.bRawData);
-static_assert(kReportOffset == 32);
-
-/// All of the record's reports, cut at what was read.
-BytesView ReportsIn(const RawInputBuffer& buffer, const RAWINPUT& record, std::size_t read) {
-  if (read < kReportOffset) return {};
-  const auto announced = std::uint64_t{record.data.hid.dwCount} * record.data.hid.dwSizeHid;
-  const auto length = std::min<std::uint64_t>(announced, read - kReportOffset);
-  return BytesView(buffer.bytes).subspan(kReportOffset, static_cast<std::size_t>(length));
-}
+static_assert(offsetof(RAWINPUT, data.hid.bRawData) == kReportsAt);
 
 }  // namespace
 
@@ -34,9 +26,10 @@ RawInput ReadRawInput(HRAWINPUT handle, RawInputBuffer& buffer) {
   const auto& record = reinterpret_cast<const RAWINPUT&>(buffer);
   input.type = record.header.dwType;
   input.device = ToDoor<RawDevice>(record.header.hDevice);
-  if (input.type != kRawInputHid) return input;
-  input.reports = ReportsIn(buffer, record, read);
-  if (!input.reports.empty()) input.reportSize = record.data.hid.dwSizeHid;
+  if (input.type != kRawInputHid || read < kReportsAt) return input;
+  const auto& hid = record.data.hid;
+  input.reports = HidReports(BytesView(buffer.bytes).first(read), hid.dwSizeHid, hid.dwCount);
+  if (!input.reports.empty()) input.reportSize = hid.dwSizeHid;
   return input;
 }
 

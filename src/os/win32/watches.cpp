@@ -28,7 +28,8 @@ bool Await(const win32::LocalHandle& signal) {
 /// Has the next change signalled, once.
 Status ListenOnce(const win32::RegistryKey& key, const win32::LocalHandle& signal) {
   const DWORD changes = REG_NOTIFY_CHANGE_NAME | REG_NOTIFY_CHANGE_LAST_SET;
-  return win32::DoneOrCode(RegNotifyChangeKeyValue(key.get(), TRUE, changes, signal.get(), TRUE));
+  const auto code = RegNotifyChangeKeyValue(key.get(), TRUE, changes, signal.get(), TRUE);
+  return win32::DoneOrCode(static_cast<ULONG>(code));
 }
 
 /// Takes the events that have come; false when there were none, because those before had been taken together with them.
