@@ -14,6 +14,7 @@
 
 #include "explorer/child_process.h"
 #include "explorer/play.h"
+#include "explorer/processor.h"
 #include "explorer/reach.h"
 #include "explorer/shrink.h"
 #include "tests/explorer/promises.h"
@@ -81,6 +82,7 @@ using Explorer = testing::TestWithParam<unsigned>;
 
 TEST_P(Explorer, WhateverHappensWhatIsPromisedHolds) {
   std::signal(SIGABRT, TellSeed);
+  StayOnProcessor(GetParam());
   const auto single = FromEnvironment("EXPLORER_SEED", 0), last = FromEnvironment("EXPLORER_SEEDS", 60);
   for (auto seed = GetParam() + 1; seed <= std::max(single, last) && !HasFailure(); seed += kShares) {
     if (single != 0 && seed != single) continue;
