@@ -1,6 +1,7 @@
 // A laptop's random life: whatever happens at whatever moment, what is promised holds. One seed is one life.
 //
 //   EXPLORER_SEEDS=10000 EXPLORER_STEPS=1000 explorer_tests   so many lives, each of so many things that happen
+//   EXPLORER_SHRINK=0 explorer_tests                          leaves what fails as long as it is
 //   EXPLORER_REACH=1 explorer_tests                           tells what the lives have come to
 //   EXPLORER_SEED=4711 explorer_tests                         one of them; when it fails, its shortest story is told
 
@@ -64,6 +65,10 @@ std::string FirstBrokenApart(const Story& story) {
 }
 
 void FailWithStory(unsigned seed, const std::string& broken) {
+  if (FromEnvironment("EXPLORER_SHRINK", 1) == 0) {
+    ADD_FAILURE() << broken << "; replay: EXPLORER_SEED=" << seed << " EXPLORER_STEPS=" << Steps();
+    return;
+  }
   const auto story =
       Shrink(Draw(seed, Steps()), FirstBrokenApart, [](const Story& each) { return PlayWatched(each).spoilt; });
   ADD_FAILURE() << broken << "; replay: EXPLORER_SEED=" << seed << " EXPLORER_STEPS=" << Steps() << "\n" << Tell(story);
