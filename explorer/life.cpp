@@ -98,8 +98,8 @@ void Life::OpenWindow(int kind, int onCPanel) {
     case 8:
       return open({.program = L"C:\\stubborn.exe", .closesWhenAsked = false});
     case 9:  // it fills the screen
-      open({.className = L"Game", .style = 0x9000'0000});
-      desktop.Drag(windows_.back(), displays.bPanel().Area());
+      windows_.push_back(
+          desktop.OpenInForeground({.className = L"Game", .area = displays.bPanel().Area(), .style = 0x9000'0000}));
       return;
     default:
       return open(
@@ -139,6 +139,12 @@ void Life::ShowWindow(int number, int command) {
   IsMovedByUser(Window(number));
 }
 
+/// The areas lie beside where the drag began.
+void Life::ThrowOnto(int number, int area) {
+  constexpr os::Point kAreas[] = {{75, 90}, {180, 90}, {0, 70}};
+  Throw(number, kAreas[area].x, kAreas[area].y);
+}
+
 void Life::DragWindow(int number, int x, int y) {
   if (desktop.Find(Window(number)) == nullptr) return;
   desktop.Drag(Window(number), {x, y, x + 700, y + 400});
@@ -154,6 +160,7 @@ void Life::Throw(int number, int dx, int dy, bool border) {
   border ? mouse.GrabBorder(handle, press) : mouse.Grab(handle, press);
   mouse.Glide({press.x + 60, press.y + 60});
   mouse.Glide({press.x + dx, press.y + dy});
+  mouse.MoveTo({press.x + dx, press.y + dy});  // with each event the system still tells where the pointer was before
   mouse.Drop();
 }
 

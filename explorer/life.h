@@ -44,6 +44,9 @@ class Life : public sim::Laptop {
   /// Grabs a window at its title bar, or its border, moves it about and lets it go.
   void Throw(int number, int dx, int dy, bool border = false);
 
+  /// Throws a window to the other panel: onto the area down, pin or up.
+  void ThrowOnto(int number, int area);
+
   // ---- what is chosen ----
 
   void EndF6(int action);

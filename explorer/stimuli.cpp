@@ -86,6 +86,7 @@ constexpr Stimulus kStimuli[] = {
     {2, {24}, HAPPENS(laptop.CloseWindow(a))},
     {10, {24, 900, 700}, HAPPENS(laptop.Throw(a, b - 450, c - 100))},
     {1, {24, 900, 700}, HAPPENS(laptop.Throw(a, b - 450, c - 100, true))},
+    {8, {24, 3}, HAPPENS(laptop.ThrowOnto(a, b))},
     {2, {24, 1200, 1400}, HAPPENS(laptop.DragWindow(a, b, c))},
     {2, {24, 10}, HAPPENS(laptop.ShowWindow(a, b))},
     {2, {24}, HAPPENS(laptop.ActivateWindow(a))},
@@ -142,6 +143,7 @@ constexpr Stimulus kStimuli[] = {
     {1, {}, HAPPENS(laptop.SignInAgain())},
     {1, {}, HAPPENS(laptop.Restart())},
     // ---- what else is on the machine ----
+    {1, {8}, HAPPENS(laptop.Advance(a * 60'000))},
     {1, {}, HAPPENS(laptop.sessions.setupComplete = false)},
     {2, {}, HAPPENS(laptop.sessions.FinishSetup())},
     {1, {8}, HAPPENS(laptop.SetShopService(a))},

@@ -137,6 +137,12 @@ void LookAtUi(Life& laptop, Expectations& promises) {
   }
   const bool isOn = laptop.settings.Text(L"Tessaview") == L"On";
   promises.Expect(mask != L"OPENMASK" || !isOn || laptop.isInShop, "a mask is left");
+  for (const auto choice : {Topology::Clone, Topology::Extend}) {
+    laptop.displays.UserProjects(choice);
+    laptop.Advance(20'000);
+    const bool isShown = isOn && choice == Topology::Extend;
+    promises.Expect(LastPowerTold(laptop) == (isShown ? L"POWERON" : L"POWEROFF"), "the UI is told otherwise");
+  }
   laptop.ui.ForgetReceived();
   laptop.ui.Send(L"BLGET");
   promises.Expect(TimesTold(laptop, L"BLSET") == 1, "BLGET is not answered");
