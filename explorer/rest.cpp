@@ -64,6 +64,14 @@ void BringTouchBack(Life& laptop) {
   if (laptop.touchLeft) laptop.power.HibernateAndWake();
 }
 
+/// He leaves the panel as this user did not have it.
+void AnotherUserComesAndGoes(Life& laptop) {
+  using sim::Firmware;
+  laptop.sessions.SwitchAway();
+  laptop.firmware.SetRegister(Firmware::kPower, laptop.firmware.PanelOn() ? Firmware::kPanelOff : Firmware::kPanelOn);
+  laptop.sessions.SwitchBack();
+}
+
 void DoLastDeed(Life& laptop, int deed) {
   switch (deed) {
     case 0:
@@ -84,6 +92,8 @@ void DoLastDeed(Life& laptop, int deed) {
       laptop.displays.cPanel().Rotate(3);
       laptop.displays.cPanel().MoveTo(400, 1300);
       return laptop.displays.Changed();
+    case 7:
+      return AnotherUserComesAndGoes(laptop);
     default:
       return laptop.displays.UserProjects(laptop.displays.topology);
   }

@@ -105,7 +105,8 @@ void LookAtPanel(Life& laptop, Expectations& promises) {
   auto& b = laptop.displays.bPanel();
   auto& c = laptop.displays.cPanel();
   promises.Expect(c.orientation == 3, "the C panel is turned");
-  promises.Expect(c.Area().top == b.Area().bottom, "the C panel is not below the B panel");
+  const auto middle = b.x + (static_cast<std::int32_t>(b.width) - static_cast<std::int32_t>(c.width)) / 2;
+  promises.Expect(c.x == middle && c.Area().top == b.Area().bottom, "the C panel is not below the B panel");
 }
 
 /// Each window that the controller was the last to place is in sight.
