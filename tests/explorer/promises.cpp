@@ -191,6 +191,7 @@ void LookAtQuiet(Life& laptop, Expectations& promises) {
 
 /// A window is thrown, a key switches the panel, and the process ends when it is told to.
 void LookAtService(Life& laptop, Expectations& promises) {
+  laptop.desktop.SetForeground(laptop.desktop.Shell());  // beside a full screen the panel is not turned
   if (laptop.settings.Text(L"Tessaview") != L"On") laptop.hotKey.UseF6(3);
   laptop.Advance(20'000);  // the panel may take a while to come
   promises.Expect(laptop.settings.Text(L"Tessaview") == L"On" && laptop.firmware.PanelOn(), "F6 does not switch it on");
