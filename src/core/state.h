@@ -46,8 +46,10 @@ class Shared final : State {
 
   [[nodiscard]] T get() const {
     os::SharedAccess();
-    return value_.load(os::kSharedOrder);
+    return peek();
   }
+  /// The same, where no other thread is let in before: for what is asked all the time.
+  [[nodiscard]] T peek() const { return value_.load(os::kSharedOrder); }
   void set(T value) {
     os::SharedAccess();
     value_.store(value, os::kSharedOrder);

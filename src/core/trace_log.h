@@ -22,7 +22,7 @@ inline constexpr std::uint8_t kTraceVerbose = 5;
 /// first statement takes the slow path and registers it, and all later ones cost one load.
 class TraceLevel {
  public:
-  [[nodiscard]] static bool IsVerbose() { return level_.get() >= kTraceVerbose; }
+  [[nodiscard]] static bool IsVerbose() { return level_.peek() >= kTraceVerbose; }
 
   /// Registers the provider, once, whether that succeeds or not.
   static void RegisterProviderOnce();
