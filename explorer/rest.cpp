@@ -72,6 +72,13 @@ void AnotherUserComesAndGoes(Life& laptop) {
   laptop.sessions.SwitchBack();
 }
 
+/// The one is still being dealt with when the other comes.
+void OpenLidRightBehindClosing(Life& laptop) {
+  const auto atTheSameTime = laptop.Quietly();
+  laptop.power.CloseLid();
+  laptop.power.OpenLid();
+}
+
 void DoLastDeed(Life& laptop, int deed) {
   switch (deed) {
     case 0:
@@ -79,8 +86,7 @@ void DoLastDeed(Life& laptop, int deed) {
       laptop.hotKey.PressF6();
       return laptop.EndF6(2 + deed);
     case 2:
-      laptop.power.CloseLid();
-      return laptop.power.OpenLid();
+      return OpenLidRightBehindClosing(laptop);
     case 3:
       laptop.sessions.Lock();
       return laptop.sessions.Unlock();
